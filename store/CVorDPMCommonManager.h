@@ -1,0 +1,33 @@
+// The library-independent common tables at the library root: properties, units and built-in
+// parameters. Each is read on first use and made empty when the root has none yet.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "CVorDPMDPOInnerParam.h"
+#include "CVorDPMDPOProperty.h"
+#include "CVorDPMDPOUnit.h"
+
+class VORDPM_API CVorDPMCommonManager {
+public:
+    explicit CVorDPMCommonManager(const QString& root);
+    ~CVorDPMCommonManager();
+
+    // Null when the file exists but cannot be read (the reason is the store's last error).
+    CVorDPMDPOProperty* GetPropertyDPO();
+    CVorDPMDPOUnit* GetUnitDPO();
+    CVorDPMDPOInnerParam* GetInnerParamDPO();
+
+    bool IsChanged() const;
+    bool Save();
+
+private:
+    template <class T>
+    T* Open(std::unique_ptr<T>& slot, const QString& fileName);
+
+    QString m_root;
+    std::unique_ptr<CVorDPMDPOProperty> m_property;
+    std::unique_ptr<CVorDPMDPOUnit> m_unit;
+    std::unique_ptr<CVorDPMDPOInnerParam> m_innerParam;
+};

@@ -1,0 +1,79 @@
+#include "CVorDPMDBBase.h"
+
+#include "CVorDPMFileStore.h"
+
+CVorDPMDBBase::CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId)
+    : m_name(name), m_path(path), m_applicationId(applicationId) {
+    m_versions = AddTable(CVorDPM_Version::ClassInfo());
+}
+
+CVorDPMDBBase::~CVorDPMDBBase() = default;
+
+CVorDPMTable* CVorDPMDBBase::AddTable(const CVorDPMClassInfo& info) {
+    m_tables.push_back(std::make_unique<CVorDPMTable>(this, info));
+    return m_tables.back().get();
+}
+
+bool CVorDPMDBBase::IsChanged() const {
+    for (const auto& table : m_tables)
+        if (!table->ChangedRows().empty()) return true;
+    return false;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::Save() {
+    if (!IsChanged()) return VOR::eOk;
+    return CVorDPMFileStore::WriteChanges(*this) ? VOR::eOk : VOR::eFileError;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::GetAllVersion(CKZList<CVorDPM_Version*>& out, int) {
+    m_versions->AppendLive(out);
+    return VOR::eOk;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::GetVersion(double version, CVorDPM_Version*& out, int) {
+    for (CVorDPMObject* row : m_versions->AllRows()) {
+        auto* record = static_cast<CVorDPM_Version*>(row);
+        if (!record->IsDeleted() && record->GetVersion() == version) {
+            out = record;
+            return VOR::eOk;
+        }
+    }
+    return VOR::eNotFound;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::GetLastVersion(CVorDPM_Version*& out, int) {
+    CVorDPM_Version* last = nullptr;
+    for (CVorDPMObject* row : m_versions->AllRows()) {
+        auto* record = static_cast<CVorDPM_Version*>(row);
+        if (!record->IsDeleted() && (!last || record->GetVersion() > last->GetVersion()))
+            last = record;
+    }
+    if (!last) return VOR::eNotFound;
+    out = last;
+    return VOR::eOk;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::IsValid(CVorDPM_Version* version) {
+    if (!version || version->GetVersion() <= 0.0) return VOR::eRequiredEmpty;
+    for (CVorDPMObject* row : m_versions->AllRows()) {
+        auto* record = static_cast<CVorDPM_Version*>(row);
+        if (record != version && !record->IsDeleted() &&
+            record->GetVersion() == version->GetVersion())
+            return VOR::eNameExists;
+    }
+    return VOR::eOk;
+}
+
+VOR::ErrorStatus CVorDPMDBBase::AddVersion(CVorDPM_Version*& version) {
+    const VOR::ErrorStatus valid = IsValid(version);
+    if (valid != VOR::eOk) return valid;
+    return m_versions->Add(version);
+}
+
+void CVorDPMDBBase::CopyContentFrom(const CVorDPMDBBase& source, bool withVersions) {
+    for (const auto& target : m_tables) {
+        if (target.get() == m_versions && !withVersions) continue;
+        for (const auto& from : source.m_tables)
+            if (&from->Info() == &target->Info()) target->CopyRowsFrom(*from);
+    }
+}

@@ -1,0 +1,56 @@
+// A store file held in memory: its tables, its version records and its saving.
+#pragma once
+
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include "CKZList.h"
+#include "CVorDPMTable.h"
+#include "CVorDPM_Version.h"
+#include "VorDPMExport.h"
+
+class VORDPM_API CVorDPMDBBase {
+public:
+    virtual ~CVorDPMDBBase();
+    CVorDPMDBBase(const CVorDPMDBBase&) = delete;
+    CVorDPMDBBase& operator=(const CVorDPMDBBase&) = delete;
+
+    VOR::ErrorStatus GetAllVersion(CKZList<CVorDPM_Version*>& out, int filter = 0);
+    VOR::ErrorStatus GetVersion(double version, CVorDPM_Version*& out, int filter = 0);
+    // The version with the highest number.
+    VOR::ErrorStatus GetLastVersion(CVorDPM_Version*& out, int filter = 0);
+    // Takes the record; 2001 when that version number exists, 2002 when it is not positive.
+    VOR::ErrorStatus AddVersion(CVorDPM_Version*& version);
+    VOR::ErrorStatus IsValid(CVorDPM_Version* version);
+
+    // File name without folder and extension: the name of the catalog, definition or template.
+    const QString& GetName() const { return m_name; }
+    const QString& GetFilePath() const { return m_path; }
+    quint32 GetApplicationId() const { return m_applicationId; }
+    bool IsChanged() const;
+    // Writes the changed rows in one transaction; on failure the file stays as it was.
+    VOR::ErrorStatus Save();
+    const std::vector<std::unique_ptr<CVorDPMTable>>& Tables() const { return m_tables; }
+    // Copies the rows of every table that `source` shares with this file, keeping object ids.
+    void CopyContentFrom(const CVorDPMDBBase& source, bool withVersions);
+
+protected:
+    CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId);
+    CVorDPMTable* AddTable(const CVorDPMClassInfo& info);
+    CVorDPMTable* VersionTable() const { return m_versions; }
+
+private:
+    template <class T>
+    friend class CVorDPMFileSet;
+    void SetLocation(const QString& name, const QString& path) {
+        m_name = name;
+        m_path = path;
+    }
+
+    QString m_name;
+    QString m_path;
+    quint32 m_applicationId;
+    std::vector<std::unique_ptr<CVorDPMTable>> m_tables;
+    CVorDPMTable* m_versions;
+};

@@ -1,0 +1,16 @@
+// The library information file of a library: one information record and its versions.
+#pragma once
+
+#include "CVorDPMDBBase.h"
+#include "CVorDPM_DPI_Info.h"
+
+class VORDPM_API CVorDPMDPI : public CVorDPMDBBase {
+public:
+    explicit CVorDPMDPI(const QString& path);
+
+    // The library's information record; made (empty) when the file has none yet.
+    VOR::ErrorStatus GetInfo(CVorDPM_DPI_Info*& out);
+
+private:
+    CVorDPMTable* m_info;
+};

@@ -1,0 +1,21 @@
+// The storage seam: reads a store file into memory and writes its changes back, on SQLite.
+#pragma once
+
+#include <QString>
+
+#include "VorDPMExport.h"
+
+class CVorDPMDBBase;
+
+class VORDPM_API CVorDPMFileStore {
+public:
+    // Reads every table of the file; false with a reason when the file cannot be used.
+    static bool Load(CVorDPMDBBase& file, QString& error);
+    // Writes the changed rows in one transaction and clears the change marks on success.
+    static bool WriteChanges(CVorDPMDBBase& file);
+    // Writes a complete new file (schema and every live row) next to the target and moves it
+    // into place, so that a half-written file never appears under the target name.
+    static bool WriteNew(CVorDPMDBBase& file);
+    // Milliseconds a writer waits for another process's lock before giving up.
+    static constexpr int kBusyTimeoutMs = 10000;
+};

@@ -1,0 +1,37 @@
+// A common-table file of groups and the rows filed under them.
+#pragma once
+
+#include "CVorDPMDBBase.h"
+
+template <class TGroup, class TRow>
+class CVorDPMGroupedTable : public CVorDPMDBBase {
+public:
+    VOR::ErrorStatus GetAllGroup(CKZList<TGroup*>& out, int = 0) {
+        m_groups->AppendLive(out);
+        return VOR::eOk;
+    }
+    VOR::ErrorStatus AddGroup(TGroup* group) { return m_groups->Add(group); }
+
+protected:
+    CVorDPMGroupedTable(const QString& name, const QString& path, quint32 applicationId)
+        : CVorDPMDBBase(name, path, applicationId) {
+        m_groups = AddTable(TGroup::ClassInfo());
+        m_rows = AddTable(TRow::ClassInfo());
+    }
+
+    VOR::ErrorStatus AllRows(CKZList<TRow*>& out) {
+        m_rows->AppendLive(out);
+        return VOR::eOk;
+    }
+    VOR::ErrorStatus RowById(int id, TRow*& out) {
+        CVorDPMObject* row = m_rows->Find(id);
+        if (!row) return VOR::eNotFound;
+        out = static_cast<TRow*>(row);
+        return VOR::eOk;
+    }
+    VOR::ErrorStatus AddRow(TRow* row) { return m_rows->Add(row); }
+
+private:
+    CVorDPMTable* m_groups;
+    CVorDPMTable* m_rows;
+};

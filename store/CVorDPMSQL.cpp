@@ -1,0 +1,79 @@
+#include "CVorDPMSQL.h"
+
+#include <sqlite3.h>
+
+#include <QFile>
+
+#include "CVorDPMFileStore.h"
+
+CVorDPMSQL::~CVorDPMSQL() { close(); }
+
+int CVorDPMSQL::open(const QString& path) {
+    close();
+    if (!QFile::exists(path)) return 0;
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db, SQLITE_OPEN_READONLY,
+                        nullptr) != SQLITE_OK) {
+        close();
+        return 0;
+    }
+    sqlite3_busy_timeout(m_db, CVorDPMFileStore::kBusyTimeoutMs);
+    return 1;
+}
+
+int CVorDPMSQL::execQuery(const QString& sql) {
+    Finalize();
+    if (!m_db) return 0;
+    const QByteArray text = sql.toUtf8();
+    if (sqlite3_prepare_v2(m_db, text.constData(), static_cast<int>(text.size()), &m_statement,
+                           nullptr) != SQLITE_OK)
+        return 0;
+    nextRow();
+    return m_statement ? 1 : 0;
+}
+
+void CVorDPMSQL::nextRow() {
+    if (!m_statement) return;
+    const int rc = sqlite3_step(m_statement);
+    m_eof = rc != SQLITE_ROW;
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE) Finalize();
+}
+
+int CVorDPMSQL::ColumnIndex(const QString& column) const {
+    if (!m_statement || m_eof) return -1;
+    const QByteArray name = column.toUtf8();
+    for (int i = 0; i < sqlite3_column_count(m_statement); ++i)
+        if (sqlite3_stricmp(sqlite3_column_name(m_statement, i), name.constData()) == 0) return i;
+    return -1;
+}
+
+QString CVorDPMSQL::getStringField(const QString& column, const QString& defaultValue) const {
+    const int index = ColumnIndex(column);
+    if (index < 0 || sqlite3_column_type(m_statement, index) == SQLITE_NULL) return defaultValue;
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, index));
+    return QString::fromUtf8(text, sqlite3_column_bytes(m_statement, index));
+}
+
+const unsigned char* CVorDPMSQL::getBlobField(const QString& column, int& length) const {
+    length = 0;
+    const int index = ColumnIndex(column);
+    if (index < 0) return nullptr;
+    const auto* bytes = static_cast<const unsigned char*>(sqlite3_column_blob(m_statement, index));
+    length = sqlite3_column_bytes(m_statement, index);
+    return bytes;
+}
+
+QString CVorDPMSQL::lastError() const {
+    return m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("no file is open");
+}
+
+void CVorDPMSQL::Finalize() {
+    if (m_statement) sqlite3_finalize(m_statement);
+    m_statement = nullptr;
+    m_eof = true;
+}
+
+void CVorDPMSQL::close() {
+    Finalize();
+    if (m_db) sqlite3_close_v2(m_db);
+    m_db = nullptr;
+}

@@ -1,0 +1,35 @@
+// Internal: one SQLite connection with statement helpers and error texts.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QString>
+#include <memory>
+
+class CVorDPMSQLiteConnection {
+public:
+    enum Mode { OpenExisting, CreateNew };
+
+    CVorDPMSQLiteConnection() = default;
+    ~CVorDPMSQLiteConnection();
+    CVorDPMSQLiteConnection(const CVorDPMSQLiteConnection&) = delete;
+    CVorDPMSQLiteConnection& operator=(const CVorDPMSQLiteConnection&) = delete;
+
+    bool Open(const QString& path, Mode mode, int busyTimeoutMs);
+    bool Execute(const char* sql);
+    // Runs a one-value query such as a PRAGMA; false when it fails.
+    bool QueryInt(const char* sql, qint64& value);
+    sqlite3_stmt* Prepare(const QByteArray& sql);
+    sqlite3* Handle() const { return m_db; }
+    // The last error of this connection, prefixed with the file path.
+    QString Error() const;
+
+private:
+    sqlite3* m_db = nullptr;
+    QString m_path;
+};
+
+struct SQLiteStatementDeleter {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using SQLiteStatement = std::unique_ptr<sqlite3_stmt, SQLiteStatementDeleter>;

@@ -1,0 +1,83 @@
+#include "CVorDPMTable.h"
+
+#include "CVorDPMMemoryFiler.h"
+
+CVorDPMTable::CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info)
+    : m_file(file), m_info(info) {}
+
+CVorDPMTable::~CVorDPMTable() {
+    for (CVorDPMObject* row : m_rows) delete row;
+}
+
+void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
+    row->m_objectId = objectId;
+    row->m_table = this;
+    m_rows.push_back(row);
+    m_byId.emplace(objectId, row);
+    if (objectId >= m_nextId) m_nextId = objectId + 1;
+}
+
+namespace {
+// Rows handed to the store that it could not take: callers never free what they hand over,
+// so the store keeps them until the process ends.
+std::vector<std::unique_ptr<CVorDPMObject>>& Refused() {
+    static std::vector<std::unique_ptr<CVorDPMObject>> rows;
+    return rows;
+}
+}  // namespace
+
+void CVorDPMTable::KeepRefused(CVorDPMObject* row) {
+    if (row && !row->m_table) Refused().emplace_back(row);
+}
+
+VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
+    if (!row || row->m_table || row->GetClassInfo() != &m_info) {
+        KeepRefused(row);
+        return VOR::eFail;
+    }
+    AdoptLoaded(row, m_nextId);
+    NoteChanged(row);
+    return VOR::eOk;
+}
+
+void CVorDPMTable::CopyRowsFrom(const CVorDPMTable& source) {
+    for (const CVorDPMObject* row : source.m_rows) {
+        if (row->IsDeleted()) continue;
+        CVorDPMObject* copy = row->Clone();
+        copy->m_table = nullptr;
+        copy->m_dirty = false;
+        AdoptLoaded(copy, row->GetObjectId());
+        NoteChanged(copy);
+    }
+}
+
+void CVorDPMTable::Restore(CVorDPMObject* row, const CVorDPMObject& image) {
+    CVorDPMMemoryFiler filer;
+    image.VorDPMOutFields(&filer);
+    row->VorDPMInFields(&filer);
+    row->m_deleted = image.m_deleted;
+    row->MarkChanged();
+}
+
+CVorDPMObject* CVorDPMTable::Find(int objectId) const {
+    const auto found = m_byId.find(objectId);
+    if (found == m_byId.end() || found->second->IsDeleted()) return nullptr;
+    return found->second;
+}
+
+int CVorDPMTable::LiveCount() const {
+    int count = 0;
+    for (const CVorDPMObject* row : m_rows) count += row->IsDeleted() ? 0 : 1;
+    return count;
+}
+
+void CVorDPMTable::ClearChanged() {
+    for (CVorDPMObject* row : m_changed) row->m_dirty = false;
+    m_changed.clear();
+}
+
+void CVorDPMTable::NoteChanged(CVorDPMObject* row) {
+    if (row->m_dirty) return;
+    row->m_dirty = true;
+    m_changed.push_back(row);
+}

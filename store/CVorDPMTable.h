@@ -1,0 +1,59 @@
+// One table of a store file held in memory: rows in table order, lookup by id, change tracking.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "CKZList.h"
+#include "CVorDPMObject.h"
+#include "VorDPMExport.h"
+
+class CVorDPMDBBase;
+
+class VORDPM_API CVorDPMTable {
+public:
+    CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info);
+    ~CVorDPMTable();
+    CVorDPMTable(const CVorDPMTable&) = delete;
+    CVorDPMTable& operator=(const CVorDPMTable&) = delete;
+
+    const CVorDPMClassInfo& Info() const { return m_info; }
+    CVorDPMDBBase* File() const { return m_file; }
+
+    // Takes a row read from the file; it keeps its id and counts as unchanged.
+    void AdoptLoaded(CVorDPMObject* row, int objectId);
+    // Takes a new row: gives it the next free id and marks it for writing.
+    // A row of another class or one that already belongs to a table is refused.
+    VOR::ErrorStatus Add(CVorDPMObject* row);
+    // Takes ownership of a row that a caller handed over but that no table accepted.
+    static void KeepRefused(CVorDPMObject* row);
+    // Copies every row of `source` (same class), keeping ids, as new rows to be written.
+    void CopyRowsFrom(const CVorDPMTable& source);
+    // Puts the fields and the deleted mark of `image` back into `row`.
+    static void Restore(CVorDPMObject* row, const CVorDPMObject& image);
+
+    // Live (not deleted) row by id, or null.
+    CVorDPMObject* Find(int objectId) const;
+    const std::vector<CVorDPMObject*>& AllRows() const { return m_rows; }
+    int LiveCount() const;
+
+    template <class T>
+    void AppendLive(CKZList<T*>& out) const {
+        for (CVorDPMObject* row : m_rows)
+            if (!row->IsDeleted()) out.AddTail(static_cast<T*>(row));
+    }
+
+    // Rows changed since the last successful write, in the order they first changed.
+    const std::vector<CVorDPMObject*>& ChangedRows() const { return m_changed; }
+    void ClearChanged();
+    void NoteChanged(CVorDPMObject* row);
+
+private:
+    CVorDPMDBBase* m_file;
+    const CVorDPMClassInfo& m_info;
+    std::vector<CVorDPMObject*> m_rows;
+    std::unordered_map<int, CVorDPMObject*> m_byId;
+    std::vector<CVorDPMObject*> m_changed;
+    int m_nextId = 1;
+};

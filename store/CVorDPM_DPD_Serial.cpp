@@ -1,0 +1,101 @@
+#include "CVorDPM_DPD_Serial.h"
+
+#include <cstring>
+
+#include "VorDPMFieldIO.h"
+
+VORDPM_DEFINE_ROW(CVorDPM_DPD_Serial, "serial",
+                  {{"key", "TEXT"},
+                   {"product_id", "INTEGER"},
+                   {"image_id", "INTEGER"},
+                   {"shape_id", "INTEGER"},
+                   {"vals", "TEXT"}})
+
+namespace {
+
+struct PackedEntry {
+    int propertyId = 0;
+    const char* value = nullptr;  // escaped value bytes
+    qsizetype valueLength = 0;
+    qsizetype begin = 0;  // offset of the line
+    qsizetype end = 0;    // offset after the line (without its newline)
+};
+
+// Walks the packed lines; stops when `visit` returns true and reports that entry.
+template <class Visitor>
+bool FindEntry(const QByteArray& packed, Visitor&& visit, PackedEntry& found) {
+    const char* data = packed.constData();
+    const qsizetype size = packed.size();
+    qsizetype pos = 0;
+    while (pos < size) {
+        const char* lineEnd = static_cast<const char*>(std::memchr(data + pos, '\n', size - pos));
+        const qsizetype end = lineEnd ? lineEnd - data : size;
+        PackedEntry entry;
+        entry.begin = pos;
+        entry.end = end;
+        qsizetype cursor = pos;
+        while (cursor < end && data[cursor] >= '0' && data[cursor] <= '9') {
+            entry.propertyId = entry.propertyId * 10 + (data[cursor] - '0');
+            ++cursor;
+        }
+        if (cursor < end && data[cursor] == '=') {
+            entry.value = data + cursor + 1;
+            entry.valueLength = end - cursor - 1;
+            if (visit(entry)) {
+                found = entry;
+                return true;
+            }
+        }
+        pos = end + 1;
+    }
+    return false;
+}
+
+QString Unescape(const char* bytes, qsizetype length) {
+    if (!std::memchr(bytes, '\\', length)) return QString::fromUtf8(bytes, length);
+    QByteArray plain;
+    plain.reserve(length);
+    for (qsizetype i = 0; i < length; ++i) {
+        if (bytes[i] == '\\' && i + 1 < length) {
+            ++i;
+            plain.append(bytes[i] == 'n' ? '\n' : bytes[i]);
+            continue;
+        }
+        plain.append(bytes[i]);
+    }
+    return QString::fromUtf8(plain);
+}
+
+QByteArray Escape(const QString& value) {
+    QByteArray bytes = value.toUtf8();
+    bytes.replace("\\", "\\\\");
+    bytes.replace("\n", "\\n");
+    return bytes;
+}
+
+}  // namespace
+
+QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
+    PackedEntry entry;
+    if (!FindEntry(m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
+                   entry))
+        return {};
+    return Unescape(entry.value, entry.valueLength);
+}
+
+void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {
+    PackedEntry entry;
+    if (FindEntry(m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
+                  entry)) {
+        // Drop the old line together with one adjoining newline.
+        const qsizetype begin = entry.begin > 0 ? entry.begin - 1 : entry.begin;
+        const qsizetype end = entry.begin > 0 || entry.end >= m_values.size() ? entry.end
+                                                                             : entry.end + 1;
+        m_values.remove(begin, end - begin);
+    }
+    if (!value.isEmpty()) {
+        if (!m_values.isEmpty()) m_values.append('\n');
+        m_values.append(QByteArray::number(propertyObjectId)).append('=').append(Escape(value));
+    }
+    MarkChanged();
+}

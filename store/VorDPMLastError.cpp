@@ -1,0 +1,12 @@
+#include "VorDPMLastError.h"
+
+namespace {
+QString& Storage() {
+    static QString reason;
+    return reason;
+}
+}  // namespace
+
+void VorDPMLastError::Set(const QString& reason) { Storage() = reason; }
+
+QString VorDPMLastError::Get() { return Storage(); }

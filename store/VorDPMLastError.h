@@ -1,0 +1,13 @@
+// The reason for the store's most recent failure, as text for messages and logs.
+#pragma once
+
+#include <QString>
+
+#include "VorDPMExport.h"
+
+namespace VorDPMLastError {
+
+VORDPM_API void Set(const QString& reason);
+VORDPM_API QString Get();
+
+}  // namespace VorDPMLastError

@@ -1,0 +1,20 @@
+// Checks of names that become file or folder names under the library root.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "VorDPMExport.h"
+
+namespace VorDPMNames {
+
+// False for names that would leave their folder or that Windows cannot hold as a file name:
+// empty, ".", "..", control characters, \ / : * ? " < > |, a trailing dot or space, and the
+// reserved device names (CON, PRN, AUX, NUL, COM1-9, LPT1-9).
+VORDPM_API bool IsValidName(const QString& name);
+// Index of `name` in `names` compared without regard to case (file names on Windows), or -1.
+VORDPM_API int IndexOf(const QStringList& names, const QString& name);
+// Sorts names the way every listing of the store returns them: case-insensitive, then exact.
+VORDPM_API void Sort(QStringList& names);
+
+}  // namespace VorDPMNames
