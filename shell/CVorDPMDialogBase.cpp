@@ -1,0 +1,56 @@
+#include "CVorDPMDialogBase.h"
+
+#include <QFontMetrics>
+#include <QSettings>
+
+#include "CVorDPMEditorSettings.h"
+
+CVorDPMDialogBase::CVorDPMDialogBase(int templateId, QWidget* parent)
+    : QDialog(parent), m_templateId(templateId), m_resizer(this) {}
+
+QRect CVorDPMDialogBase::MapDialogRect(const QRect& units) const {
+    const QFontMetrics metrics(font());
+    const double x = metrics.averageCharWidth() / 4.0;
+    const double y = metrics.height() / 8.0;
+    return QRect(qRound(units.x() * x), qRound(units.y() * y), qRound(units.width() * x),
+                 qRound(units.height() * y));
+}
+
+bool CVorDPMDialogBase::OnInitDialog() {
+    setWindowFlags(windowFlags() | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    return true;
+}
+
+void CVorDPMDialogBase::SetResize(QWidget* control, QPointF topLeft, QPointF bottomRight) {
+    m_resizer.SetResize(control, topLeft, bottomRight);
+}
+
+void CVorDPMDialogBase::AutoLoadPlacement(const QString& key) {
+    m_placementKey = key;
+    QSettings settings = CVorDPMEditorSettings::Open();
+    const QByteArray geometry = settings.value(key + QStringLiteral("/Placement")).toByteArray();
+    if (!geometry.isEmpty()) restoreGeometry(geometry);
+}
+
+void CVorDPMDialogBase::showEvent(QShowEvent* event) {
+    if (!m_initialised) {
+        m_initialised = true;
+        OnInitDialog();
+    }
+    QDialog::showEvent(event);
+}
+
+void CVorDPMDialogBase::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    m_resizer.Apply();
+}
+
+void CVorDPMDialogBase::done(int result) {
+    if (!m_placementKey.isEmpty()) {
+        QSettings settings = CVorDPMEditorSettings::Open();
+        settings.setValue(m_placementKey + QStringLiteral("/Placement"), saveGeometry());
+    }
+    QDialog::done(result);
+}
