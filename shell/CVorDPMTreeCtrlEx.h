@@ -1,0 +1,106 @@
+// The product tree every view of the editor uses: libraries, catalogs, classification levels and
+// products built from the store, with searches, paths, checked nodes and report rows.
+#pragma once
+
+#include <QIcon>
+#include <QList>
+#include <QString>
+#include <QTreeWidget>
+#include <vector>
+
+#include "CKZList.h"
+#include "CVorDPM_DPC_Content.h"
+#include "VorDPMParam.h"
+#include "query/VorDPMEditorExport.h"
+
+class QAction;
+class CVorDPMDBBase;
+class CVorDPMDPC;
+class CVorDPMDPD;
+
+class VORDPM_EDITOR_API CVorDPMTreeCtrlEx : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    // Image index of a node; it tells the node's kind together with the item data.
+    enum ItemImage {
+        ImageLibrary = 0,         // a library root, and the "未分类" node under it
+        ImageCatalog = 1,         // item data: the catalog
+        ImageProduct = 2,         // item data: the product definition
+        ImageClassification = 3,  // one classification level of a catalog entry
+        ImageMissingProduct = 4,  // a catalog entry whose product file is missing
+    };
+    // Item roles of column 0: the store object (CVorDPMDBBase*, store-owned) and the image index.
+    static constexpr int ItemDataRole = Qt::UserRole;
+    static constexpr int ItemImageRole = Qt::UserRole + 1;
+
+    explicit CVorDPMTreeCtrlEx(QWidget* parent = nullptr);
+
+    // Building. Each member appends; the caller empties the tree before rebuilding.
+    int InitTreeCtrl();
+    int RecursionInitItem(const std::vector<QString>& names, QTreeWidgetItem* parent);
+    int InsertTree(const QString& library);
+    int InsertTree(const QString& library, const QString& catalog, int withProducts,
+                   QTreeWidgetItem* parent);
+    int InsertTree(const QString& library, QTreeWidgetItem* parent);
+    int InsertTree(CVorDPMDPC* catalog, CKZList<CVorDPM_DPC_Content*>& contents, int withProducts,
+                   QTreeWidgetItem* parent);
+    int InsertSubtree(CVorDPMDPC* catalog, QTreeWidgetItem* parent, const CVorDPM_DPC_Content& row,
+                      CVorDPM_DPC_Content::ProductType level, int withProducts);
+    int UpdataTreeCtrl(const QString& path, int withProducts);
+    int SetInitalSelectItem(QTreeWidgetItem* node);
+
+    // Reading. A null parent in GetItem stands for the top level.
+    QTreeWidgetItem* GetItem(const QString& text, QTreeWidgetItem* parent) const;
+    QString GetChildItemText(QTreeWidgetItem* node) const;
+    // 1 when a sibling of the node other than itself has the text (without regard to case).
+    int IsUniqueItemText(const QString& text, QTreeWidgetItem* node) const;
+    int GetSelectdItemPath(QTreeWidgetItem* node, QString& path) const;
+    int GetSelItemDPD(QTreeWidgetItem* node, CVorDPMDPD*& dpd) const;
+    int FindFistMatchDPD(QTreeWidgetItem* node, QTreeWidgetItem*& found, const QString& name) const;
+    int GetAllCheckedItem(std::vector<QTreeWidgetItem*>& out) const;
+    int GetCheckedItem(QTreeWidgetItem* node, std::vector<QTreeWidgetItem*>& out) const;
+
+    // Report rows.
+    int GetContListItemText(QTreeWidgetItem* node, std::vector<std::vector<struTypeData>>& rows);
+    int GetDataListColunmHead(QTreeWidgetItem* node, std::vector<QString>& heads) const;
+    int GetDataListItemText(QTreeWidgetItem* node, std::vector<std::vector<QString>>& rows) const;
+
+    // Commands. A command with notification code 0 is forwarded through CommandForwarded with
+    // the selected node; any other is swallowed. Returns 1 (handled) in both cases.
+    int OnCommand(int commandId, int notificationCode = 0);
+    // Makes `action` (for example an entry of a context menu over the tree) a command of the tree.
+    void BindCommand(QAction* action, int commandId);
+
+    // Check boxes of the check-box tree; shown by default. Hiding them clears every check.
+    void SetCheckBoxes(bool shown);
+    bool HasCheckBoxes() const { return m_checkBoxes; }
+    bool IsChecked(const QTreeWidgetItem* node) const;
+    void SetChecked(QTreeWidgetItem* node, bool checked);
+
+    // Node helpers: append a node after its last sibling (top level when `parent` is null).
+    QTreeWidgetItem* AppendItem(const QString& text, int image, CVorDPMDBBase* data,
+                                QTreeWidgetItem* parent);
+    static int GetItemImage(const QTreeWidgetItem* node);
+    static CVorDPMDBBase* GetItemData(const QTreeWidgetItem* node);
+    static CVorDPMDPC* GetItemDPC(const QTreeWidgetItem* node);
+    static CVorDPMDPD* GetItemDPD(const QTreeWidgetItem* node);
+    // The five node icons, in image-index order.
+    const QList<QIcon>& GetImageList() const { return m_imageList; }
+
+signals:
+    // A command of the tree, passed on to whoever owns the tree (the parent window).
+    void CommandForwarded(CVorDPMTreeCtrlEx* sender, int commandId, QTreeWidgetItem* selected);
+
+protected:
+    void InitalImageList();
+    void PreSubclassWindow();
+
+private:
+    void OnItemChanged(QTreeWidgetItem* node, int column);
+    void ApplyCheckBox(QTreeWidgetItem* node) const;
+
+    QList<QIcon> m_imageList;
+    bool m_checkBoxes = true;
+    bool m_propagating = false;
+};
