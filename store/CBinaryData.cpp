@@ -3,21 +3,31 @@
 #include <QFile>
 #include <QSaveFile>
 
-CBinaryData::CBinaryData(int initialSize) { m_bytes.reserve(initialSize > 0 ? initialSize : 0); }
+CBinaryData::CBinaryData(int initialSize) {
+    m_bytes.reserve(initialSize > 0 ? initialSize : 0);
+}
 
 CBinaryData::CBinaryData(const QByteArray& bytes) : m_bytes(bytes) {}
 
-void CBinaryData::Empty() { m_bytes.clear(); }
+void CBinaryData::Empty() {
+    m_bytes.clear();
+}
 
 void CBinaryData::Append(const char* bytes, int length) {
     if (bytes && length > 0) m_bytes.append(bytes, length);
 }
 
-char* CBinaryData::GetPtr() { return m_bytes.data(); }
+char* CBinaryData::GetPtr() {
+    return m_bytes.data();
+}
 
-const char* CBinaryData::GetPtr() const { return m_bytes.constData(); }
+const char* CBinaryData::GetPtr() const {
+    return m_bytes.constData();
+}
 
-int CBinaryData::GetSize() const { return static_cast<int>(m_bytes.size()); }
+int CBinaryData::GetSize() const {
+    return static_cast<int>(m_bytes.size());
+}
 
 int CBinaryData::LoadFromFile(const QString& path) {
     QFile file(path);

@@ -5,7 +5,8 @@
 CVorDPMCacheTableManger::CVorDPMCacheTableManger(CVorDPMDPDBase& definition) {
     CKZList<CVorDPM_DPD_Property*> properties;
     definition.GetAllProperty(properties);
-    for (const CVorDPM_DPD_Property* property : properties) m_columns.append(property->GetParamAlias());
+    for (const CVorDPM_DPD_Property* property : properties)
+        m_columns.append(property->GetParamAlias());
     CKZList<CVorDPM_DPD_Serial*> serials;
     definition.GetAllSerial(serials);
     m_rows.reserve(serials.GetCount());

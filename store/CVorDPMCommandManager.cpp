@@ -64,4 +64,6 @@ void CVorDPMCommandManager::AddNewlyCreatedObject(CVorDPMObject* object, int) {
     if (CVorDPMCommand* command = Current()) command->m_created.push_back(object);
 }
 
-void CVorDPMCommandManager::Reset() { m_commands.clear(); }
+void CVorDPMCommandManager::Reset() {
+    m_commands.clear();
+}

@@ -32,8 +32,8 @@ VOR::ErrorStatus CVorDPMDPC::GetAllContent(const QString& level0, const QString&
 }
 
 VOR::ErrorStatus CVorDPMDPC::GetAllContent(CVorDPM_DPC_Content::ProductType level,
-                                           const QString& text,
-                                           CKZList<CVorDPM_DPC_Content*>& out, int) {
+                                           const QString& text, CKZList<CVorDPM_DPC_Content*>& out,
+                                           int) {
     AppendMatching(out, [&](const CVorDPM_DPC_Content& c) { return c.GetType(level) == text; });
     return VOR::eOk;
 }

@@ -52,7 +52,9 @@ VOR::ErrorStatus CVorDPMDPDBase::GetImage(int id, CVorDPM_DPD_Image*& out, int) 
 VOR::ErrorStatus CVorDPMDPDBase::GetAllImage(CKZList<CVorDPM_DPD_Image*>& out, int) {
     return AllRows(m_images, out);
 }
-VOR::ErrorStatus CVorDPMDPDBase::AddImage(CVorDPM_DPD_Image* row) { return m_images->Add(row); }
+VOR::ErrorStatus CVorDPMDPDBase::AddImage(CVorDPM_DPD_Image* row) {
+    return m_images->Add(row);
+}
 
 VOR::ErrorStatus CVorDPMDPDBase::GetProduct(int id, CVorDPM_DPD_Product*& out, int) {
     return FindRow(m_products, id, out);
@@ -101,7 +103,9 @@ VOR::ErrorStatus CVorDPMDPDBase::GetShape(int id, CVorDPM_DPD_Shape*& out, int) 
 VOR::ErrorStatus CVorDPMDPDBase::GetAllShape(CKZList<CVorDPM_DPD_Shape*>& out, int) {
     return AllRows(m_shapes, out);
 }
-VOR::ErrorStatus CVorDPMDPDBase::AddShape(CVorDPM_DPD_Shape* row) { return m_shapes->Add(row); }
+VOR::ErrorStatus CVorDPMDPDBase::AddShape(CVorDPM_DPD_Shape* row) {
+    return m_shapes->Add(row);
+}
 
 VOR::ErrorStatus CVorDPMDPDBase::GetDps(int id, CVorDPM_DPD_Dps*& out, int) {
     return FindRow(m_scripts, id, out);
@@ -109,7 +113,9 @@ VOR::ErrorStatus CVorDPMDPDBase::GetDps(int id, CVorDPM_DPD_Dps*& out, int) {
 VOR::ErrorStatus CVorDPMDPDBase::GetAllDps(CKZList<CVorDPM_DPD_Dps*>& out, int) {
     return AllRows(m_scripts, out);
 }
-VOR::ErrorStatus CVorDPMDPDBase::AddDps(CVorDPM_DPD_Dps* row) { return m_scripts->Add(row); }
+VOR::ErrorStatus CVorDPMDPDBase::AddDps(CVorDPM_DPD_Dps* row) {
+    return m_scripts->Add(row);
+}
 
 VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Property* row) {
     return CheckRow(m_properties, row, [](const CVorDPM_DPD_Property& p) {
@@ -118,11 +124,13 @@ VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Property* row) {
 }
 
 VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Image* row) {
-    return CheckRow(m_images, row, [](const CVorDPM_DPD_Image& i) { return QStringList{i.GetName()}; });
+    return CheckRow(m_images, row,
+                    [](const CVorDPM_DPD_Image& i) { return QStringList{i.GetName()}; });
 }
 
 VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Shape* row) {
-    return CheckRow(m_shapes, row, [](const CVorDPM_DPD_Shape& s) { return QStringList{s.GetName()}; });
+    return CheckRow(m_shapes, row,
+                    [](const CVorDPM_DPD_Shape& s) { return QStringList{s.GetName()}; });
 }
 
 VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Product* row) {
@@ -134,5 +142,6 @@ VOR::ErrorStatus CVorDPMDPDBase::IsValid(CVorDPM_DPD_Serial* row) {
     if (!row) return VOR::eFail;
     if (!m_products->Find(row->GetProductId())) return VOR::eRequiredEmpty;
     if (row->GetKey().isEmpty()) return VOR::eOk;
-    return CheckRow(m_serials, row, [](const CVorDPM_DPD_Serial& s) { return QStringList{s.GetKey()}; });
+    return CheckRow(m_serials, row,
+                    [](const CVorDPM_DPD_Serial& s) { return QStringList{s.GetKey()}; });
 }

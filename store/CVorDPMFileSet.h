@@ -28,7 +28,9 @@ public:
 
     const QStringList& Names() const { return m_names; }
     bool Has(const QString& name) const { return VorDPMNames::IndexOf(m_names, name) >= 0; }
-    QString PathOf(const QString& name) const { return QDir(m_folder).filePath(name + m_extension); }
+    QString PathOf(const QString& name) const {
+        return QDir(m_folder).filePath(name + m_extension);
+    }
 
     VOR::ErrorStatus Get(const QString& name, T*& out) {
         const int index = VorDPMNames::IndexOf(m_names, name);

@@ -19,8 +19,8 @@ QByteArray ColumnList(const CVorDPMClassInfo& info) {
 }
 
 QByteArray CreateTableSql(const CVorDPMClassInfo& info) {
-    QByteArray sql = QByteArray("CREATE TABLE IF NOT EXISTS ") + info.tableName +
-                     " (id INTEGER PRIMARY KEY";
+    QByteArray sql =
+        QByteArray("CREATE TABLE IF NOT EXISTS ") + info.tableName + " (id INTEGER PRIMARY KEY";
     for (const CVorDPMColumn& column : info.columns)
         sql += QByteArray(", ") + column.name + " " + column.sqlType;
     return sql + ")";
@@ -35,11 +35,16 @@ QByteArray UpsertSql(const CVorDPMClassInfo& info) {
 
 QString KindName(quint32 applicationId) {
     switch (applicationId) {
-        case VorDPMFileKinds::kLibraryInfo: return QStringLiteral("library information");
-        case VorDPMFileKinds::kCatalog: return QStringLiteral("catalog");
-        case VorDPMFileKinds::kDefinition: return QStringLiteral("product definition");
-        case VorDPMFileKinds::kTemplate: return QStringLiteral("product template");
-        default: return QStringLiteral("common table");
+        case VorDPMFileKinds::kLibraryInfo:
+            return QStringLiteral("library information");
+        case VorDPMFileKinds::kCatalog:
+            return QStringLiteral("catalog");
+        case VorDPMFileKinds::kDefinition:
+            return QStringLiteral("product definition");
+        case VorDPMFileKinds::kTemplate:
+            return QStringLiteral("product template");
+        default:
+            return QStringLiteral("common table");
     }
 }
 
@@ -114,10 +119,10 @@ bool WriteTable(CVorDPMSQLiteConnection& db, const CVorDPMTable& table, bool all
 }
 
 bool CreateSchema(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file) {
-    const QByteArray pragmas = QByteArray("PRAGMA application_id = ") +
-                               QByteArray::number(static_cast<qint32>(file.GetApplicationId())) +
-                               "; PRAGMA user_version = " +
-                               QByteArray::number(VorDPMFileKinds::kSchemaVersion);
+    const QByteArray pragmas =
+        QByteArray("PRAGMA application_id = ") +
+        QByteArray::number(static_cast<qint32>(file.GetApplicationId())) +
+        "; PRAGMA user_version = " + QByteArray::number(VorDPMFileKinds::kSchemaVersion);
     if (!db.Execute(pragmas.constData())) return false;
     for (const auto& table : file.Tables())
         if (!db.Execute(CreateTableSql(table->Info()).constData())) return false;

@@ -113,7 +113,8 @@ VOR::ErrorStatus CVorDPMLibraryManager::CopyDPDAsDPT(const QString& dpd,
 
 CVorDPMDPI* CVorDPMLibraryManager::GetDPI() {
     if (m_info) return m_info.get();
-    auto info = std::make_unique<CVorDPMDPI>(QDir(m_folder).filePath(QStringLiteral("library.DPI")));
+    auto info =
+        std::make_unique<CVorDPMDPI>(QDir(m_folder).filePath(QStringLiteral("library.DPI")));
     QString error;
     const bool ready = QFile::exists(info->GetFilePath()) ? CVorDPMFileStore::Load(*info, error)
                                                           : CVorDPMFileStore::WriteNew(*info);
@@ -125,7 +126,8 @@ CVorDPMDPI* CVorDPMLibraryManager::GetDPI() {
 CVorDPMTemplateManager* CVorDPMLibraryManager::GetVorDPMTemplateManager() {
     if (!m_templates)
         m_templates = std::make_unique<CVorDPMTemplateManager>(
-            QDir(m_folder).filePath(QStringLiteral("templates")), m_manager->GetDPMLibraryRootPath());
+            QDir(m_folder).filePath(QStringLiteral("templates")),
+            m_manager->GetDPMLibraryRootPath());
     return m_templates.get();
 }
 

@@ -18,7 +18,9 @@ const QString kInfoFile = QStringLiteral("library.DPI");
 const QString kTemplatesFolder = QStringLiteral("templates");
 const char* const kRootKey = "Store/LibraryRoot";
 
-QSettings Settings() { return QSettings(QStringLiteral("VorDPM"), QStringLiteral("VorDPM")); }
+QSettings Settings() {
+    return QSettings(QStringLiteral("VorDPM"), QStringLiteral("VorDPM"));
+}
 
 QStringList ScanLibraries(const QString& root) {
     QStringList names;
@@ -55,11 +57,15 @@ QString CVorDPMManager::DefaultRootPath() {
         .filePath(QStringLiteral("VorDPM"));
 }
 
-CVorDPMManager::CVorDPMManager() {
+QString CVorDPMManager::InitialRootPath() {
     QString root = qEnvironmentVariable("VORDPM_ROOT");
     if (root.isEmpty()) root = Settings().value(kRootKey).toString();
     if (root.isEmpty()) root = DefaultRootPath();
-    Reset(root);
+    return root;
+}
+
+CVorDPMManager::CVorDPMManager() {
+    Reset(InitialRootPath());
 }
 
 void CVorDPMManager::Reset(const QString& root) {
@@ -99,7 +105,8 @@ VOR::ErrorStatus CVorDPMManager::GetLibrary(const QString& name, CVorDPMLibraryM
     const QString canonical = m_libraryNames[index];
     auto& library = m_libraries[canonical];
     if (!library)
-        library = std::make_unique<CVorDPMLibraryManager>(this, canonical, LibraryFolder(canonical));
+        library =
+            std::make_unique<CVorDPMLibraryManager>(this, canonical, LibraryFolder(canonical));
     out = library.get();
     return VOR::eOk;
 }
@@ -122,7 +129,8 @@ VOR::ErrorStatus CVorDPMManager::CreateLibrary(const QString& name, CVorDPMLibra
     const VOR::ErrorStatus usable = CheckNewLibraryName(name);
     if (usable != VOR::eOk) return usable;
     if (!QDir().mkpath(LibraryFolder(name))) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(LibraryFolder(name)));
+        VorDPMLastError::Set(
+            QStringLiteral("%1: cannot create the folder").arg(LibraryFolder(name)));
         return VOR::eFileError;
     }
     m_libraryNames.append(name);
@@ -216,6 +224,10 @@ bool CVorDPMManager::HasUnsavedChanges() const {
     return (m_templates && m_templates->IsChanged()) || (m_common && m_common->IsChanged());
 }
 
-void CVorDPMManager::DiscardChanges() { Reset(m_root); }
+void CVorDPMManager::DiscardChanges() {
+    Reset(m_root);
+}
 
-QString CVorDPMManager::GetLastErrorText() { return VorDPMLastError::Get(); }
+QString CVorDPMManager::GetLastErrorText() {
+    return VorDPMLastError::Get();
+}

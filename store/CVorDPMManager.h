@@ -41,6 +41,9 @@ public:
     // The reason for the most recent failure of any store operation.
     static QString GetLastErrorText();
 
+    // The root a new process starts with: VORDPM_ROOT, else the remembered choice, else
+    // DefaultRootPath().
+    static QString InitialRootPath();
     // The folder used when neither VORDPM_ROOT nor a remembered choice names one.
     static QString DefaultRootPath();
 

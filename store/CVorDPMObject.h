@@ -39,22 +39,28 @@ private:
 };
 
 // Declares a field with its getter and a setter that records the change.
-#define VORDPM_FIELD(Type, Name)                   \
-public:                                            \
-    const Type& Get##Name() const { return m_##Name; } \
-    void Set##Name(const Type& value) {            \
-        m_##Name = value;                          \
-        MarkChanged();                             \
-    }                                              \
-                                                   \
-private:                                           \
+#define VORDPM_FIELD(Type, Name)        \
+public:                                 \
+    const Type& Get##Name() const {     \
+        return m_##Name;                \
+    }                                   \
+    void Set##Name(const Type& value) { \
+        m_##Name = value;               \
+        MarkChanged();                  \
+    }                                   \
+                                        \
+private:                                \
     Type m_##Name{};
 
 // Declares the run-time class, factory and clone of a row class.
-#define VORDPM_DECLARE_ROW(ClassName)                                   \
-public:                                                                 \
-    static const CVorDPMClassInfo& ClassInfo();                         \
-    const CVorDPMClassInfo* GetClassInfo() const override { return &ClassInfo(); } \
-    CVorDPMObject* Clone() const override { return new ClassName(*this); } \
-    VOR::ErrorStatus VorDPMInFields(CVorDPMFiler* filer) override;      \
+#define VORDPM_DECLARE_ROW(ClassName)                              \
+public:                                                            \
+    static const CVorDPMClassInfo& ClassInfo();                    \
+    const CVorDPMClassInfo* GetClassInfo() const override {        \
+        return &ClassInfo();                                       \
+    }                                                              \
+    CVorDPMObject* Clone() const override {                        \
+        return new ClassName(*this);                               \
+    }                                                              \
+    VOR::ErrorStatus VorDPMInFields(CVorDPMFiler* filer) override; \
     VOR::ErrorStatus VorDPMOutFields(CVorDPMFiler* filer) const override;

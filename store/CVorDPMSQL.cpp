@@ -6,7 +6,9 @@
 
 #include "CVorDPMFileStore.h"
 
-CVorDPMSQL::~CVorDPMSQL() { close(); }
+CVorDPMSQL::~CVorDPMSQL() {
+    close();
+}
 
 int CVorDPMSQL::open(const QString& path) {
     close();

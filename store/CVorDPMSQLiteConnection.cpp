@@ -12,8 +12,8 @@ bool CVorDPMSQLiteConnection::Open(const QString& path, Mode mode, int busyTimeo
         m_db = nullptr;
         return false;
     }
-    const int flags = SQLITE_OPEN_READWRITE | (mode == CreateNew ? SQLITE_OPEN_CREATE : 0) |
-                      SQLITE_OPEN_NOMUTEX;
+    const int flags =
+        SQLITE_OPEN_READWRITE | (mode == CreateNew ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
     int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db, flags, nullptr);
     if (rc != SQLITE_OK && mode == OpenExisting) {
         // A file the user may only read is still loadable; saving it will report the failure.

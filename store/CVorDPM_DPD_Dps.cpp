@@ -2,4 +2,5 @@
 
 #include "VorDPMFieldIO.h"
 
-VORDPM_DEFINE_ROW(CVorDPM_DPD_Dps, "dps", {{"name", "TEXT"}, {"description", "TEXT"}, {"content", "BLOB"}})
+VORDPM_DEFINE_ROW(CVorDPM_DPD_Dps, "dps",
+                  {{"name", "TEXT"}, {"description", "TEXT"}, {"content", "BLOB"}})

@@ -2,4 +2,5 @@
 
 #include "VorDPMFieldIO.h"
 
-VORDPM_DEFINE_ROW(CVorDPM_DPD_Product, "product", {{"name", "TEXT"}, {"name_rule", "TEXT"}, {"description", "TEXT"}})
+VORDPM_DEFINE_ROW(CVorDPM_DPD_Product, "product",
+                  {{"name", "TEXT"}, {"name_rule", "TEXT"}, {"description", "TEXT"}})

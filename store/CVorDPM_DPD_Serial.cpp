@@ -77,20 +77,22 @@ QByteArray Escape(const QString& value) {
 
 QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
     PackedEntry entry;
-    if (!FindEntry(m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
-                   entry))
+    if (!FindEntry(
+            m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
+            entry))
         return {};
     return Unescape(entry.value, entry.valueLength);
 }
 
 void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {
     PackedEntry entry;
-    if (FindEntry(m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
-                  entry)) {
+    if (FindEntry(
+            m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
+            entry)) {
         // Drop the old line together with one adjoining newline.
         const qsizetype begin = entry.begin > 0 ? entry.begin - 1 : entry.begin;
-        const qsizetype end = entry.begin > 0 || entry.end >= m_values.size() ? entry.end
-                                                                             : entry.end + 1;
+        const qsizetype end =
+            entry.begin > 0 || entry.end >= m_values.size() ? entry.end : entry.end + 1;
         m_values.remove(begin, end - begin);
     }
     if (!value.isEmpty()) {

@@ -2,4 +2,12 @@
 
 #include "VorDPMFieldIO.h"
 
-VORDPM_DEFINE_ROW(CVorDPM_DPI_Info, "info", {{"company_name", "TEXT"}, {"description", "TEXT"}, {"keyword", "TEXT"}, {"author", "TEXT"}, {"image", "BLOB"}, {"product_count", "INTEGER"}, {"local_product_count", "INTEGER"}, {"include_product_count", "INTEGER"}})
+VORDPM_DEFINE_ROW(CVorDPM_DPI_Info, "info",
+                  {{"company_name", "TEXT"},
+                   {"description", "TEXT"},
+                   {"keyword", "TEXT"},
+                   {"author", "TEXT"},
+                   {"image", "BLOB"},
+                   {"product_count", "INTEGER"},
+                   {"local_product_count", "INTEGER"},
+                   {"include_product_count", "INTEGER"}})

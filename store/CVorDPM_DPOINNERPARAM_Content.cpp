@@ -2,4 +2,5 @@
 
 #include "VorDPMFieldIO.h"
 
-VORDPM_DEFINE_ROW(CVorDPM_DPOINNERPARAM_Content, "inner_param", {{"name", "TEXT"}, {"group_id", "INTEGER"}, {"description", "TEXT"}})
+VORDPM_DEFINE_ROW(CVorDPM_DPOINNERPARAM_Content, "inner_param",
+                  {{"name", "TEXT"}, {"group_id", "INTEGER"}, {"description", "TEXT"}})

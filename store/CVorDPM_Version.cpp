@@ -2,4 +2,6 @@
 
 #include "VorDPMFieldIO.h"
 
-VORDPM_DEFINE_ROW(CVorDPM_Version, "version", {{"version", "REAL"}, {"author", "TEXT"}, {"time", "TEXT"}, {"description", "TEXT"}})
+VORDPM_DEFINE_ROW(
+    CVorDPM_Version, "version",
+    {{"version", "REAL"}, {"author", "TEXT"}, {"time", "TEXT"}, {"description", "TEXT"}})

@@ -15,14 +15,20 @@ void VOR::ParseString(const QString& text, const QString& delimiter, QStringList
 
 QString VOR::TranslateType(emVorDPM_VALUETYPE type) {
     switch (type) {
-        case emVorDPM_VALUETYPE_INT: return QCoreApplication::translate("VOR", "整型");
-        case emVorDPM_VALUETYPE_DOUBLE: return QCoreApplication::translate("VOR", "实型");
-        case emVorDPM_VALUETYPE_STRING: return QCoreApplication::translate("VOR", "字符串");
-        default: return QCoreApplication::translate("VOR", "未知");
+        case emVorDPM_VALUETYPE_INT:
+            return QCoreApplication::translate("VOR", "整型");
+        case emVorDPM_VALUETYPE_DOUBLE:
+            return QCoreApplication::translate("VOR", "实型");
+        case emVorDPM_VALUETYPE_STRING:
+            return QCoreApplication::translate("VOR", "字符串");
+        default:
+            return QCoreApplication::translate("VOR", "未知");
     }
 }
 
-QString VOR::CreateGuid() { return QUuid::createUuid().toString(QUuid::WithBraces).toUpper(); }
+QString VOR::CreateGuid() {
+    return QUuid::createUuid().toString(QUuid::WithBraces).toUpper();
+}
 
 void VOR::MByteToWChar(const char* bytes, int length, QString& out) {
     if (!bytes || length <= 0) {

@@ -9,7 +9,8 @@
 
 namespace VOR {
 
-// Appends the parts of `text` between occurrences of the `delimiter` string; empty parts are skipped.
+// Appends the parts of `text` between occurrences of the `delimiter` string; empty parts are
+// skipped.
 VORDPM_API void ParseString(const QString& text, const QString& delimiter, QStringList& out);
 VORDPM_API QString TranslateType(emVorDPM_VALUETYPE type);
 VORDPM_API QString CreateGuid();

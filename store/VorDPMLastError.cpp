@@ -7,6 +7,10 @@ QString& Storage() {
 }
 }  // namespace
 
-void VorDPMLastError::Set(const QString& reason) { Storage() = reason; }
+void VorDPMLastError::Set(const QString& reason) {
+    Storage() = reason;
+}
 
-QString VorDPMLastError::Get() { return Storage(); }
+QString VorDPMLastError::Get() {
+    return Storage();
+}

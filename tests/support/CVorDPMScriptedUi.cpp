@@ -2,9 +2,13 @@
 
 #include <QDialog>
 
-CVorDPMScriptedUi::CVorDPMScriptedUi() { CVorDPMUiService::Install(this); }
+CVorDPMScriptedUi::CVorDPMScriptedUi() {
+    CVorDPMUiService::Install(this);
+}
 
-CVorDPMScriptedUi::~CVorDPMScriptedUi() { CVorDPMUiService::Install(nullptr); }
+CVorDPMScriptedUi::~CVorDPMScriptedUi() {
+    CVorDPMUiService::Install(nullptr);
+}
 
 QMessageBox::StandardButton CVorDPMScriptedUi::Ask(QWidget*, const QString& text,
                                                    const QString& caption,

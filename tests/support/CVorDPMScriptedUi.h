@@ -3,8 +3,8 @@
 
 #include <QStringList>
 #include <deque>
-#include <optional>
 #include <functional>
+#include <optional>
 
 #include "CVorDPMUiService.h"
 

@@ -1,0 +1,100 @@
+#include "CVorDPMCommandManager.h"
+#include "StoreFixture.h"
+
+class CommandTest : public StoreTest {
+protected:
+    void SetUp() override {
+        m_dpd = MakeDefinition(MakeLibrary(), QStringLiteral("D"));
+        m_row = AddProperty(m_dpd, QStringLiteral("直径"), QStringLiteral("d"));
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+    }
+    void TearDown() override { Commands()->Reset(); }
+
+    CVorDPMCommandManager* Commands() { return CVorDPMCommandManager::GetInstance(); }
+    int LiveProperties() {
+        CKZList<CVorDPM_DPD_Property*> rows;
+        m_dpd->GetAllProperty(rows);
+        return rows.GetCount();
+    }
+
+    CVorDPMDPD* m_dpd = nullptr;
+    CVorDPM_DPD_Property* m_row = nullptr;
+};
+
+TEST_F(CommandTest, AbortRestoresModifiedDeletedAndRemovesCreatedObjects) {
+    Commands()->StartCommand();
+    Commands()->AddModifiedObject(m_row);
+    m_row->SetPropertyAlias(QStringLiteral("changed"));
+    Commands()->AddModifiedObject(m_row);  // a second registration keeps the first image
+    m_row->SetDeleted(1);
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    Commands()->AddNewlyCreatedObject(created, 0);
+    EXPECT_EQ(LiveProperties(), 1);
+
+    Commands()->AbortCommand();
+    EXPECT_EQ(Commands()->GetOpenCommandCount(), 0);
+    EXPECT_EQ(m_row->GetPropertyAlias(), QStringLiteral("直径"));
+    EXPECT_FALSE(m_row->IsDeleted());
+    EXPECT_TRUE(created->IsDeleted());
+    EXPECT_EQ(LiveProperties(), 1);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    Reopen();
+    CVorDPMLibraryManager* library = nullptr;
+    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
+    ASSERT_EQ(library->GetDPD(QStringLiteral("D"), m_dpd), VOR::eOk);
+    EXPECT_EQ(LiveProperties(), 1);
+}
+
+TEST_F(CommandTest, EndCommitsAndNestedCommandsHandTheirRecordsOutwards) {
+    Commands()->StartCommand();
+    Commands()->StartCommand();
+    Commands()->AddModifiedObject(m_row);
+    m_row->SetUnit(QStringLiteral("mm"));
+    EXPECT_EQ(Commands()->EndCommand(), 1);  // inner committed
+    EXPECT_EQ(m_row->GetUnit(), QStringLiteral("mm"));
+    Commands()->AbortCommand();  // the outer abort still undoes the inner change
+    EXPECT_EQ(m_row->GetUnit(), QString());
+
+    Commands()->StartCommand();
+    Commands()->AddModifiedObject(m_row);
+    m_row->SetUnit(QStringLiteral("cm"));
+    Commands()->StartCommand();
+    Commands()->AddModifiedObject(m_row);
+    m_row->SetUnit(QStringLiteral("m"));
+    Commands()->AbortCommand();  // only the inner command is rolled back
+    EXPECT_EQ(m_row->GetUnit(), QStringLiteral("cm"));
+    EXPECT_EQ(Commands()->EndCommand(), 1);
+    EXPECT_EQ(m_row->GetUnit(), QStringLiteral("cm"));
+}
+
+TEST_F(CommandTest, UnbalancedCallsAreHarmless) {
+    EXPECT_EQ(Commands()->EndCommand(), 0);
+    Commands()->AbortCommand();
+    Commands()->AddModifiedObject(m_row);
+    Commands()->AddNewlyCreatedObject(nullptr, 0);
+    Commands()->AddNewlyCreatedObject(new CVorDPM_DPD_Product, 0);  // kept by the store
+    m_row->SetChapter(QStringLiteral("x"));
+    EXPECT_EQ(m_row->GetChapter(), QStringLiteral("x"));
+    EXPECT_EQ(Commands()->GetOpenCommandCount(), 0);
+}
+
+TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSave) {
+    Commands()->StartCommand();
+    Commands()->AddModifiedObject(m_row);
+    m_row->SetDefValue(QStringLiteral("12"));
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    Commands()->AddNewlyCreatedObject(created, 0);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    Commands()->AbortCommand();
+    EXPECT_TRUE(Manager()->HasUnsavedChanges());
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    Reopen();
+    CVorDPMLibraryManager* library = nullptr;
+    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
+    ASSERT_EQ(library->GetDPD(QStringLiteral("D"), m_dpd), VOR::eOk);
+    CKZList<CVorDPM_DPD_Property*> rows;
+    m_dpd->GetAllProperty(rows);
+    ASSERT_EQ(rows.GetCount(), 1);
+    EXPECT_EQ(rows.GetAt(0)->GetDefValue(), QString());
+}

@@ -1,0 +1,207 @@
+#include <sqlite3.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QThread>
+#include <functional>
+#include <thread>
+
+#include "StoreFixture.h"
+
+namespace {
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
+}
+
+void Write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+void Exec(const QString& path, const char* sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+    sqlite3_close(db);
+}
+
+// Integrity of the file and the distinct packed series values it holds.
+QStringList CheckedValues(const QString& path) {
+    sqlite3* db = nullptr;
+    sqlite3_open(QFile::encodeName(path).constData(), &db);
+    QStringList results;
+    for (const char* sql : {"PRAGMA integrity_check", "SELECT DISTINCT vals FROM serial"}) {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
+        while (sqlite3_step(statement) == SQLITE_ROW)
+            results.append(QString::fromUtf8(
+                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(db);
+    return results;
+}
+
+}  // namespace
+
+class FaultTest : public StoreTest {
+protected:
+    void SetUp() override {
+        m_library = MakeLibrary();
+        for (const char* name : {"Good", "Bad"}) {
+            CVorDPMDPD* dpd = MakeDefinition(m_library, QString::fromUtf8(name));
+            AddProperty(dpd, QStringLiteral("直径"), QStringLiteral("d"));
+        }
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Reopen();
+        Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+    }
+
+    QString PathOf(const char* dpd) {
+        return m_root.File(QStringLiteral("QXMaterial/%1.DPD").arg(QString::fromUtf8(dpd)));
+    }
+
+    CVorDPMLibraryManager* m_library = nullptr;
+};
+
+TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
+    const QByteArray original = ReadAll(PathOf("Bad"));
+    QByteArray foreign;
+    {
+        const QString other = m_root.File(QStringLiteral("other.sqlite"));
+        Exec(other, "CREATE TABLE notes(text TEXT); INSERT INTO notes VALUES ('x')");
+        foreign = ReadAll(other);
+    }
+    QByteArray random(4096, '\0');
+    for (char& byte : random) byte = static_cast<char>(QRandomGenerator::global()->bounded(256));
+    struct Case {
+        const char* label;
+        std::function<void()> damage;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"truncated", [&] { Write(PathOf("Bad"), original.left(original.size() / 3)); }, ""},
+        {"random bytes", [&] { Write(PathOf("Bad"), random); }, ""},
+        {"empty file", [&] { Write(PathOf("Bad"), QByteArray()); }, "not a VorDPM"},
+        {"other application", [&] { Write(PathOf("Bad"), foreign); }, "not a VorDPM"},
+        {"catalog file",
+         [&] {
+             CVorDPMDPC* c = nullptr;
+             m_library->CreateDPC(QStringLiteral("C"), c);
+             Write(PathOf("Bad"), ReadAll(m_root.File(QStringLiteral("QXMaterial/C.DPC"))));
+         },
+         "not a VorDPM product definition"},
+        {"newer schema",
+         [&] {
+             Write(PathOf("Bad"), original);
+             Exec(PathOf("Bad"), "PRAGMA user_version = 99");
+         },
+         "newer version"},
+        {"missing table",
+         [&] {
+             Write(PathOf("Bad"), original);
+             Exec(PathOf("Bad"), "DROP TABLE serial");
+         },
+         "serial"},
+    };
+    for (const Case& c : cases) {
+        Reopen();
+        Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+        c.damage();
+        CVorDPMDPD* dpd = nullptr;
+        EXPECT_NE(m_library->GetDPD(QStringLiteral("Bad"), dpd), VOR::eOk) << c.label;
+        EXPECT_EQ(dpd, nullptr) << c.label;
+        const QString reason = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(reason.contains(QStringLiteral("Bad.DPD")))
+            << c.label << ": " << reason.toStdString();
+        EXPECT_TRUE(reason.contains(QString::fromUtf8(c.reason)))
+            << c.label << ": " << reason.toStdString();
+        CVorDPMDPD* good = nullptr;
+        ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), good), VOR::eOk) << c.label;
+        EXPECT_EQ(Manager()->SaveWork(), 1) << c.label;
+    }
+}
+
+TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    QFile::setPermissions(PathOf("Good"), QFile::ReadOwner);
+    QFile::setPermissions(m_root.File(QStringLiteral("QXMaterial")),
+                          QFile::ReadOwner | QFile::ExeOwner);
+    const bool unprivileged = !QFile(PathOf("Good")).open(QIODevice::ReadWrite);
+    if (unprivileged) {
+        EXPECT_EQ(Manager()->SaveWork(), 0);
+        EXPECT_TRUE(Manager()->HasUnsavedChanges());
+        EXPECT_FALSE(CVorDPMManager::GetLastErrorText().isEmpty());
+    }
+    QFile::setPermissions(m_root.File(QStringLiteral("QXMaterial")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(PathOf("Good"), QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_EQ(Manager()->SaveWork(), 1);
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+}
+
+TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(PathOf("Good")).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    std::thread release([other] {
+        QThread::msleep(700);
+        sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
+    });
+    EXPECT_EQ(Manager()->SaveWork(), 1);
+    release.join();
+    sqlite3_close(other);
+    Reopen();
+    Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CKZList<CVorDPM_DPD_Property*> rows;
+    dpd->GetAllProperty(rows);
+    EXPECT_EQ(rows.GetCount(), 2);
+}
+
+// A writer killed at any moment of its save leaves the old or the new contents, never a mix.
+TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CVorDPM_DPD_Property* extra = AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    auto* product = new CVorDPM_DPD_Product;
+    product->SetName(QStringLiteral("p"));
+    dpd->AddProduct(product);
+    for (int i = 0; i < 30000; ++i) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetProductId(product->GetObjectId());
+        serial->SetValue(QStringLiteral("old"), extra->GetObjectId());
+        dpd->AddSerial(serial);
+    }
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    const QString writer =
+        qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
+    ASSERT_TRUE(QFile::exists(writer)) << writer.toStdString();
+    const int delaysMs[] = {0, 5, 20, 60, 150};
+    for (int round = 0; round < 5; ++round) {
+        const QString value = QStringLiteral("value%1").arg(round);
+        QProcess child;
+        child.start(writer,
+                    {m_root.Path(), QStringLiteral("QXMaterial"), QStringLiteral("Good"), value});
+        ASSERT_TRUE(child.waitForStarted());
+        while (!child.canReadLine() && child.state() == QProcess::Running)
+            child.waitForReadyRead(50);
+        QThread::msleep(delaysMs[round]);
+        child.kill();
+        child.waitForFinished();
+        const QStringList checked = CheckedValues(PathOf("Good"));
+        ASSERT_GE(checked.size(), 2) << "round " << round;
+        EXPECT_EQ(checked[0], QStringLiteral("ok")) << "round " << round;
+        EXPECT_EQ(checked.size(), 2) << "mixed contents in round " << round;
+    }
+}

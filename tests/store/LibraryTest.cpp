@@ -1,0 +1,134 @@
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "StoreFixture.h"
+
+class LibraryTest : public StoreTest {};
+
+TEST_F(LibraryTest, LibrariesAreFoldersListedInCaseInsensitiveOrder) {
+    for (const char* name : {"b", "QXMEP", "a", "QXMaterial"}) MakeLibrary(QString::fromUtf8(name));
+    QDir(m_root.Path()).mkdir(QStringLiteral("not-a-library"));
+    Reopen();
+    QStringList names{QStringLiteral("kept")};
+    Manager()->GetAllLibraryName(names);
+    EXPECT_EQ(names, (QStringList{"kept", "a", "b", "QXMaterial", "QXMEP"}));
+    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("QXMEP/library.DPI"))));
+    CVorDPMLibraryManager* missing = nullptr;
+    EXPECT_NE(Manager()->GetLibrary(QStringLiteral("not-a-library"), missing), VOR::eOk);
+    EXPECT_EQ(missing, nullptr);
+}
+
+TEST_F(LibraryTest, CopyRenameAndRemoveWorkOnDiskAndRemoveGoesToTrash) {
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Steel"));
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("型钢"), catalog), VOR::eOk);
+
+    EXPECT_EQ(Manager()->CopyLibrary(QStringLiteral("Steel"), QStringLiteral("Steel2")), VOR::eOk);
+    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("Steel2/型钢.DPC"))));
+    EXPECT_EQ(Manager()->RenameLibrary(QStringLiteral("Steel2"), QStringLiteral("Copper")),
+              VOR::eOk);
+    CVorDPMLibraryManager* renamed = nullptr;
+    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("Copper"), renamed), VOR::eOk);
+    QStringList catalogs;
+    renamed->GetAllDPCName(catalogs);
+    EXPECT_EQ(catalogs, QStringList{QStringLiteral("型钢")});
+
+    EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Steel")), 1);
+    EXPECT_FALSE(QDir(m_root.File(QStringLiteral("Steel"))).exists());
+    const QStringList trashed = QDir(m_root.Home() + QStringLiteral("/data/Trash/files"))
+                                    .entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    EXPECT_EQ(trashed, QStringList{QStringLiteral("Steel")});
+    EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Steel")), 0);
+    QStringList names;
+    Manager()->GetAllLibraryName(names);
+    EXPECT_EQ(names, QStringList{QStringLiteral("Copper")});
+}
+
+TEST_F(LibraryTest, SwitchingTheRootDropsTheOldOneAndIsRemembered) {
+    MakeLibrary(QStringLiteral("Old"));
+    QTemporaryDir other;
+    ASSERT_EQ(Manager()->SetDPMLibraryRootPath(other.path()), 1);
+    QStringList names;
+    Manager()->GetAllLibraryName(names);
+    EXPECT_TRUE(names.isEmpty());
+    EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), QDir(other.path()).absolutePath());
+
+    qunsetenv("VORDPM_ROOT");
+    EXPECT_EQ(CVorDPMManager::InitialRootPath(), QDir(other.path()).absolutePath());
+    qputenv("VORDPM_ROOT", "/somewhere/else");
+    EXPECT_EQ(CVorDPMManager::InitialRootPath(), QStringLiteral("/somewhere/else"));
+    qunsetenv("VORDPM_ROOT");
+    EXPECT_EQ(Manager()->SetDPMLibraryRootPath(QString()), 0);
+    EXPECT_EQ(Manager()->SetDPMLibraryRootPath(QStringLiteral("/proc/no/such/place")), 0);
+}
+
+TEST_F(LibraryTest, InformationRecordAndProductCounts) {
+    CVorDPMLibraryManager* material = MakeLibrary(QStringLiteral("QXMaterial"));
+    CVorDPMLibraryManager* mep = MakeLibrary(QStringLiteral("QXMEP"));
+    MakeDefinition(material, QStringLiteral("Bolt"));
+    MakeDefinition(material, QStringLiteral("Nut"));
+    CVorDPMDPC* pipes = nullptr;
+    ASSERT_EQ(mep->CreateDPC(QStringLiteral("Pipes"), pipes), VOR::eOk);
+    for (const char* dpd : {"P1", "P2", "P3"}) {
+        auto* entry = new CVorDPM_DPC_Content;
+        entry->SetDPD(QString::fromUtf8(dpd));
+        ASSERT_EQ(pipes->AddContent(entry), VOR::eOk);
+    }
+    CVorDPMDPC* fasteners = nullptr;
+    ASSERT_EQ(material->CreateDPC(QStringLiteral("Fasteners"), fasteners), VOR::eOk);
+    for (int i = 0; i < 2; ++i) {  // the same catalog included twice counts once
+        auto* include = new CVorDPM_DPC_Include;
+        include->SetLibraryName(QStringLiteral("qxmep"));
+        include->SetDPCName(QStringLiteral("Pipes"));
+        ASSERT_EQ(fasteners->AddInclude(include), VOR::eOk);
+    }
+    EXPECT_EQ(material->GetLocalProductCount(), 2);
+    EXPECT_EQ(material->GetIncludeProductCount(), 3);
+
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(material->GetDPI()->GetInfo(info), VOR::eOk);
+    info->SetCompanyName(QStringLiteral("示例公司"));
+    info->SetProductCount(5);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    Reopen();
+    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), material), VOR::eOk);
+    ASSERT_EQ(material->GetDPI()->GetInfo(info), VOR::eOk);
+    EXPECT_EQ(info->GetCompanyName(), QStringLiteral("示例公司"));
+    EXPECT_EQ(info->GetProductCount(), 5);
+}
+
+TEST_F(LibraryTest, VersionsAreCheckedKeptAndOrdered) {
+    CVorDPMLibraryManager* library = MakeLibrary();
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("C"), catalog), VOR::eOk);
+    const auto version = [](double number) {
+        auto* record = new CVorDPM_Version;
+        record->SetVersion(number);
+        record->SetAuthor(QStringLiteral("张工"));
+        return record;
+    };
+    for (double number : {1.0, 1.2, 1.1}) {
+        CVorDPM_Version* record = version(number);
+        EXPECT_EQ(catalog->AddVersion(record), VOR::eOk);
+    }
+    CVorDPM_Version* duplicate = version(1.1);
+    EXPECT_EQ(catalog->AddVersion(duplicate), VOR::eNameExists);
+    CVorDPM_Version* zero = version(0.0);
+    EXPECT_EQ(catalog->AddVersion(zero), VOR::eRequiredEmpty);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    Reopen();
+    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), library), VOR::eOk);
+    ASSERT_EQ(library->GetDPC(QStringLiteral("C"), catalog), VOR::eOk);
+    CKZList<CVorDPM_Version*> all;
+    catalog->GetAllVersion(all);
+    ASSERT_EQ(all.GetCount(), 3);
+    EXPECT_EQ(all.GetAt(2)->GetVersion(), 1.1);  // table order, not number order
+    CVorDPM_Version* last = nullptr;
+    ASSERT_EQ(catalog->GetLastVersion(last), VOR::eOk);
+    EXPECT_EQ(last->GetVersion(), 1.2);
+    EXPECT_EQ(last->GetAuthor(), QStringLiteral("张工"));
+    CVorDPM_Version* found = nullptr;
+    EXPECT_NE(catalog->GetVersion(3.0, found), VOR::eOk);
+    EXPECT_EQ(found, nullptr);
+}

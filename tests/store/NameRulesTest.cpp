@@ -1,0 +1,139 @@
+#include <QDir>
+#include <QDirIterator>
+#include <functional>
+
+#include "StoreFixture.h"
+#include "VorDPMNames.h"
+
+namespace {
+
+const QStringList kBadNames = {
+    QString(),
+    QStringLiteral("."),
+    QStringLiteral(".."),
+    QStringLiteral("a/b"),
+    QStringLiteral("..\\up"),
+    QStringLiteral("../up"),
+    QStringLiteral("a:b"),
+    QStringLiteral("a*"),
+    QStringLiteral("wh?"),
+    QStringLiteral("say\"x\""),
+    QStringLiteral("<x>"),
+    QStringLiteral("a|b"),
+    QStringLiteral("tab\there"),
+    QStringLiteral("nl\nx"),
+    QStringLiteral("trailing."),
+    QStringLiteral("trailing "),
+    QStringLiteral("CON"),
+    QStringLiteral("lpt1.txt"),
+};
+
+QStringList FilesUnder(const QString& root) {
+    QStringList files;
+    QDirIterator it(root, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) files.append(it.next());
+    files.sort();
+    return files;
+}
+
+}  // namespace
+
+TEST(NameRules, AcceptsOrdinaryAndChineseNames) {
+    for (const QString& name :
+         {QStringLiteral("螺栓"), QStringLiteral("GB 5782-2000"), QStringLiteral("a.b"),
+          QStringLiteral("[x]"), QStringLiteral("COM10")})
+        EXPECT_TRUE(VorDPMNames::IsValidName(name)) << name.toStdString();
+}
+
+class BadNameTest : public StoreTest {};
+
+// Every operation that makes a file or folder from a name refuses names that are not portable
+// file names, and writes nothing.
+TEST_F(BadNameTest, EveryCreateCopyRenameRefusesAndWritesNothing) {
+    CVorDPMLibraryManager* library = MakeLibrary();
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("目录"), catalog), VOR::eOk);
+    MakeDefinition(library, QStringLiteral("Bolt"));
+    CVorDPMDPT* pattern = nullptr;
+    ASSERT_EQ(Manager()->GetTemplateManager()->CreateDPT(QStringLiteral("T"), pattern), VOR::eOk);
+    const QStringList before = FilesUnder(m_root.Path());
+
+    using Operation = std::function<int(const QString&)>;
+    const std::vector<std::pair<const char*, Operation>> operations = {
+        {"CreateLibrary",
+         [&](const QString& n) {
+             CVorDPMLibraryManager* l = nullptr;
+             return int(Manager()->CreateLibrary(n, l));
+         }},
+        {"CopyLibrary",
+         [&](const QString& n) {
+             return int(Manager()->CopyLibrary(QStringLiteral("QXMaterial"), n));
+         }},
+        {"RenameLibrary",
+         [&](const QString& n) {
+             return int(Manager()->RenameLibrary(QStringLiteral("QXMaterial"), n));
+         }},
+        {"CreateDPC",
+         [&](const QString& n) {
+             CVorDPMDPC* c = nullptr;
+             return int(library->CreateDPC(n, c));
+         }},
+        {"CopyDPC",
+         [&](const QString& n) { return int(library->CopyDPC(QStringLiteral("目录"), n)); }},
+        {"RenameDPC",
+         [&](const QString& n) { return int(library->RenameDPC(QStringLiteral("目录"), n)); }},
+        {"CreateDPD",
+         [&](const QString& n) {
+             CVorDPMDPD* d = nullptr;
+             return int(library->CreateDPD(n, d));
+         }},
+        {"CreateDPD from template",
+         [&](const QString& n) {
+             CVorDPMDPD* d = nullptr;
+             return int(library->CreateDPD(n, pattern, d));
+         }},
+        {"CopyDPD",
+         [&](const QString& n) { return int(library->CopyDPD(QStringLiteral("Bolt"), n)); }},
+        {"RenameDPD",
+         [&](const QString& n) { return int(library->RenameDPD(QStringLiteral("Bolt"), n)); }},
+        {"CopyDPDAsDPT",
+         [&](const QString& n) {
+             return int(library->CopyDPDAsDPT(QStringLiteral("Bolt"), n, QString()));
+         }},
+        {"CreateDPT",
+         [&](const QString& n) {
+             CVorDPMDPT* t = nullptr;
+             return int(Manager()->GetTemplateManager()->CreateDPT(n, t));
+         }},
+        {"RenameDPT",
+         [&](const QString& n) {
+             return int(Manager()->GetTemplateManager()->RenameDPT(QStringLiteral("T"), n));
+         }},
+        {"CopyDPT",
+         [&](const QString& n) {
+             return int(Manager()->GetTemplateManager()->CopyDPT(QStringLiteral("T"), n));
+         }},
+    };
+    for (const auto& [label, operation] : operations)
+        for (const QString& name : kBadNames)
+            EXPECT_NE(operation(name), VOR::eOk)
+                << label << " accepted \"" << name.toStdString() << '"';
+    EXPECT_EQ(FilesUnder(m_root.Path()), before);
+    EXPECT_EQ(FilesUnder(m_root.Home() + QStringLiteral("/data")), QStringList());
+}
+
+TEST_F(BadNameTest, ExistingNamesAreRefusedWithoutRegardToCase) {
+    CVorDPMLibraryManager* library = MakeLibrary();
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("Pipes"), catalog), VOR::eOk);
+    EXPECT_EQ(library->CreateDPC(QStringLiteral("PIPES"), catalog), VOR::eNameExists);
+    CVorDPMLibraryManager* other = nullptr;
+    EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("qxmaterial"), other), VOR::eNameExists);
+    EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("templates"), other), VOR::eNameExists);
+    // A rename that only changes the letter case is allowed.
+    EXPECT_EQ(library->RenameDPC(QStringLiteral("Pipes"), QStringLiteral("PIPES")), VOR::eOk);
+    QStringList names;
+    library->GetAllDPCName(names);
+    EXPECT_EQ(names, QStringList{QStringLiteral("PIPES")});
+}
