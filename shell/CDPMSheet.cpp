@@ -25,7 +25,9 @@ CVorDPMPropertPageBase* CDPMSheet::GetPage(int index) const {
     return m_pages[index];
 }
 
-CVorDPMPropertPageBase* CDPMSheet::GetActivePage() const { return GetPage(currentIndex()); }
+CVorDPMPropertPageBase* CDPMSheet::GetActivePage() const {
+    return GetPage(currentIndex());
+}
 
 void CDPMSheet::UpdateCommandUi() {
     for (CVorDPMPropertPageBase* page : m_pages) page->UpdateCommandUi();

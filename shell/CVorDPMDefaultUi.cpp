@@ -35,4 +35,6 @@ QString CVorDPMDefaultUi::ExistingDirectory(QWidget* parent, const QString& capt
     return QFileDialog::getExistingDirectory(parent, caption, start);
 }
 
-int CVorDPMDefaultUi::Exec(QDialog* dialog) { return dialog->exec(); }
+int CVorDPMDefaultUi::Exec(QDialog* dialog) {
+    return dialog->exec();
+}

@@ -4,7 +4,9 @@ CVorDPMPropertPageBase::CVorDPMPropertPageBase(int templateId, const QString& ca
                                                QWidget* parent)
     : QWidget(parent), m_templateId(templateId), m_caption(caption), m_resizer(this) {}
 
-int CVorDPMPropertPageBase::SetCurrentPath(const QString&) { return 1; }
+int CVorDPMPropertPageBase::SetCurrentPath(const QString&) {
+    return 1;
+}
 
 void CVorDPMPropertPageBase::InitialiseOnce() {
     if (m_initialised) return;

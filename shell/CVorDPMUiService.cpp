@@ -13,7 +13,9 @@ CVorDPMUiService* CVorDPMUiService::Instance() {
     return g_installed ? g_installed : &real;
 }
 
-void CVorDPMUiService::Install(CVorDPMUiService* service) { g_installed = service; }
+void CVorDPMUiService::Install(CVorDPMUiService* service) {
+    g_installed = service;
+}
 
 void CVorDPMUiService::ShowMessage(QWidget* parent, const QString& text, const QString& caption) {
     Ask(parent, text, caption, QMessageBox::Ok);

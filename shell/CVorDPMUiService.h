@@ -25,8 +25,10 @@ public:
     virtual bool InputText(QWidget* parent, const QString& title, const QString& prompt,
                            QString& text) = 0;
     // File dialogs; an empty result means cancelled. `filter` uses Qt's "Name (*.x)" form.
-    virtual QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) = 0;
-    virtual QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) = 0;
+    virtual QString OpenFileName(QWidget* parent, const QString& caption,
+                                 const QString& filter) = 0;
+    virtual QString SaveFileName(QWidget* parent, const QString& caption,
+                                 const QString& filter) = 0;
     virtual QString ExistingDirectory(QWidget* parent, const QString& caption,
                                       const QString& start) = 0;
     // Runs a nested modal dialog and returns its result code.
