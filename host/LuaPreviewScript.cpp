@@ -1,0 +1,204 @@
+#include "LuaPreviewScript.h"
+
+#include <cmath>
+#include <lua.hpp>
+#include <vector>
+
+// Lua reports errors by longjmp, which skips C++ destructors: every function below that can
+// raise an error reads and checks all its arguments into plain values first and only then
+// builds the primitive, when nothing can fail any more.
+
+namespace {
+
+// Far more than any real preview draws; keeps a looping script from filling the host's memory,
+// which the sandbox's limit does not cover.
+constexpr int kMaxPrimitives = 100'000;
+
+PreviewDrawing* CheckRoom(lua_State* state) {
+    auto* drawing = static_cast<PreviewDrawing*>(lua_touserdata(state, lua_upvalueindex(1)));
+    if (drawing->Primitives().size() >= kMaxPrimitives)
+        luaL_error(state, "more than %d drawing calls", kMaxPrimitives);
+    return drawing;
+}
+
+double CheckNumber(lua_State* state, int arg) {
+    const double value = luaL_checknumber(state, arg);
+    luaL_argcheck(state, std::isfinite(value), arg, "finite number expected");
+    return value;
+}
+
+double CheckRadius(lua_State* state, int arg) {
+    const double radius = CheckNumber(state, arg);
+    luaL_argcheck(state, radius >= 0, arg, "radius must not be negative");
+    return radius;
+}
+
+// The sweep runs counter-clockwise from the start to the end angle, in (0, 360]: equal angles
+// make a full circle.
+double SweepBetween(double start, double end) {
+    const double sweep = std::fmod(end - start, 360.0);
+    return sweep > 0 ? sweep : sweep + 360.0;
+}
+
+// polyline{...} and polygon{...} take a flat list x1, y1, x2, y2, ...; raw access, so that no
+// metamethod runs. Returns the number of points.
+int CheckVertices(lua_State* state, int minimumPoints) {
+    luaL_checktype(state, 1, LUA_TTABLE);
+    const lua_Unsigned count = lua_rawlen(state, 1);
+    luaL_argcheck(state, count % 2 == 0, 1, "an even number of coordinates expected");
+    luaL_argcheck(state, count >= lua_Unsigned(2 * minimumPoints), 1, "too few points");
+    for (lua_Unsigned i = 1; i <= count; ++i) {
+        lua_rawgeti(state, 1, lua_Integer(i));
+        int isNumber = 0;
+        const double value = lua_tonumberx(state, -1, &isNumber);
+        lua_pop(state, 1);
+        if (!isNumber || !std::isfinite(value))
+            luaL_error(state, "coordinate %d is not a finite number", int(i));
+    }
+    return int(count / 2);
+}
+
+QVector<QPointF> Vertices(lua_State* state, int points) {
+    QVector<QPointF> vertices;
+    vertices.reserve(points);
+    for (int i = 0; i < points; ++i) {
+        lua_rawgeti(state, 1, 2 * i + 1);
+        lua_rawgeti(state, 1, 2 * i + 2);
+        vertices.append(QPointF(lua_tonumber(state, -2), lua_tonumber(state, -1)));
+        lua_pop(state, 2);
+    }
+    return vertices;
+}
+
+int DrawLine(lua_State* state) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const double x1 = CheckNumber(state, 1), y1 = CheckNumber(state, 2);
+    const double x2 = CheckNumber(state, 3), y2 = CheckNumber(state, 4);
+    drawing->Add({PreviewPrimitive::Line, {QPointF(x1, y1), QPointF(x2, y2)}});
+    return 0;
+}
+
+int DrawRect(lua_State* state) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
+    const double w = CheckNumber(state, 3), h = CheckNumber(state, 4);
+    drawing->Add({PreviewPrimitive::Rect, {QPointF(x, y), QPointF(x + w, y + h)}});
+    return 0;
+}
+
+int DrawCircle(lua_State* state) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
+    const double radius = CheckRadius(state, 3);
+    drawing->Add({PreviewPrimitive::Circle, {QPointF(x, y)}, radius});
+    return 0;
+}
+
+int DrawArc(lua_State* state) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
+    const double radius = CheckRadius(state, 3);
+    const double start = CheckNumber(state, 4), end = CheckNumber(state, 5);
+    drawing->Add({PreviewPrimitive::Arc, {QPointF(x, y)}, radius, start, SweepBetween(start, end)});
+    return 0;
+}
+
+int DrawVertices(lua_State* state, PreviewPrimitive::Kind kind, int minimumPoints) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const int points = CheckVertices(state, minimumPoints);
+    drawing->Add({kind, Vertices(state, points)});
+    return 0;
+}
+
+int DrawPolyline(lua_State* state) {
+    return DrawVertices(state, PreviewPrimitive::Polyline, 2);
+}
+
+int DrawPolygon(lua_State* state) {
+    return DrawVertices(state, PreviewPrimitive::Polygon, 3);
+}
+
+int DrawText(lua_State* state) {
+    PreviewDrawing* drawing = CheckRoom(state);
+    const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
+    const char* utf8 = luaL_checkstring(state, 3);
+    drawing->Add({PreviewPrimitive::Text, {QPointF(x, y)}, 0, 0, 0, QString::fromUtf8(utf8)});
+    return 0;
+}
+
+const luaL_Reg kDrawingCalls[] = {
+    {"line", DrawLine}, {"rect", DrawRect},         {"circle", DrawCircle},
+    {"arc", DrawArc},   {"polyline", DrawPolyline}, {"polygon", DrawPolygon},
+    {"text", DrawText}, {nullptr, nullptr},
+};
+
+// A parameter prepared outside Lua, so that setting it up creates no C++ object in a Lua frame.
+struct Global {
+    QByteArray name;
+    emVorDPM_VALUETYPE type;
+    lua_Integer integer;
+    double real;
+    QByteArray text;
+};
+
+struct Setup {
+    std::vector<Global> globals;
+    PreviewDrawing* drawing;
+};
+
+std::vector<Global> PrepareGlobals(const std::map<QString, _struParam>& params,
+                                   const std::map<int, tagVorDPM_Value>& values) {
+    std::vector<Global> globals;
+    for (const auto& [name, param] : params) {
+        const auto value = values.find(param.index);
+        if (value == values.end()) continue;
+        const tagVorDPM_Value& v = value->second;
+        globals.push_back(
+            {name.toUtf8(), v.type, v.intValue, v.doubleValue, v.stringValue.toUtf8()});
+    }
+    return globals;
+}
+
+void PushGlobal(lua_State* state, const Global& global) {
+    switch (global.type) {
+        case emVorDPM_VALUETYPE_INT:
+            lua_pushinteger(state, global.integer);
+            return;
+        case emVorDPM_VALUETYPE_DOUBLE:
+            lua_pushnumber(state, global.real);
+            return;
+        case emVorDPM_VALUETYPE_STRING:
+            lua_pushlstring(state, global.text.constData(), global.text.size());
+            return;
+        default:
+            lua_pushnil(state);
+    }
+}
+
+// Run protected: sets the parameters, then the drawing calls, so that a parameter cannot hide
+// a drawing call.
+int InstallGlobals(lua_State* state) {
+    const auto* setup = static_cast<const Setup*>(lua_touserdata(state, 1));
+    for (const Global& global : setup->globals) {
+        PushGlobal(state, global);
+        lua_setglobal(state, global.name.constData());
+    }
+    lua_pushglobaltable(state);
+    lua_pushlightuserdata(state, setup->drawing);
+    luaL_setfuncs(state, kDrawingCalls, 1);
+    return 0;
+}
+
+}  // namespace
+
+LuaPreviewScript::Result LuaPreviewScript::Run(const QByteArray& script,
+                                               const std::map<QString, _struParam>& params,
+                                               const std::map<int, tagVorDPM_Value>& values,
+                                               const LuaSandbox::Limits& limits) {
+    Result result;
+    const Setup setup{PrepareGlobals(params, values), &result.drawing};
+    LuaSandbox sandbox(limits);
+    sandbox.Protected(&InstallGlobals, const_cast<Setup*>(&setup));
+    result.error = sandbox.Run(script, "=preview");
+    return result;
+}

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QWidget>
+
+#include "HostPreview.h"
+
+namespace {
+
+class HostPreviewTest : public ::testing::Test {
+protected:
+    void TearDown() override { HostPreview::Close(); }
+
+    static void Draw(QWidget* parent, const QRect& rect, const char* script,
+                     const std::map<QString, _struParam>& params = {},
+                     const std::map<int, tagVorDPM_Value>& values = {}) {
+        HostPreview::Draw(rect, parent, QStringLiteral("{request}"), script, params, values);
+    }
+
+    QWidget window;
+};
+
+TEST_F(HostPreviewTest, DrawPlacesAChildAtTheRectangleMoveFollowsCloseRemoves) {
+    Draw(&window, QRect(10, 20, 200, 100), "line(0, 0, 10, 10)");
+    PreviewWidget* preview = HostPreview::Current();
+    ASSERT_NE(preview, nullptr);
+    EXPECT_EQ(preview->parentWidget(), &window);
+    EXPECT_EQ(preview->geometry(), QRect(10, 20, 200, 100));
+    EXPECT_TRUE(preview->Message().isEmpty()) << preview->Message().toStdString();
+
+    HostPreview::Move(QRect(30, 40, 120, 90));
+    EXPECT_EQ(preview->geometry(), QRect(30, 40, 120, 90));
+
+    // A second preview in the same window reuses the area.
+    Draw(&window, QRect(1, 2, 50, 60), "circle(0, 0, 1)");
+    EXPECT_EQ(HostPreview::Current(), preview);
+    EXPECT_EQ(window.findChildren<PreviewWidget*>().size(), 1);
+    EXPECT_EQ(preview->geometry(), QRect(1, 2, 50, 60));
+
+    HostPreview::Close();
+    EXPECT_EQ(HostPreview::Current(), nullptr);
+    EXPECT_TRUE(window.findChildren<PreviewWidget*>().isEmpty());
+    HostPreview::Move(QRect(0, 0, 5, 5));  // nothing left to move
+    HostPreview::Close();
+}
+
+TEST_F(HostPreviewTest, APreviewForAnotherWindowLeavesTheFirstOne) {
+    QWidget other;
+    Draw(&window, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    Draw(&other, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    EXPECT_TRUE(window.findChildren<PreviewWidget*>().isEmpty());
+    EXPECT_EQ(other.findChildren<PreviewWidget*>().size(), 1);
+}
+
+TEST_F(HostPreviewTest, AWindowClosedFirstTakesThePreviewWithIt) {
+    auto* editor = new QWidget;
+    Draw(editor, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    delete editor;
+    EXPECT_EQ(HostPreview::Current(), nullptr);
+    HostPreview::Move(QRect(0, 0, 5, 5));
+}
+
+TEST_F(HostPreviewTest, FailuresAreShownAsTextInTheArea) {
+    const std::pair<const char*, QString> cases[] = {
+        {"line(0, 0", QStringLiteral("脚本错误：")},
+        {"while true do end", QStringLiteral("脚本运行时间过长，已停止。")},
+        {"os.exit(1)", QStringLiteral("脚本错误：")},
+        {"", QStringLiteral("脚本没有绘制任何图形。")},
+        {nullptr, QStringLiteral("脚本没有绘制任何图形。")},
+    };
+    for (const auto& [script, expected] : cases) {
+        Draw(&window, QRect(0, 0, 300, 200), script);
+        ASSERT_NE(HostPreview::Current(), nullptr);
+        EXPECT_TRUE(HostPreview::Current()->Message().startsWith(expected))
+            << HostPreview::Current()->Message().toStdString();
+        EXPECT_TRUE(HostPreview::Current()->isVisibleTo(&window));
+    }
+}
+
+TEST_F(HostPreviewTest, WithoutAWindowNothingIsDrawn) {
+    Draw(nullptr, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    EXPECT_EQ(HostPreview::Current(), nullptr);
+}
+
+int DarkPixelsInRow(const QImage& image, int y) {
+    int dark = 0;
+    for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 128;
+    return dark;
+}
+
+TEST_F(HostPreviewTest, TheDrawingIsPaintedAcrossTheAreaWithTheParameters) {
+    tagVorDPM_Value length;
+    length = 500;
+    // A horizontal line as long as the parameter says, which the fit spreads over the width.
+    Draw(&window, QRect(0, 0, 200, 101), "line(0, 0, l, 0)", {{QStringLiteral("l"), {0, 0}}},
+         {{0, length}});
+    const QImage image = HostPreview::Current()->grab().toImage();
+    const int middle = image.height() / 2;
+    const int onLine = std::max({DarkPixelsInRow(image, middle - 1), DarkPixelsInRow(image, middle),
+                                 DarkPixelsInRow(image, middle + 1)});
+    EXPECT_GT(onLine, 150);
+    EXPECT_LT(DarkPixelsInRow(image, 20), 5);
+}
+
+}  // namespace

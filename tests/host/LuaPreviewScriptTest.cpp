@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "LuaPreviewScript.h"
+
+namespace {
+
+LuaPreviewScript::Result Run(const QByteArray& script,
+                             const std::map<QString, _struParam>& params = {},
+                             const std::map<int, tagVorDPM_Value>& values = {},
+                             const LuaSandbox::Limits& limits = {}) {
+    return LuaPreviewScript::Run(script, params, values, limits);
+}
+
+using P = PreviewPrimitive;
+
+TEST(LuaPreviewScript, EachDrawingCallRecordsItsPrimitive) {
+    struct Case {
+        QByteArray script;
+        PreviewPrimitive expected;
+    };
+    const Case cases[] = {
+        {"line(1, 2, 3, 4)", P(P::Line, {{1, 2}, {3, 4}})},
+        {"rect(1, 2, 3, 4)", P(P::Rect, {{1, 2}, {4, 6}})},
+        {"circle(1, 2, 3)", P(P::Circle, {{1, 2}}, 3)},
+        {"arc(0, 0, 5, 30, 120)", P(P::Arc, {{0, 0}}, 5, 30, 90)},
+        {"arc(0, 0, 5, 300, 30)", P(P::Arc, {{0, 0}}, 5, 300, 90)},
+        {"arc(0, 0, 5, 90, 0)", P(P::Arc, {{0, 0}}, 5, 90, 270)},
+        {"arc(0, 0, 5, 45, 45)", P(P::Arc, {{0, 0}}, 5, 45, 360)},
+        {"polyline{0, 0, 1, 1, 2, 0}", P(P::Polyline, {{0, 0}, {1, 1}, {2, 0}})},
+        {"polygon{0, 0, 1, 0, 0, 1}", P(P::Polygon, {{0, 0}, {1, 0}, {0, 1}})},
+        {"text(1, 2, 'M12')", P(P::Text, {{1, 2}}, 0, 0, 0, QStringLiteral("M12"))},
+        {"text(0, 0, '六角头螺栓')", P(P::Text, {{0, 0}}, 0, 0, 0, QStringLiteral("六角头螺栓"))},
+        {"text(0, 0, 8)", P(P::Text, {{0, 0}}, 0, 0, 0, QStringLiteral("8"))},
+    };
+    for (const Case& c : cases) {
+        const auto result = Run(c.script);
+        EXPECT_TRUE(result.error.isEmpty())
+            << c.script.data() << ": " << result.error.toStdString();
+        ASSERT_EQ(result.drawing.Primitives().size(), 1) << c.script.data();
+        EXPECT_EQ(result.drawing.Primitives().first(), c.expected) << c.script.data();
+    }
+}
+
+TEST(LuaPreviewScript, BadArgumentsStopTheScriptWithTheReason) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"line(1, 2, 3)", "bad argument #4 to 'line'"},
+        {"rect(0, 0, 'wide', 1)", "bad argument #3 to 'rect'"},
+        {"circle(0, 0, -1)", "radius must not be negative"},
+        {"line(0, 0, 1/0, 1)", "finite number expected"},
+        {"polyline{0, 0, 1}", "even number of coordinates"},
+        {"polyline{0, 0}", "too few points"},
+        {"polygon{0, 0, 1, 1}", "too few points"},
+        {"polyline{0, 0, 'x', 1}", "coordinate 3 is not a finite number"},
+        {"polygon(1, 2, 3)", "table expected"},
+        {"text(0, 0)", "bad argument #3 to 'text'"},
+    };
+    for (const auto& [script, reason] : cases) {
+        const auto result = Run(script);
+        EXPECT_TRUE(result.error.startsWith(QStringLiteral("脚本错误：")))
+            << result.error.toStdString();
+        EXPECT_TRUE(result.error.contains(reason))
+            << script.data() << ": " << result.error.toStdString();
+        EXPECT_TRUE(result.drawing.IsEmpty()) << script.data();
+    }
+}
+
+TEST(LuaPreviewScript, ParametersAreGlobalsOfTheirNameWithTheValueAtTheirIndex) {
+    tagVorDPM_Value integer, real, text;
+    integer = 12;
+    real = 2.5;
+    text = QStringLiteral("M12×1.5");
+    // Indexes deliberately differ from the names' order.
+    const std::map<QString, _struParam> params{{QStringLiteral("d"), {0, 2}},
+                                               {QStringLiteral("k"), {1, 0}},
+                                               {QStringLiteral("name"), {-1, 1}},
+                                               {QStringLiteral("absent"), {0, 7}}};
+    const std::map<int, tagVorDPM_Value> values{{0, real}, {1, text}, {2, integer}};
+    const auto result =
+        Run("for _, v in ipairs{d, k, name, absent or false} do text(0, 0, math.type(v) or "
+            "type(v)) end "
+            "text(0, 0, tostring(d) .. ' ' .. tostring(k) .. ' ' .. name)",
+            params, values);
+    ASSERT_TRUE(result.error.isEmpty()) << result.error.toStdString();
+    QStringList texts;
+    for (const PreviewPrimitive& primitive : result.drawing.Primitives()) texts << primitive.text;
+    EXPECT_EQ(texts, (QStringList{"integer", "float", "string", "boolean", "12 2.5 M12×1.5"}));
+}
+
+TEST(LuaPreviewScript, ADrawingCallCannotBeHiddenByAParameter) {
+    tagVorDPM_Value value;
+    value = 3;
+    const auto result = Run("line(0, 0, 1, 1)", {{QStringLiteral("line"), {0, 0}}}, {{0, value}});
+    EXPECT_TRUE(result.error.isEmpty()) << result.error.toStdString();
+    EXPECT_EQ(result.drawing.Primitives().size(), 1);
+}
+
+TEST(LuaPreviewScript, ScriptsReachNoFileProcessModuleOrBytecode) {
+    QTemporaryDir dir;
+    const QString target = dir.filePath(QStringLiteral("made-by-script"));
+    const QByteArray quoted = "'" + target.toUtf8() + "'";
+    const QByteArray attempts[] = {
+        "io.open(" + quoted + ", 'w'):write('x')",
+        "io.output(" + quoted + ")",
+        "os.execute('touch ' .. " + quoted + ")",
+        "os.rename('/etc/hostname', " + quoted + ")",
+        "require('io')",
+        "dofile(" + quoted + ")",
+        "loadfile(" + quoted + ")",
+        "load('x = 1')",
+        "debug.sethook()",
+        "package.loadlib('libc.so.6', 'system')",
+        "string.dump(function() end)",
+        "collectgarbage('stop')",
+        "print('x')",
+        "('a'):rep(40):find(('.-'):rep(20) .. 'b')",
+        "\x1bLua binary chunk",
+    };
+    for (const QByteArray& attempt : attempts) {
+        const auto result = Run(attempt);
+        EXPECT_TRUE(result.error.startsWith(QStringLiteral("脚本错误：")))
+            << attempt.data() << ": " << result.error.toStdString();
+        EXPECT_FALSE(QFile::exists(target)) << attempt.data();
+    }
+    EXPECT_TRUE(QDir(dir.path()).isEmpty());
+}
+
+TEST(LuaPreviewScript, RunawayScriptsAreStoppedQuickly) {
+    const QByteArray loops[] = {
+        "while true do end",
+        "local function f() return f() end f()",
+        // Catching the stop with pcall does not let a script go on.
+        "while true do pcall(function() while true do end end) end",
+        "while true do xpcall(function() while true do end end, function() while true do end end) "
+        "end",
+    };
+    for (const QByteArray& loop : loops) {
+        QElapsedTimer timer;
+        timer.start();
+        const auto result = Run(loop);
+        EXPECT_EQ(result.error, QStringLiteral("脚本运行时间过长，已停止。")) << loop.data();
+        EXPECT_LT(timer.elapsed(), 2000) << loop.data();
+    }
+}
+
+TEST(LuaPreviewScript, ScriptsThatGrowWithoutEndAreStoppedByTheMemoryLimit) {
+    const QByteArray growers[] = {
+        "local t = {} while true do t[#t + 1] = 1 end",
+        "local s = ('x'):rep(1e9)",
+        "local s = 'x' while true do s = s .. s end",
+    };
+    for (const QByteArray& grower : growers) {
+        QElapsedTimer timer;
+        timer.start();
+        const auto result = Run(grower);
+        EXPECT_EQ(result.error, QStringLiteral("脚本占用内存过多，已停止。")) << grower.data();
+        EXPECT_LT(timer.elapsed(), 2000) << grower.data();
+    }
+}
+
+TEST(LuaPreviewScript, TooSmallAMemoryLimitFailsTheRunInsteadOfTheProcess) {
+    for (std::size_t bytes : {std::size_t(0), std::size_t(2000), std::size_t(20000)}) {
+        const auto result = Run("line(0, 0, 1, 1)", {}, {}, {bytes, 1000});
+        EXPECT_EQ(result.error, QStringLiteral("脚本占用内存过多，已停止。")) << bytes;
+    }
+}
+
+TEST(LuaPreviewScript, EndlessDrawingIsCutOff) {
+    const auto result = Run("while true do line(0, 0, 1, 1) end", {}, {}, {64 << 20, 100'000'000});
+    EXPECT_TRUE(result.error.contains(QStringLiteral("more than 100000 drawing calls")))
+        << result.error.toStdString();
+    EXPECT_EQ(result.drawing.Primitives().size(), 100'000);
+}
+
+TEST(LuaPreviewScript, SyntaxAndRuntimeErrorsNameTheirLine) {
+    const std::pair<QByteArray, QString> cases[] = {
+        {"line(0, 0, 1, 1)\nline(0, 0", "preview:2:"},
+        {"local bolt = nil\n\nline(0, 0, bolt.d, 1)", "preview:3: attempt to index a nil value"},
+        {"error('kaputt')", "preview:1: kaputt"},
+        {"error({})", "未知错误"},
+    };
+    for (const auto& [script, expected] : cases) {
+        const auto result = Run(script);
+        EXPECT_TRUE(result.error.contains(expected)) << result.error.toStdString();
+    }
+}
+
+TEST(LuaPreviewScript, WhatWasDrawnBeforeAnErrorIsKept) {
+    const auto result = Run("line(0, 0, 1, 1)\ncircle(0, 0, 2)\nerror('late')");
+    EXPECT_FALSE(result.error.isEmpty());
+    EXPECT_EQ(result.drawing.Primitives().size(), 2);
+}
+
+}  // namespace

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+#include "CVorDPMManager.h"
+#include "HostPrompt.h"
+#include "PendingWork.h"
+#include "support/TempRoot.h"
+
+namespace {
+
+class ScriptedPrompt : public HostPrompt {
+public:
+    explicit ScriptedPrompt(bool save) : m_save(save) {}
+    bool AskSaveChanges() override {
+        ++questions;
+        return m_save;
+    }
+    void ShowError(const QString& text) override { errors << text; }
+
+    int questions = 0;
+    QStringList errors;
+
+private:
+    bool m_save;
+};
+
+class PendingWorkTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        CVorDPMLibraryManager* library = nullptr;
+        ASSERT_EQ(store->CreateLibrary(QStringLiteral("QXMaterial"), library), VOR::eOk);
+        ASSERT_EQ(store->SaveWork(), 1);
+    }
+
+    static CVorDPM_DPI_Info* Info() {
+        CVorDPMLibraryManager* library = nullptr;
+        CVorDPM_DPI_Info* info = nullptr;
+        if (store->GetLibrary(QStringLiteral("QXMaterial"), library) != VOR::eOk) return nullptr;
+        if (!library->GetDPI() || library->GetDPI()->GetInfo(info) != VOR::eOk) return nullptr;
+        return info;
+    }
+
+    // What is on disk, read again after dropping everything loaded.
+    static QString SavedCompany() {
+        store->DiscardChanges();
+        CVorDPM_DPI_Info* info = Info();
+        return info ? info->GetCompanyName() : QStringLiteral("<unreadable>");
+    }
+
+    static void ChangeCompany() {
+        CVorDPM_DPI_Info* info = Info();
+        ASSERT_NE(info, nullptr);
+        info->SetCompanyName(QStringLiteral("青霞标准件"));
+        ASSERT_TRUE(store->HasUnsavedChanges());
+    }
+
+    TempRoot root;
+    static inline CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
+};
+
+TEST_F(PendingWorkTest, YesSavesTheChanges) {
+    ChangeCompany();
+    ScriptedPrompt prompt(true);
+    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
+    EXPECT_EQ(prompt.questions, 1);
+    EXPECT_FALSE(store->HasUnsavedChanges());
+    EXPECT_EQ(SavedCompany(), QStringLiteral("青霞标准件"));
+}
+
+TEST_F(PendingWorkTest, NoDropsTheChanges) {
+    ChangeCompany();
+    ScriptedPrompt prompt(false);
+    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
+    EXPECT_EQ(prompt.questions, 1);
+    EXPECT_FALSE(store->HasUnsavedChanges());
+    EXPECT_EQ(SavedCompany(), QString());
+}
+
+TEST_F(PendingWorkTest, NothingPendingAsksNothing) {
+    ScriptedPrompt prompt(true);
+    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
+    EXPECT_EQ(prompt.questions, 0);
+}
+
+TEST_F(PendingWorkTest, AFailedSaveIsReportedWithTheStoresReason) {
+    ChangeCompany();
+    // The library's folder is replaced by a plain file, so no write can succeed, not even as
+    // the superuser.
+    const QString folder = root.File(QStringLiteral("QXMaterial"));
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    QFile blocker(folder);
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+
+    ScriptedPrompt prompt(true);
+    EXPECT_FALSE(PendingWork::Finish(*store, prompt));
+    ASSERT_EQ(prompt.errors.size(), 1);
+    EXPECT_TRUE(prompt.errors.first().startsWith(QStringLiteral("保存失败：")));
+    EXPECT_GT(prompt.errors.first().size(), QStringLiteral("保存失败：").size());
+    EXPECT_EQ(prompt.errors.first().mid(5), CVorDPMManager::GetLastErrorText());
+}
+
+}  // namespace

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include "PreviewDrawing.h"
+#include "PreviewFit.h"
+
+namespace {
+
+using P = PreviewPrimitive;
+
+void ExpectBox(const QRectF& box, double left, double bottom, double right, double top) {
+    constexpr double kTolerance = 0.01;
+    EXPECT_NEAR(box.left(), left, kTolerance);
+    EXPECT_NEAR(box.top(), bottom, kTolerance);  // the smallest y: the box's lower edge
+    EXPECT_NEAR(box.right(), right, kTolerance);
+    EXPECT_NEAR(box.bottom(), top, kTolerance);
+}
+
+TEST(PreviewDrawing, TheBoxHoldsEverythingDrawn) {
+    struct Case {
+        const char* what;
+        QVector<PreviewPrimitive> primitives;
+        double left, bottom, right, top;
+    };
+    const Case cases[] = {
+        {"line", {P(P::Line, {{3, 4}, {-1, 2}})}, -1, 2, 3, 4},
+        {"rect of negative size", {P(P::Rect, {{5, 5}, {2, 1}})}, 2, 1, 5, 5},
+        {"circle", {P(P::Circle, {{1, 2}}, 3)}, -2, -1, 4, 5},
+        {"quarter arc", {P(P::Arc, {{0, 0}}, 10, 0, 90)}, 0, 0, 10, 10},
+        {"arc over the top", {P(P::Arc, {{0, 0}}, 10, 45, 90)}, -7.071, 7.071, 7.071, 10},
+        {"arc wrapping past 0°", {P(P::Arc, {{0, 0}}, 10, 270, 180)}, 0, -10, 10, 10},
+        {"text counts by its anchor", {P(P::Text, {{7, 8}}, 0, 0, 0, "M12")}, 7, 8, 7, 8},
+        {"several",
+         {P(P::Line, {{0, 0}, {1, 1}}), P(P::Polygon, {{5, -3}, {6, 0}, {4, 0}}),
+          P(P::Polyline, {{-2, 9}, {0, 0}})},
+         -2,
+         -3,
+         6,
+         9},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        PreviewDrawing drawing;
+        for (const PreviewPrimitive& primitive : c.primitives) drawing.Add(primitive);
+        ExpectBox(drawing.BoundingBox(), c.left, c.bottom, c.right, c.top);
+    }
+}
+
+TEST(PreviewDrawing, ArcPointsRunCounterClockwiseFromStartToEnd) {
+    const QVector<QPointF> points = PreviewDrawing::ArcPoints(P(P::Arc, {{1, 1}}, 2, 0, 90));
+    ASSERT_GE(points.size(), 2);
+    EXPECT_NEAR(points.first().x(), 3, 1e-9);
+    EXPECT_NEAR(points.first().y(), 1, 1e-9);
+    EXPECT_NEAR(points.last().x(), 1, 1e-9);
+    EXPECT_NEAR(points.last().y(), 3, 1e-9);
+    EXPECT_GT(points[1].y(), points[0].y());  // y up: counter-clockwise goes upwards first
+}
+
+TEST(PreviewFit, KeepsTheAspectRatioCentresAndLeavesAMargin) {
+    struct Case {
+        QRectF box;
+        QRectF area;
+    };
+    const Case cases[] = {
+        {QRectF(0, 0, 100, 50), QRectF(0, 0, 400, 400)},
+        {QRectF(-5, 10, 10, 100), QRectF(20, 30, 400, 200)},
+        {QRectF(1000, 1000, 0.5, 0.25), QRectF(0, 0, 300, 300)},
+    };
+    for (const Case& c : cases) {
+        const QTransform fit = PreviewFit::Transform(c.box, c.area);
+        const QRectF mapped = fit.mapRect(c.box);
+        EXPECT_NEAR(mapped.width() / mapped.height(), c.box.width() / c.box.height(), 1e-9);
+        EXPECT_NEAR(mapped.center().x(), c.area.center().x(), 1e-6);
+        EXPECT_NEAR(mapped.center().y(), c.area.center().y(), 1e-6);
+        const double margin =
+            std::min(c.area.width(), c.area.height()) * PreviewFit::kMarginFraction;
+        EXPECT_TRUE(c.area.adjusted(margin, margin, -margin, -margin)
+                        .adjusted(-1e-6, -1e-6, 1e-6, 1e-6)
+                        .contains(mapped));
+        // The box fills the room in one direction.
+        EXPECT_TRUE(std::abs(mapped.width() - (c.area.width() - 2 * margin)) < 1e-6 ||
+                    std::abs(mapped.height() - (c.area.height() - 2 * margin)) < 1e-6);
+    }
+}
+
+TEST(PreviewFit, TurnsYUpIntoYDown) {
+    const QTransform fit = PreviewFit::Transform(QRectF(0, 0, 10, 10), QRectF(0, 0, 100, 100));
+    EXPECT_LT(fit.map(QPointF(0, 10)).y(), fit.map(QPointF(0, 0)).y());
+    EXPECT_LT(fit.map(QPointF(0, 0)).x(), fit.map(QPointF(10, 0)).x());
+}
+
+TEST(PreviewFit, FlatDrawingsScaleByTheirOtherSideAndAPointStaysCentred) {
+    const QRectF area(0, 0, 200, 100);
+    const QRectF line =
+        PreviewFit::Transform(QRectF(0, 5, 50, 0), area).mapRect(QRectF(0, 5, 50, 0));
+    EXPECT_NEAR(line.width(), 200 - 2 * 100 * PreviewFit::kMarginFraction, 1e-6);
+    EXPECT_NEAR(line.center().y(), 50, 1e-6);
+
+    const QPointF point = PreviewFit::Transform(QRectF(3, 4, 0, 0), area).map(QPointF(3, 4));
+    EXPECT_NEAR(point.x(), 100, 1e-6);
+    EXPECT_NEAR(point.y(), 50, 1e-6);
+}
+
+}  // namespace
