@@ -31,7 +31,7 @@ bool CVorDPMSQLiteConnection::Execute(const char* sql) {
     return m_db && sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
-bool CVorDPMSQLiteConnection::QueryInt(const char* sql, qint64& value) {
+bool CVorDPMSQLiteConnection::QueryInt(const QByteArray& sql, qint64& value) {
     SQLiteStatement statement(Prepare(sql));
     if (!statement || sqlite3_step(statement.get()) != SQLITE_ROW) return false;
     value = sqlite3_column_int64(statement.get(), 0);

@@ -18,7 +18,7 @@ public:
     bool Open(const QString& path, Mode mode, int busyTimeoutMs);
     bool Execute(const char* sql);
     // Runs a one-value query such as a PRAGMA; false when it fails.
-    bool QueryInt(const char* sql, qint64& value);
+    bool QueryInt(const QByteArray& sql, qint64& value);
     sqlite3_stmt* Prepare(const QByteArray& sql);
     sqlite3* Handle() const { return m_db; }
     // The last error of this connection, prefixed with the file path.

@@ -9,6 +9,11 @@ CVorDPMTable::~CVorDPMTable() {
     for (CVorDPMObject* row : m_rows) delete row;
 }
 
+void CVorDPMTable::Reserve(size_t rows) {
+    m_rows.reserve(m_rows.size() + rows);
+    m_byId.reserve(m_byId.size() + rows);
+}
+
 void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
     row->m_objectId = objectId;
     row->m_table = this;

@@ -21,6 +21,8 @@ public:
     const CVorDPMClassInfo& Info() const { return m_info; }
     CVorDPMDBBase* File() const { return m_file; }
 
+    // Makes room for `rows` rows before a load.
+    void Reserve(size_t rows);
     // Takes a row read from the file; it keeps its id and counts as unchanged.
     void AdoptLoaded(CVorDPMObject* row, int objectId);
     // Takes a new row: gives it the next free id and marks it for writing.
