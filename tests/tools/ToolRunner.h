@@ -1,0 +1,22 @@
+// Runs the built vordpm tool as a child process and captures what it printed.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+struct ToolRun {
+    int exitCode = -1;
+    QString out;
+    QString err;
+
+    QStringList OutLines() const;
+    // True when standard error holds exactly one line, as every failure must print.
+    bool HasOneErrorLine() const;
+};
+
+class ToolRunner {
+public:
+    // The tool as built next to the tests: $VORDPM_BUILD_DIR/tools/vordpm.
+    static QString Program();
+    static ToolRun Run(const QStringList& arguments);
+};

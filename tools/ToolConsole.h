@@ -1,0 +1,24 @@
+// Standard output and error of the command-line tool, as UTF-8 text, and its exit codes.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+class ToolConsole {
+public:
+    enum Exit { Success = 0, NotFound = 1, BadUsage = 2 };
+
+    ToolConsole();
+
+    QTextStream& Out() { return m_out; }
+    // Fields joined by tabs and ended by a newline. Backslash, tab and line breaks inside a
+    // field become \\, \t, \n and \r, so that every record keeps one line and its columns.
+    static QString Record(const QStringList& fields);
+    // Writes "vordpm: <message>" as one line to standard error and returns `code`.
+    int Fail(int code, const QString& message);
+
+private:
+    QTextStream m_out;
+    QTextStream m_err;
+};

@@ -1,0 +1,48 @@
+#include "VordpmTool.h"
+
+#include "FindCommand.h"
+#include "LsCommand.h"
+#include "NamesCommand.h"
+#include "SampleCommand.h"
+#include "ShowCommand.h"
+
+VordpmTool::VordpmTool() {
+    m_commands.push_back(std::make_unique<LsCommand>());
+    m_commands.push_back(std::make_unique<FindCommand>());
+    m_commands.push_back(std::make_unique<NamesCommand>());
+    m_commands.push_back(std::make_unique<ShowCommand>());
+    m_commands.push_back(std::make_unique<SampleCommand>());
+}
+
+QString VordpmTool::Usage() const {
+    QString usage = QStringLiteral("usage: vordpm COMMAND [ARGUMENTS] [--root DIR]\n\n");
+    for (const auto& command : m_commands)
+        usage += QStringLiteral("  vordpm %1 %2\n").arg(command->Name(), command->Synopsis());
+    usage += QStringLiteral(
+        "\n\"vordpm COMMAND --help\" describes a command. Exit codes: 0 success, 1 not found or\n"
+        "failed, 2 bad usage.\n");
+    return usage;
+}
+
+ToolCommand* VordpmTool::Find(const QString& name) const {
+    for (const auto& command : m_commands)
+        if (command->Name() == name) return command.get();
+    return nullptr;
+}
+
+int VordpmTool::Run(const QStringList& arguments) {
+    const QString name = arguments.value(1);
+    if (name == QLatin1String("--help") || name == QLatin1String("-h") ||
+        name == QLatin1String("help")) {
+        m_console.Out() << Usage();
+        return ToolConsole::Success;
+    }
+    if (name.isEmpty())
+        return m_console.Fail(ToolConsole::BadUsage,
+                              QStringLiteral("no command given (see vordpm --help)"));
+    ToolCommand* command = Find(name);
+    if (!command)
+        return m_console.Fail(ToolConsole::BadUsage,
+                              QStringLiteral("unknown command %1 (see vordpm --help)").arg(name));
+    return command->Run(arguments.mid(1), m_console);
+}
