@@ -6,6 +6,10 @@ CVorDPMReportModel::~CVorDPMReportModel() = default;
 
 CVorDPMReportRecord* CVorDPMReportModel::AddRecord(CVorDPMReportRecord* record) {
     if (!record) return nullptr;
+    if (m_refilling) {
+        m_records.emplace_back(record);
+        return record;
+    }
     const int row = GetRecordCount();
     beginInsertRows(QModelIndex(), row, row);
     m_records.emplace_back(record);
@@ -14,8 +18,24 @@ CVorDPMReportRecord* CVorDPMReportModel::AddRecord(CVorDPMReportRecord* record) 
 }
 
 void CVorDPMReportModel::RemoveAllRecords() {
+    if (m_refilling) {
+        m_records.clear();
+        return;
+    }
     beginResetModel();
     m_records.clear();
+    endResetModel();
+}
+
+void CVorDPMReportModel::BeginRefill() {
+    if (m_refilling) return;
+    beginResetModel();
+    m_refilling = true;
+}
+
+void CVorDPMReportModel::EndRefill() {
+    if (!m_refilling) return;
+    m_refilling = false;
     endResetModel();
 }
 

@@ -18,9 +18,13 @@ public:
     explicit CVorDPMReportModel(QObject* parent = nullptr);
     ~CVorDPMReportModel() override;
 
-    // Takes ownership of `record` and shows it as the last row; returns it.
+    // Takes ownership of `record` (a new one) and shows it as the last row; returns it.
     CVorDPMReportRecord* AddRecord(CVorDPMReportRecord* record);
     void RemoveAllRecords();
+    // Between these two, records are added without one view update per row: refilling a
+    // large list costs one reset.
+    void BeginRefill();
+    void EndRefill();
     int GetRecordCount() const { return static_cast<int>(m_records.size()); }
     // The record of a row, or null outside the rows.
     CVorDPMReportRecord* GetRecord(int row) const;
@@ -42,4 +46,5 @@ private:
     std::vector<std::unique_ptr<CVorDPMReportRecord>> m_records;
     QStringList m_heads;
     QList<QIcon> m_icons;
+    bool m_refilling = false;
 };

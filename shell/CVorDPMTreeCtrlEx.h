@@ -72,11 +72,14 @@ public:
     // Makes `action` (for example an entry of a context menu over the tree) a command of the tree.
     void BindCommand(QAction* action, int commandId);
 
-    // Check boxes of the check-box tree; shown by default. Hiding them clears every check.
+    // Check boxes of the check-box tree; shown by default. Ticking a node ticks its whole
+    // subtree; a node with some of its children ticked is partly checked. Hiding the boxes
+    // clears every check.
     void SetCheckBoxes(bool shown);
     bool HasCheckBoxes() const { return m_checkBoxes; }
-    bool IsChecked(const QTreeWidgetItem* node) const;
-    void SetChecked(QTreeWidgetItem* node, bool checked);
+    static Qt::CheckState GetCheckState(const QTreeWidgetItem* node);
+    // Sets the node's state and, like a click, that of its subtree.
+    static void SetChecked(QTreeWidgetItem* node, bool checked);
 
     // Node helpers: append a node after its last sibling (top level when `parent` is null).
     QTreeWidgetItem* AppendItem(const QString& text, int image, CVorDPMDBBase* data,
@@ -97,10 +100,13 @@ protected:
     void PreSubclassWindow();
 
 private:
-    void OnItemChanged(QTreeWidgetItem* node, int column);
+    // A detached node with its text, image, item data and check box.
+    QTreeWidgetItem* CreateItem(const QString& text, int image, CVorDPMDBBase* data) const;
+    // Children of a node, or the top-level nodes for a null parent.
+    int ChildCount(const QTreeWidgetItem* parent) const;
+    QTreeWidgetItem* ChildAt(const QTreeWidgetItem* parent, int index) const;
     void ApplyCheckBox(QTreeWidgetItem* node) const;
 
     QList<QIcon> m_imageList;
     bool m_checkBoxes = true;
-    bool m_propagating = false;
 };

@@ -1,0 +1,413 @@
+#include "CVorDPMTreeCtrlEx.h"
+
+#include <QAction>
+#include <QHeaderView>
+#include <QStringList>
+#include <QTreeWidgetItemIterator>
+
+#include "CVorDPMDPC.h"
+#include "CVorDPMDPD.h"
+#include "CVorDPMLibraryManager.h"
+#include "query/CVorDPMData.h"
+
+namespace {
+
+// The file name suffix that tells a product definition from the other store files.
+const QString kDpdSuffix = QStringLiteral(".DPD");
+
+bool IsProductFile(const CVorDPMDPD* dpd) {
+    return dpd && dpd->GetDPDFullPath().contains(kDpdSuffix);
+}
+
+}  // namespace
+
+CVorDPMTreeCtrlEx::CVorDPMTreeCtrlEx(QWidget* parent) : QTreeWidget(parent) {
+    InitalImageList();
+    PreSubclassWindow();
+}
+
+void CVorDPMTreeCtrlEx::InitalImageList() {
+    static const char* const kIcons[] = {
+        ":/vordpm/icons/tree_library.png",         ":/vordpm/icons/tree_catalog.png",
+        ":/vordpm/icons/tree_product.png",         ":/vordpm/icons/tree_classification.png",
+        ":/vordpm/icons/tree_missing_product.png",
+    };
+    m_imageList.clear();
+    for (const char* icon : kIcons) m_imageList.append(QIcon(QString::fromLatin1(icon)));
+}
+
+void CVorDPMTreeCtrlEx::PreSubclassWindow() {
+    setColumnCount(1);
+    header()->hide();
+    setIconSize(QSize(16, 16));
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    // Large libraries hold thousands of products under one node: rows all have one height.
+    setUniformRowHeights(true);
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::CreateItem(const QString& text, int image,
+                                               CVorDPMDBBase* data) const {
+    auto* node = new QTreeWidgetItem(QStringList{text});
+    node->setData(0, ItemImageRole, image);
+    if (image >= 0 && image < m_imageList.size()) node->setIcon(0, m_imageList[image]);
+    if (data) node->setData(0, ItemDataRole, QVariant::fromValue(reinterpret_cast<quintptr>(data)));
+    ApplyCheckBox(node);
+    return node;
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::AppendItem(const QString& text, int image, CVorDPMDBBase* data,
+                                               QTreeWidgetItem* parent) {
+    QTreeWidgetItem* node = CreateItem(text, image, data);
+    if (parent)
+        parent->addChild(node);
+    else
+        addTopLevelItem(node);
+    return node;
+}
+
+int CVorDPMTreeCtrlEx::ChildCount(const QTreeWidgetItem* parent) const {
+    return parent ? parent->childCount() : topLevelItemCount();
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::ChildAt(const QTreeWidgetItem* parent, int index) const {
+    return parent ? parent->child(index) : topLevelItem(index);
+}
+
+int CVorDPMTreeCtrlEx::GetItemImage(const QTreeWidgetItem* node) {
+    return node ? node->data(0, ItemImageRole).toInt() : -1;
+}
+
+CVorDPMDBBase* CVorDPMTreeCtrlEx::GetItemData(const QTreeWidgetItem* node) {
+    if (!node) return nullptr;
+    return reinterpret_cast<CVorDPMDBBase*>(node->data(0, ItemDataRole).value<quintptr>());
+}
+
+CVorDPMDPC* CVorDPMTreeCtrlEx::GetItemDPC(const QTreeWidgetItem* node) {
+    return dynamic_cast<CVorDPMDPC*>(GetItemData(node));
+}
+
+CVorDPMDPD* CVorDPMTreeCtrlEx::GetItemDPD(const QTreeWidgetItem* node) {
+    return dynamic_cast<CVorDPMDPD*>(GetItemData(node));
+}
+
+int CVorDPMTreeCtrlEx::InitTreeCtrl() {
+    for (const QString& library : {QStringLiteral("QXMaterial"), QStringLiteral("QXMEP")}) {
+        QTreeWidgetItem* root = AppendItem(library, ImageLibrary, nullptr, nullptr);
+        std::vector<QString> catalogs;
+        CVorDPMData::GetAllDPCName(library, catalogs);
+        RecursionInitItem(catalogs, root);
+    }
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::RecursionInitItem(const std::vector<QString>& names,
+                                         QTreeWidgetItem* parent) {
+    if (!parent) return 1;
+    for (const QString& name : names) AppendItem(name, ImageCatalog, nullptr, parent);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::InsertTree(const QString& library) {
+    QTreeWidgetItem* root = AppendItem(library, ImageLibrary, nullptr, nullptr);
+    CVorDPMLibraryManager* manager = nullptr;
+    CVorDPMData::GetLibraryManger(library, manager);
+    if (!manager) return 0;
+    QStringList catalogs;
+    manager->GetAllDPCName(catalogs);
+    for (const QString& catalog : catalogs) InsertTree(library, catalog, 1, root);
+    QTreeWidgetItem* uncatalogued = AppendItem(tr("未分类"), ImageLibrary, nullptr, root);
+    InsertTree(library, uncatalogued);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::InsertTree(const QString& library, const QString& catalog, int withProducts,
+                                  QTreeWidgetItem* parent) {
+    CVorDPMDPC* dpc = nullptr;
+    CVorDPMData::GetDPCManger(library, catalog, dpc);
+    if (!dpc) return 0;
+    CKZList<CVorDPM_DPC_Content*> contents;
+    dpc->GetAllContent(contents, 0);
+    return InsertTree(dpc, contents, withProducts, parent);
+}
+
+int CVorDPMTreeCtrlEx::InsertTree(const QString& library, QTreeWidgetItem* parent) {
+    CKZList<CVorDPMDPD*> products;
+    CVorDPMData::GetALLExteriorDPD(library, products);
+    // Built detached and inserted in one go: one model update instead of one per product.
+    QList<QTreeWidgetItem*> nodes;
+    nodes.reserve(products.GetCount());
+    for (CVorDPMDPD* dpd : products) {
+        if (dpd) nodes.append(CreateItem(dpd->GetDPDName(), ImageProduct, dpd));
+    }
+    if (parent)
+        parent->addChildren(nodes);
+    else
+        addTopLevelItems(nodes);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::InsertTree(CVorDPMDPC* catalog, CKZList<CVorDPM_DPC_Content*>& contents,
+                                  int withProducts, QTreeWidgetItem* parent) {
+    if (!catalog) return 0;
+    QTreeWidgetItem* node = AppendItem(catalog->GetDPCName(), ImageCatalog, catalog, parent);
+    for (const CVorDPM_DPC_Content* row : contents) {
+        if (row) InsertSubtree(catalog, node, *row, CVorDPM_DPC_Content::FirstType, withProducts);
+    }
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::InsertSubtree(CVorDPMDPC* catalog, QTreeWidgetItem* parent,
+                                     const CVorDPM_DPC_Content& row,
+                                     CVorDPM_DPC_Content::ProductType level, int withProducts) {
+    const QString text = level < 3 ? row.GetType(level) : QString();
+    if (text.isEmpty()) {
+        if (!withProducts || !catalog) return 1;
+        CVorDPMDPD* dpd = nullptr;
+        catalog->GetDPD(&row, dpd);
+        const QString& name = row.GetDPD();
+        if (name.isEmpty()) return 1;
+        if (dpd)
+            AppendItem(name, ImageProduct, dpd, parent);
+        else
+            AppendItem(name, ImageMissingProduct, nullptr, parent);
+        return 1;
+    }
+    const auto next = static_cast<CVorDPM_DPC_Content::ProductType>(level + 1);
+    int matched = 0;
+    const int count = ChildCount(parent);
+    for (int i = 0; i < count; ++i) {
+        QTreeWidgetItem* child = ChildAt(parent, i);
+        if (child->text(0) != text) continue;
+        InsertSubtree(catalog, child, row, next, withProducts);
+        ++matched;
+    }
+    if (!matched)
+        InsertSubtree(catalog, AppendItem(text, ImageClassification, nullptr, parent), row, next,
+                      withProducts);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::UpdataTreeCtrl(const QString& path, int withProducts) {
+    const qsizetype slash = path.indexOf(QLatin1Char('/'));
+    if (slash < 0)
+        InsertTree(path, nullptr);
+    else
+        InsertTree(path.left(slash), path.mid(slash + 1), withProducts, nullptr);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::SetInitalSelectItem(QTreeWidgetItem* node) {
+    if (!node || node->treeWidget() != this) return 0;
+    node->setExpanded(true);
+    setCurrentItem(node);
+    return node->isSelected() ? 1 : 0;
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::GetItem(const QString& text, QTreeWidgetItem* parent) const {
+    const int count = ChildCount(parent);
+    for (int i = 0; i < count; ++i) {
+        QTreeWidgetItem* child = ChildAt(parent, i);
+        if (child->text(0).compare(text, Qt::CaseInsensitive) == 0) return child;
+    }
+    return nullptr;
+}
+
+QString CVorDPMTreeCtrlEx::GetChildItemText(QTreeWidgetItem* node) const {
+    if (!node || node->childCount() == 0) return QString();
+    return node->child(0)->text(0);
+}
+
+int CVorDPMTreeCtrlEx::IsUniqueItemText(const QString& text, QTreeWidgetItem* node) const {
+    if (!node) return 0;
+    QTreeWidgetItem* parent = node->parent();
+    const int index = parent ? parent->indexOfChild(node) : indexOfTopLevelItem(node);
+    const int count = ChildCount(parent);
+    const auto matches = [&](int i) {
+        const QTreeWidgetItem* sibling = ChildAt(parent, i);
+        return sibling->text(0).compare(text, Qt::CaseInsensitive) == 0;
+    };
+    // Previous siblings nearest first, then the following ones.
+    for (int i = index - 1; i >= 0; --i) {
+        if (matches(i)) return 1;
+    }
+    for (int i = index + 1; i < count; ++i) {
+        if (matches(i)) return 1;
+    }
+    return 0;
+}
+
+int CVorDPMTreeCtrlEx::GetSelectdItemPath(QTreeWidgetItem* node, QString& path) const {
+    if (!node) {
+        path.clear();
+        return 1;
+    }
+    // Joined from the node upwards; a node under any root but the first ends on the empty text
+    // of the missing parent, which leaves a leading "/" after the reversal.
+    QString joined = node->text(0);
+    const QTreeWidgetItem* firstRoot = topLevelItem(0);
+    for (const QTreeWidgetItem* current = node; current && current != firstRoot;) {
+        current = current->parent();
+        joined += QLatin1Char('/') + (current ? current->text(0) : QString());
+    }
+    if (!joined.contains(QLatin1Char('/'))) {
+        path += joined;
+        return 1;
+    }
+    const QStringList parts = joined.split(QLatin1Char('/'));
+    for (auto part = parts.crbegin(); part != parts.crend(); ++part)
+        path += *part + QLatin1Char('/');
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::GetSelItemDPD(QTreeWidgetItem* node, CVorDPMDPD*& dpd) const {
+    if (!node || node->childCount() > 0) return 0;
+    CVorDPMDPD* data = GetItemDPD(node);
+    if (!data) return 0;
+    dpd = IsProductFile(data) ? data : nullptr;
+    return dpd ? 1 : 0;
+}
+
+int CVorDPMTreeCtrlEx::FindFistMatchDPD(QTreeWidgetItem* node, QTreeWidgetItem*& found,
+                                        const QString& name) const {
+    found = nullptr;
+    if (!node) return 0;
+    if (node->childCount() == 0 && IsProductFile(GetItemDPD(node)) &&
+        (name.isEmpty() || node->text(0).compare(name, Qt::CaseInsensitive) == 0)) {
+        found = node;
+        return 1;
+    }
+    for (int i = 0; i < node->childCount(); ++i) {
+        if (FindFistMatchDPD(node->child(i), found, name)) return 1;
+    }
+    found = nullptr;
+    return 0;
+}
+
+int CVorDPMTreeCtrlEx::GetAllCheckedItem(std::vector<QTreeWidgetItem*>& out) const {
+    if (topLevelItemCount() == 0) return 0;
+    for (int i = 0; i < topLevelItemCount(); ++i) GetCheckedItem(topLevelItem(i), out);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::GetCheckedItem(QTreeWidgetItem* node,
+                                      std::vector<QTreeWidgetItem*>& out) const {
+    const Qt::CheckState state = GetCheckState(node);
+    if (state == Qt::Unchecked) return 1;
+    // A partly checked node is only a way to its ticked descendants; it is not collected itself.
+    if (state == Qt::Checked) out.push_back(node);
+    for (int i = 0; i < node->childCount(); ++i) GetCheckedItem(node->child(i), out);
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::GetContListItemText(QTreeWidgetItem* node,
+                                           std::vector<std::vector<struTypeData>>& rows) {
+    CVorDPMDPC* catalog = GetItemDPC(topLevelItem(0));
+    if (!catalog || !node) return 0;
+    QString level0, level1, level2;
+    CVorDPMData::GetTypes(*this, node, level0, level1, level2);
+    CKZList<CVorDPM_DPC_Content*> contents;
+    catalog->GetAllContent(level0, level1, level2, contents, 0);
+    int number = 0;
+    for (const CVorDPM_DPC_Content* row : contents) {
+        if (!row) continue;
+        ++number;
+        CVorDPMDPD* dpd = nullptr;
+        catalog->GetDPD(row, dpd);
+        std::vector<struTypeData> cells{{QString::number(row->GetObjectId()), 0}};
+        if (dpd) {
+            CVorDPM_Version* version = nullptr;
+            dpd->GetLastVersion(version, 0);
+            const double last = version ? version->GetVersion() : 0.0;
+            cells.insert(cells.end(), {{QStringLiteral("0"), 4},
+                                       {QString::number(number), 2},
+                                       {row->GetDPD(), 1},
+                                       {QString::asprintf("%0.2f", last), 3},
+                                       {row->GetDescription(), 1}});
+        } else {
+            cells.insert(cells.end(), {{QStringLiteral("1"), 4},
+                                       {QString::number(number), 2},
+                                       {row->GetDPD(), 1},
+                                       {QString(), 3},
+                                       {QString(), 1}});
+        }
+        rows.push_back(std::move(cells));
+    }
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::GetDataListColunmHead(QTreeWidgetItem* node,
+                                             std::vector<QString>& heads) const {
+    heads.clear();
+    CVorDPMDPD* dpd = nullptr;
+    if (!GetSelItemDPD(node, dpd)) return 0;
+    CKZList<CVorDPM_DPD_Property*> properties;
+    dpd->GetAllProperty(properties, 0);
+    if (properties.IsEmpty()) return 1;
+    heads.push_back(tr("序号"));
+    heads.push_back(tr("系列"));
+    for (const CVorDPM_DPD_Property* property : properties) {
+        if (property) heads.push_back(property->GetPropertyAlias());
+    }
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::GetDataListItemText(QTreeWidgetItem* node,
+                                           std::vector<std::vector<QString>>& rows) const {
+    rows.clear();
+    CVorDPMDPD* dpd = nullptr;
+    if (!GetSelItemDPD(node, dpd)) return 0;
+    CKZList<CVorDPM_DPD_Property*> properties;
+    CKZList<CVorDPM_DPD_Serial*> serials;
+    dpd->GetAllProperty(properties, 0);
+    dpd->GetAllSerial(serials, 0);
+    rows.reserve(static_cast<size_t>(serials.GetCount()));
+    for (const CVorDPM_DPD_Serial* serial : serials) {
+        if (!serial) continue;
+        std::vector<QString> row{QString::number(serial->GetObjectId())};
+        row.reserve(static_cast<size_t>(properties.GetCount()) + 1);
+        for (const CVorDPM_DPD_Property* property : properties) {
+            if (property) row.push_back(serial->GetValue(property->GetObjectId()));
+        }
+        rows.push_back(std::move(row));
+    }
+    return 1;
+}
+
+int CVorDPMTreeCtrlEx::OnCommand(int commandId, int notificationCode) {
+    if (notificationCode != 0) return 1;
+    emit CommandForwarded(this, commandId, currentItem());
+    return 1;
+}
+
+void CVorDPMTreeCtrlEx::BindCommand(QAction* action, int commandId) {
+    if (!action) return;
+    connect(action, &QAction::triggered, this, [this, commandId] { OnCommand(commandId); });
+}
+
+void CVorDPMTreeCtrlEx::ApplyCheckBox(QTreeWidgetItem* node) const {
+    if (m_checkBoxes) {
+        node->setFlags(node->flags() | Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate);
+        node->setCheckState(0, Qt::Unchecked);
+        return;
+    }
+    // Without the tristate flag first, so that clearing one node leaves its children alone.
+    node->setFlags(node->flags() & ~(Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate));
+    node->setData(0, Qt::CheckStateRole, QVariant());
+}
+
+void CVorDPMTreeCtrlEx::SetCheckBoxes(bool shown) {
+    if (m_checkBoxes == shown) return;
+    m_checkBoxes = shown;
+    for (QTreeWidgetItemIterator it(this); *it; ++it) ApplyCheckBox(*it);
+}
+
+Qt::CheckState CVorDPMTreeCtrlEx::GetCheckState(const QTreeWidgetItem* node) {
+    if (!node) return Qt::Unchecked;
+    const QVariant state = node->data(0, Qt::CheckStateRole);
+    return state.isValid() ? state.value<Qt::CheckState>() : Qt::Unchecked;
+}
+
+void CVorDPMTreeCtrlEx::SetChecked(QTreeWidgetItem* node, bool checked) {
+    if (node && node->flags().testFlag(Qt::ItemIsUserCheckable))
+        node->setCheckState(0, checked ? Qt::Checked : Qt::Unchecked);
+}
