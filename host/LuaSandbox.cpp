@@ -16,15 +16,33 @@ const luaL_Reg kLibraries[] = {
 };
 
 // Base functions that reach files or compile bytecode, or that let a script steer the
-// collector around the memory limit.
-const char* const kRemovedGlobals[] = {"dofile",  "loadfile",       "load",
-                                       "require", "collectgarbage", "print"};
+// collector around the memory limit. xpcall goes too: Lua runs a message handler for an error
+// raised by the instruction hook with hooks switched off, so a looping handler could not be
+// stopped.
+const char* const kRemovedGlobals[] = {"dofile",         "loadfile", "load",  "require",
+                                       "collectgarbage", "print",    "xpcall"};
 // string.dump makes bytecode; the pattern functions can backtrack for a very long time inside C,
 // where the instruction limit does not reach.
 const char* const kRemovedStringFunctions[] = {"dump", "find", "match", "gmatch", "gsub"};
 
 QString Tr(const char* text) {
     return QCoreApplication::translate("LuaSandbox", text);
+}
+
+// setmetatable without finalizers: Lua runs __gc with hooks switched off (also when the state is
+// closed), where the instruction limit cannot stop a loop. A __gc added to the metatable later
+// has no effect, so checking here is enough.
+int SetMetatableWithoutFinalizer(lua_State* state) {
+    if (lua_type(state, 2) == LUA_TTABLE) {
+        lua_pushliteral(state, "__gc");
+        const bool finalizer = lua_rawget(state, 2) != LUA_TNIL;
+        lua_pop(state, 1);
+        if (finalizer) return luaL_error(state, "finalizers (__gc) are not allowed");
+    }
+    lua_pushvalue(state, lua_upvalueindex(1));
+    lua_insert(state, 1);
+    lua_call(state, lua_gettop(state) - 1, 1);
+    return 1;
 }
 
 }  // namespace
@@ -83,6 +101,9 @@ int LuaSandbox::OpenSafeLibraries(lua_State* state) {
         lua_pushnil(state);
         lua_setglobal(state, name);
     }
+    lua_getglobal(state, "setmetatable");
+    lua_pushcclosure(state, SetMetatableWithoutFinalizer, 1);
+    lua_setglobal(state, "setmetatable");
     lua_getglobal(state, LUA_STRLIBNAME);
     for (const char* name : kRemovedStringFunctions) {
         lua_pushnil(state);
