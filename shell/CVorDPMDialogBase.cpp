@@ -6,7 +6,12 @@
 #include "CVorDPMEditorSettings.h"
 
 CVorDPMDialogBase::CVorDPMDialogBase(int templateId, QWidget* parent)
-    : QDialog(parent), m_templateId(templateId), m_resizer(this) {}
+    : QDialog(parent), m_templateId(templateId), m_resizer(this) {
+    // Set before the first show: changing the flags of a window that is being shown hides it
+    // again, which leaves a dialog run by exec() invisible and impossible to close.
+    setWindowFlags(windowFlags() | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
+}
 
 QRect CVorDPMDialogBase::MapDialogRect(const QRect& units) const {
     const QFontMetrics metrics(font());
@@ -17,8 +22,6 @@ QRect CVorDPMDialogBase::MapDialogRect(const QRect& units) const {
 }
 
 bool CVorDPMDialogBase::OnInitDialog() {
-    setWindowFlags(windowFlags() | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     return true;
 }

@@ -21,8 +21,9 @@ public:
     virtual void UpdateCommandUi() {}
 
 protected:
-    // Runs once, right before the dialog is first shown. The base makes the frame resizable
-    // with caption, system menu, minimise and maximise boxes; returns true.
+    // Runs once, right before the dialog is first shown. The base adds the size grip; the
+    // frame (caption, system menu, minimise and maximise boxes) is set at construction, since
+    // changing it here would hide the dialog again. Returns true.
     virtual bool OnInitDialog();
     void SetResize(QWidget* control, QPointF topLeft, QPointF bottomRight);
     // Restores the placement saved under `key` and saves it again when the dialog closes.
