@@ -1,0 +1,361 @@
+#include "CVorDPMEditorDlg.h"
+
+#include <QAbstractItemDelegate>
+#include <QCursor>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+
+#include "CDPMSheet.h"
+#include "CVorDPMManager.h"
+#include "CVorDPMReportCtrlBase.h"
+#include "CVorDPMTreeCtrlEx.h"
+#include "CVorDPMUiService.h"
+#include "catalog/CDPMContentPage.h"
+#include "catalog/CVorDPMDeletLibDlg.h"
+#include "common/CVorDPMDPODlg.h"
+#include "common/CVorDPMNewLibraryDlg.h"
+#include "common/CVorDPMSetLibRoot.h"
+#include "library/CDPMlibraryPage.h"
+#include "product/CDPMDataPage.h"
+#include "query/CVorDPMData.h"
+
+namespace {
+
+// The tree in dialog units, below the menu bar; the sheet keeps this gap to its neighbours.
+const QRect kTreeRect(6, 7, 90, 290);
+const QSize kDialogSize(447, 316);
+constexpr int kSheetGap = 12;
+
+// Characters a new catalog name may not hold: it becomes a file name.
+const QRegularExpression& InvalidCatalogCharacters() {
+    static const QRegularExpression pattern(QStringLiteral(R"([\\"/:;*?<>\[\]|])"));
+    return pattern;
+}
+
+}  // namespace
+
+CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallback close,
+                                   PreviewMoveCallback move, QWidget* parent)
+    : CVorDPMDialogBase(IDD, parent),
+      m_libraryPage(new CDPMlibraryPage(this)),
+      m_contentPage(new CDPMContentPage(this)),
+      m_dataPage(new CDPMDataPage(this)),
+      m_tree(new CVorDPMTreeCtrlEx(this)),
+      m_sheet(new CDPMSheet(this)),
+      m_menuBar(new QMenuBar(this)),
+      m_pPreviewDrawCallback(draw),
+      m_pPreviewCloseCallback(close),
+      m_pPreviewMoveCallback(move) {
+    m_dataPage->m_pPreviewDrawCallback = draw;
+    m_dataPage->m_pPreviewCloseCallback = close;
+    m_dataPage->m_pPreviewMoveCallback = move;
+    // Hidden until the sheet takes them over when the dialog is first shown.
+    for (QWidget* page : {static_cast<QWidget*>(m_libraryPage),
+                          static_cast<QWidget*>(m_contentPage), static_cast<QWidget*>(m_dataPage)})
+        page->hide();
+    // The frame is fixed before the first show (see CVorDPMDialogBase): no minimise box.
+    setWindowFlags((windowFlags() & ~Qt::WindowMinimizeButtonHint) | Qt::WindowMaximizeButtonHint);
+    setWindowTitle(tr("产品库管理"));
+    setWindowIcon(QIcon(QStringLiteral(":/vordpm/icons/editor.png")));
+    m_tree->setObjectName(QString::number(IDC_TREE));
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const int menuHeight = m_menuBar->sizeHint().height();
+    m_menuBar->setGeometry(0, 0, MapDialogRect(QRect(QPoint(), kDialogSize)).width(), menuHeight);
+    m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
+    resize(MapDialogRect(QRect(QPoint(), kDialogSize)).size() + QSize(0, menuHeight));
+}
+
+CVorDPMEditorDlg::~CVorDPMEditorDlg() {
+    std::vector<QString> names;
+    CVorDPMData::GetAllLibraryName(names);
+    for (const QString& name : names) {
+        CVorDPMLibraryManager* library = nullptr;
+        CVorDPMData::GetLibraryManger(name, library);
+        CVorDPM_DPI_Info* info = library ? CDPMlibraryPage::LibraryInfo(*library) : nullptr;
+        if (info) CDPMlibraryPage::WriteProductCounts(*library, *info);
+    }
+}
+
+bool CVorDPMEditorDlg::OnInitDialog() {
+    CVorDPMDialogBase::OnInitDialog();
+    BuildMenuBar();
+
+    m_sheet->AddPage(m_libraryPage);
+    m_sheet->AddPage(m_contentPage);
+    m_sheet->AddPage(m_dataPage);
+    m_sheet->Create(this, QRect());
+    PlaceSheet();
+
+    m_tree->SetCheckBoxes(false);
+    SetResize(m_menuBar, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopRight);
+    SetResize(m_tree, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::BottomLeft);
+    connect(m_tree, &QTreeWidget::currentItemChanged, this,
+            [this](QTreeWidgetItem* current) { OnSelChanged(current); });
+    connect(m_tree, &QWidget::customContextMenuRequested, this,
+            &CVorDPMEditorDlg::OnTreeContextMenu);
+    connect(m_tree->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+            &CVorDPMEditorDlg::OnLabelEditEnd);
+    BuildTree();
+    m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
+
+    AutoLoadPlacement(QStringLiteral("CVorDPMEditorDlg"));
+    UpdateCommandUi();
+    return true;
+}
+
+void CVorDPMEditorDlg::resizeEvent(QResizeEvent* event) {
+    CVorDPMDialogBase::resizeEvent(event);
+    PlaceSheet();
+}
+
+// The sheet fills the space right of the tree, level with it.
+void CVorDPMEditorDlg::PlaceSheet() {
+    if (m_sheet->count() == 0) return;
+    const QRect tree = m_tree->geometry();
+    m_sheet->setGeometry(QRect(QPoint(tree.right() + 1 + kSheetGap, tree.top()),
+                               QPoint(width() - 1 - kSheetGap, tree.bottom())));
+}
+
+void CVorDPMEditorDlg::BuildMenuBar() {
+    QMenu* library = m_menuBar->addMenu(tr("产品库"));
+    AddMenuCommand(library, ID_NEW_LIBRARY, tr("新建产品库"));
+    AddMenuCommand(library, ID_REMOVE_LIBRARIES, tr("删除产品库"));
+    library->addSeparator();
+    AddMenuCommand(library, ID_LIBRARY_ROOT, tr("产品库根路径"));
+    QMenu* tables = m_menuBar->addMenu(tr("基本属性"));
+    AddMenuCommand(tables, ID_PROPERTY_TABLE, tr("属性表"));
+    AddMenuCommand(tables, ID_UNIT_TABLE, tr("单位表"));
+    AddMenuCommand(tables, ID_INNER_PARAM_TABLE, tr("内置参数表"));
+    QMenu* templates = m_menuBar->addMenu(tr("模板"));
+    AddMenuCommand(templates, ID_NEW_TEMPLATE, tr("新建模板"));
+    AddMenuCommand(templates, ID_EDIT_TEMPLATE, tr("编辑模板"));
+    AddMenuCommand(templates, ID_DELETE_TEMPLATE, tr("删除模板"));
+}
+
+// The command id rides on the action, so that UpdateCommandUi and tests find it.
+void CVorDPMEditorDlg::AddMenuCommand(QMenu* menu, int commandId, const QString& text) {
+    QAction* action = menu->addAction(text);
+    action->setData(commandId);
+    connect(action, &QAction::triggered, this, [this, commandId] { OnCommand(commandId); });
+}
+
+void CVorDPMEditorDlg::BuildTree() {
+    m_tree->InitTreeCtrl();
+}
+
+const std::map<int, CVorDPMEditorDlg::Handler>& CVorDPMEditorDlg::Handlers() {
+    // A null handler is a command that is handled by doing nothing.
+    static const std::map<int, Handler> handlers = {
+        {ID_DO_NOTHING, nullptr},
+        {ID_OPEN_FILE, &CVorDPMEditorDlg::OnOpenFile},
+        {ID_SAVE_WORK, &CVorDPMEditorDlg::OnSaveWork},
+        {ID_NEW_LIBRARY, &CVorDPMEditorDlg::OnNewLibrary},
+        {ID_REMOVE_LIBRARIES, &CVorDPMEditorDlg::OnRemoveLibraries},
+        {ID_LIBRARY_ROOT, &CVorDPMEditorDlg::OnLibraryRoot},
+        {ID_NEW_CATALOG, &CVorDPMEditorDlg::OnNewCatalog},
+        {ID_COPY_CATALOG, &CVorDPMEditorDlg::OnCopyCatalog},
+        {ID_RENAME_CATALOG, &CVorDPMEditorDlg::OnRenameCatalog},
+        {ID_DELETE_CATALOG, &CVorDPMEditorDlg::OnDeleteCatalog},
+        {ID_NEW_LIBRARY_RB, &CVorDPMEditorDlg::OnNewLibrary},
+        {ID_DELETE_LIBRARY, &CVorDPMEditorDlg::OnDeleteLibrary},
+        {ID_PROPERTY_TABLE, &CVorDPMEditorDlg::OnPropertyTable},
+        {ID_UNIT_TABLE, &CVorDPMEditorDlg::OnUnitTable},
+        {ID_INNER_PARAM_TABLE, &CVorDPMEditorDlg::OnInnerParamTable},
+    };
+    return handlers;
+}
+
+bool CVorDPMEditorDlg::OnCommand(int commandId) {
+    const auto found = Handlers().find(commandId);
+    if (found == Handlers().end()) return false;
+    if (found->second) (this->*found->second)();
+    UpdateCommandUi();
+    return true;
+}
+
+void CVorDPMEditorDlg::UpdateCommandUi() {
+    for (QAction* menu : m_menuBar->actions()) {
+        if (!menu->menu()) continue;
+        for (QAction* action : menu->menu()->actions())
+            if (!action->isSeparator())
+                action->setEnabled(Handlers().count(action->data().toInt()));
+    }
+    m_sheet->UpdateCommandUi();
+}
+
+std::unique_ptr<QMenu> CVorDPMEditorDlg::CreateNodeMenu(QTreeWidgetItem* node) {
+    if (!node) return nullptr;
+    auto menu = std::make_unique<QMenu>(this);
+    if (node->parent()) {
+        AddMenuCommand(menu.get(), ID_NEW_CATALOG, tr("新建目录"));
+        AddMenuCommand(menu.get(), ID_COPY_CATALOG, tr("复制目录"));
+        AddMenuCommand(menu.get(), ID_DELETE_CATALOG, tr("删除目录"));
+        AddMenuCommand(menu.get(), ID_RENAME_CATALOG, tr("重命名目录"));
+    } else {
+        AddMenuCommand(menu.get(), ID_NEW_LIBRARY_RB, tr("新建产品库"));
+        AddMenuCommand(menu.get(), ID_DELETE_LIBRARY, tr("删除产品库"));
+        AddMenuCommand(menu.get(), ID_NEW_CATALOG, tr("新建产品目录"));
+    }
+    return menu;
+}
+
+// The menu acts on the selected node, which a right click leaves as it is.
+void CVorDPMEditorDlg::OnTreeContextMenu(const QPoint& position) {
+    const std::unique_ptr<QMenu> menu = CreateNodeMenu(m_tree->itemAt(position));
+    if (menu) menu->exec(m_tree->viewport()->mapToGlobal(position));
+}
+
+void CVorDPMEditorDlg::OnSelChanged(QTreeWidgetItem* node) {
+    if (node) {
+        if (!m_sheet->GetActivePage()) return;
+        CurrentPath = node->parent() ? node->parent()->text(0) + QLatin1Char('/') + node->text(0)
+                                     : node->text(0);
+        m_libraryPage->SetCurrentPath(CurrentPath);
+        m_contentPage->SetCurrentPath(CurrentPath);
+        m_dataPage->SetCurrentPath(CurrentPath);
+    }
+    m_libraryPage->GetReportCtrl()->setFocus();
+    UpdateCommandUi();
+}
+
+// Takes whatever the edit box holds, also when the edit was cancelled; the store is not changed.
+void CVorDPMEditorDlg::OnLabelEditEnd(QWidget* editor) {
+    QTreeWidgetItem* node = m_tree->currentItem();
+    const auto* edit = qobject_cast<QLineEdit*>(editor);
+    if (!node || !edit) return;
+    node->setText(0, edit->text());
+    if (node->parent() && CVorDPMTreeCtrlEx::GetItemData(node)) ShowMessage(QString());
+}
+
+void CVorDPMEditorDlg::OnOpenFile() {
+    CVorDPMUiService::Instance()->OpenFileName(this, QString(), tr("所有文件(*.*)"));
+}
+
+void CVorDPMEditorDlg::OnSaveWork() {
+    if (CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager()) manager->SaveWork();
+}
+
+void CVorDPMEditorDlg::OnNewLibrary() {
+    CVorDPMNewLibraryDlg dialog(this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
+    m_tree->AppendItem(dialog.GetLibraryName(), CVorDPMTreeCtrlEx::ImageLibrary, nullptr, nullptr);
+}
+
+void CVorDPMEditorDlg::OnRemoveLibraries() {
+    CVorDPMDeletLibDlg dialog(this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
+    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
+    for (const QString& name : dialog.GetRemovedLibraries()) {
+        delete m_tree->GetItem(name, nullptr);
+        if (manager) manager->SaveWork();
+    }
+}
+
+void CVorDPMEditorDlg::OnLibraryRoot() {
+    CVorDPMSetLibRoot dialog(this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
+    m_tree->clear();
+    BuildTree();
+    m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
+}
+
+void CVorDPMEditorDlg::OnNewCatalog() {
+    QString name;
+    if (!CVorDPMUiService::Instance()->InputText(this, tr("产品目录名称"), tr("请输入:"), name))
+        return;
+    if (name.isEmpty()) return ShowMessage(tr("请输入产品目录名称！"));
+    if (name.contains(InvalidCatalogCharacters()))
+        return ShowMessage(tr("文件名含有无效的字符, 请重新输入!"));
+    QTreeWidgetItem* node = SelectedNode();
+    CVorDPMLibraryManager* library = FindLibrary(node);
+    if (!library) return;
+    CVorDPMDPC* catalog = nullptr;
+    if (library->CreateDPC(name, catalog) != VOR::eOk) return ShowMessage(tr("创建失败!"));
+    QTreeWidgetItem* libraryNode = LibraryNode(node);
+    m_tree->AppendItem(name, CVorDPMTreeCtrlEx::ImageCatalog, nullptr, libraryNode);
+    libraryNode->setExpanded(true);
+}
+
+// Unlike a new catalog, the name is passed to the store unchecked: the store decides.
+void CVorDPMEditorDlg::OnCopyCatalog() {
+    QTreeWidgetItem* node = SelectedNode();
+    if (!node) return;
+    QString name;
+    CVorDPMUiService::Instance()->InputText(this, tr("新产品目录名称"), tr("请输入:"), name);
+    if (name.isEmpty()) return ShowMessage(tr("请输入新产品目录名称！"));
+    CVorDPMLibraryManager* library = FindLibrary(node);
+    if (!library) return;
+    if (library->CopyDPC(node->text(0), name) != VOR::eOk) return ShowMessage(tr("失败!"));
+    m_tree->AppendItem(name, CVorDPMTreeCtrlEx::ImageCatalog, nullptr, node->parent());
+}
+
+void CVorDPMEditorDlg::OnRenameCatalog() {
+    QTreeWidgetItem* node = SelectedNode();
+    if (!node) return;
+    QString name;
+    if (!CVorDPMUiService::Instance()->InputText(this, tr("新产品目录名称"), tr("请输入:"), name))
+        return;
+    CVorDPMLibraryManager* library = FindLibrary(node);
+    if (!library) return;
+    if (library->RenameDPC(node->text(0), name) != VOR::eOk) return ShowMessage(tr("失败!"));
+    node->setText(0, name);
+}
+
+void CVorDPMEditorDlg::OnDeleteCatalog() {
+    QTreeWidgetItem* node = SelectedNode();
+    if (!node) return;
+    const QString question = tr("确实要把\"%1\"产品目录放入回收站吗?").arg(node->text(0));
+    if (!CVorDPMUiService::Instance()->Confirm(this, question)) return;
+    CVorDPMLibraryManager* library = FindLibrary(node);
+    if (!library) return;
+    if (library->RemoveDPC(node->text(0)) != VOR::eOk) return ShowMessage(tr("失败!"));
+    delete node;
+}
+
+void CVorDPMEditorDlg::OnDeleteLibrary() {
+    QTreeWidgetItem* node = SelectedNode();
+    if (!node || node->parent()) return;
+    const QString question = tr("确实要把\"%1\"产品库放入回收站吗?").arg(node->text(0));
+    if (!CVorDPMUiService::Instance()->Confirm(this, question)) return;
+    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
+    if (!manager || !manager->RemoveLibrary(node->text(0))) return;
+    delete node;
+}
+
+void CVorDPMEditorDlg::OnPropertyTable() {
+    OpenCommonTable(CVorDPMDPODlg::PropertyTable);
+}
+
+void CVorDPMEditorDlg::OnUnitTable() {
+    OpenCommonTable(CVorDPMDPODlg::UnitTable);
+}
+
+void CVorDPMEditorDlg::OnInnerParamTable() {
+    OpenCommonTable(CVorDPMDPODlg::InnerParamTable);
+}
+
+void CVorDPMEditorDlg::OpenCommonTable(int mode) {
+    CVorDPMDPODlg dialog(mode, this);
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+QTreeWidgetItem* CVorDPMEditorDlg::SelectedNode() const {
+    return m_tree->currentItem();
+}
+
+QTreeWidgetItem* CVorDPMEditorDlg::LibraryNode(QTreeWidgetItem* node) {
+    return node && node->parent() ? node->parent() : node;
+}
+
+CVorDPMLibraryManager* CVorDPMEditorDlg::FindLibrary(QTreeWidgetItem* node) {
+    CVorDPMLibraryManager* library = nullptr;
+    if (node) CVorDPMData::GetLibraryManger(LibraryNode(node)->text(0), library);
+    return library;
+}
+
+void CVorDPMEditorDlg::ShowMessage(const QString& text) {
+    CVorDPMUiService::Instance()->ShowMessage(this, text);
+}

@@ -1,0 +1,263 @@
+// The library page and the version-history dialog inside the main dialog: what they show of the
+// store, and what the user's edits leave in the library's information file on disk.
+#include <QDoubleSpinBox>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
+
+#include "CVorDPMManager.h"
+#include "CVorDPMReportCtrlBase.h"
+#include "CVorDPM_DPI_Info.h"
+#include "EditorFixture.h"
+#include "library/CDPMlibraryPage.h"
+#include "library/CVorDPMVersionDlg.h"
+#include "library/CVorDPMVersionEditDlg.h"
+#include "query/CVorDPMData.h"
+
+namespace {
+
+QString Cell(CVorDPMReportCtrlBase* report, int row, int column) {
+    QString text;
+    report->GetRecordItemText(report->GetRecords()->GetRecord(row), column, text);
+    return text;
+}
+
+QStringList Column(CVorDPMReportCtrlBase* report, int column) {
+    QStringList texts;
+    for (int row = 0; row < report->GetRecords()->GetRecordCount(); ++row)
+        texts << Cell(report, row, column);
+    return texts;
+}
+
+void ClickRow(CVorDPMReportCtrlBase* report, int row) {
+    const QRect cell = report->visualRect(report->model()->index(row, 0));
+    QTest::mouseClick(report->viewport(), Qt::LeftButton, {}, cell.center());
+}
+
+template <class T>
+T* Control(const QWidget* parent, int id) {
+    return parent->findChild<T*>(QString::number(id));
+}
+
+void ClickButton(const QWidget* parent, int id) {
+    auto* button = Control<QPushButton>(parent, id);
+    ASSERT_TRUE(button) << id;
+    ASSERT_TRUE(button->isEnabled()) << id;
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+// Reads the record again from the file on disk, after dropping what the store holds.
+CVorDPM_DPI_Info* InfoFromDisk(const QString& library) {
+    CVorDPMManager::GetVorDPMManager()->DiscardChanges();
+    CVorDPM_DPI_Info* info = nullptr;
+    CVorDPMData::GetDPIInfo(library, info);
+    return info;
+}
+
+struct VersionInput {
+    double number;
+    QString author;
+    QString description;
+};
+
+// Answers the version edit dialog by typing into its controls and pressing OK.
+std::function<int(QDialog*)> TypingVersion(const VersionInput& input) {
+    return EditorFixture::Filling([input](QDialog* edit) {
+        Control<QDoubleSpinBox>(edit, CVorDPMVersionEditDlg::IDC_VERSION)->setValue(input.number);
+        auto* author = Control<QLineEdit>(edit, CVorDPMVersionEditDlg::IDC_AUTHOR);
+        author->clear();
+        EditorFixture::Type(author, input.author);
+        auto* description = Control<QPlainTextEdit>(edit, CVorDPMVersionEditDlg::IDC_DESCRIPTION);
+        description->clear();
+        EditorFixture::Type(description, input.description);
+        ClickButton(edit, 1);
+    });
+}
+
+}  // namespace
+
+class LibraryPage : public EditorFixture {
+protected:
+    CDPMlibraryPage* Page() { return Dialog().GetLibraryPage(); }
+    CVorDPMReportCtrlBase* Report() { return Page()->GetReportCtrl(); }
+};
+
+TEST_F(LibraryPage, ShowsTheSelectedLibrarysRecordForLibraryAndCatalogNodes) {
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
+    info->SetCompanyName(QStringLiteral("启星材料"));
+    info->SetKeyword(QStringLiteral("管材"));
+    info->SetLocalProductCount(7);
+    info->SetIncludeProductCount(3);
+    info->SetProductCount(10);
+    CVorDPMManager::GetVorDPMManager()->SaveWork();
+
+    Click(Node("QXMaterial", "管道"));
+    EXPECT_EQ(Column(Report(), 0), (QStringList{"公司名称", "描述", "关键字", "作者", "产品总数",
+                                                "本库产品数", "引用产品数"}));
+    EXPECT_EQ(Column(Report(), 1), (QStringList{"启星材料", "", "管材", "", "10", "7", "3"}));
+    EXPECT_FALSE(Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS)->isVisible());
+    for (int id : {CDPMlibraryPage::IDC_LOAD_PICTURE, CDPMlibraryPage::IDC_SAVE,
+                   CDPMlibraryPage::IDC_VERSION})
+        EXPECT_TRUE(Control<QPushButton>(Page(), id)->isEnabled()) << id;
+}
+
+TEST_F(LibraryPage, AMissingOrUnreadableLibraryShowsWhyAndOffersNothing) {
+    Click(Node("QXMEP"));
+    auto* status = Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS);
+    EXPECT_EQ(status->text(), QStringLiteral("产品库\"QXMEP\"不存在。"));
+    EXPECT_TRUE(status->isVisible());
+    EXPECT_EQ(Report()->GetRecords()->GetRecordCount(), 0);
+    for (int id : {CDPMlibraryPage::IDC_EDIT_TEXT, CDPMlibraryPage::IDC_LOAD_PICTURE,
+                   CDPMlibraryPage::IDC_SAVE, CDPMlibraryPage::IDC_VERSION})
+        EXPECT_FALSE(Control<QPushButton>(Page(), id)->isEnabled()) << id;
+
+    Click(Node("QXMaterial"));
+    EXPECT_FALSE(status->isVisible());
+    CVorDPMManager::GetVorDPMManager()->DiscardChanges();
+    QFile file(root.File("QXMaterial/library.DPI"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("not a library information file");
+    file.close();
+    Click(Node("QXMaterial", "目录"));
+    EXPECT_TRUE(status->text().startsWith(QStringLiteral("无法读取产品库\"QXMaterial\"的信息文件")))
+        << status->text().toStdString();
+    EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
+    CVorDPMDPD* definition = nullptr;
+    ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("弯头"), definition), VOR::eOk);
+    Click(Node("QXMaterial"));
+    EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_EDIT_TEXT)->isEnabled());
+    ClickRow(Report(), 4);  // a count cannot be typed
+    EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_EDIT_TEXT)->isEnabled());
+
+    ClickRow(Report(), 0);
+    ui.inputs = {QStringLiteral("启星材料")};
+    ClickButton(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ClickRow(Report(), 3);
+    ui.inputs = {std::nullopt};  // cancelled: nothing changes
+    ClickButton(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ui.inputs = {QStringLiteral("李四")};
+    const QRect author = Report()->visualRect(Report()->model()->index(3, 1));
+    QTest::mouseClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
+    QTest::mouseDClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
+    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "作者", "作者"}));
+    EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
+    EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
+
+    ClickButton(Page(), CDPMlibraryPage::IDC_SAVE);
+    EXPECT_TRUE(ui.messages.isEmpty());
+    EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    EXPECT_EQ(Column(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
+    CVorDPM_DPI_Info* info = InfoFromDisk("QXMaterial");
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星材料"));
+    EXPECT_EQ(info->GetAuthor(), QStringLiteral("李四"));
+    EXPECT_EQ(info->GetLocalProductCount(), 1);
+    EXPECT_EQ(info->GetIncludeProductCount(), 0);
+    EXPECT_EQ(info->GetProductCount(), 1);
+}
+
+TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
+    const QString text = root.Home() + QStringLiteral("/note.png");
+    QFile note(text);
+    ASSERT_TRUE(note.open(QIODevice::WriteOnly));
+    note.write("this is no picture");
+    note.close();
+    const QString missing = root.Home() + QStringLiteral("/missing.png");
+    const QString picture = root.Home() + QStringLiteral("/logo.png");
+    QImage image(8, 4, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(picture));
+
+    Click(Node("QXMaterial"));
+    ui.files = {QString(), text, missing};
+    for (int i = 0; i < 3; ++i) ClickButton(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
+    EXPECT_EQ(ui.messages, (QStringList{"文件\"" + text + "\"不是可以识别的图片!",
+                                        "无法读取文件\"" + missing + "\"!"}));
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
+    EXPECT_EQ(info->GetImage().GetSize(), 0);
+
+    ui.files = {picture};
+    ClickButton(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
+    ClickButton(Page(), CDPMlibraryPage::IDC_SAVE);
+    QFile saved(picture);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    info = InfoFromDisk("QXMaterial");
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->GetImage().Bytes(), saved.readAll());
+}
+
+TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
+    Click(Node("QXMaterial"));
+    QStringList shown;
+    ui.dialogs = {
+        Filling([&](QDialog* versions) {
+            auto* list =
+                Control<CVorDPMReportCtrlBase>(versions, CVorDPMVersionDlg::IDC_VERSION_LIST);
+            EXPECT_EQ(versions->windowTitle(), QStringLiteral("产品库\"QXMaterial\"的版本信息"));
+            EXPECT_FALSE(
+                Control<QPushButton>(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION)->isEnabled());
+            ClickButton(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+            ClickButton(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+            ClickRow(list, 0);
+            ClickButton(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
+            for (int column = 0; column < 4; ++column) shown << Column(list, column).join("|");
+            ClickButton(versions, 1);
+        }),
+        TypingVersion({1.5, "王五", "首版"}), TypingVersion({2, "王五", "第二版"}),
+        TypingVersion({1.25, "赵六", "更正"})};
+    ClickButton(Page(), CDPMlibraryPage::IDC_VERSION);
+    EXPECT_TRUE(ui.messages.isEmpty());
+    ASSERT_EQ(shown.size(), 4);
+    EXPECT_EQ(shown[0], QStringLiteral("1.25|2.00"));
+    EXPECT_EQ(shown[1], QStringLiteral("赵六|王五"));
+    const QRegularExpression timeColumn(QStringLiteral(R"(^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\|)"));
+    EXPECT_TRUE(timeColumn.match(shown[2]).hasMatch()) << shown[2].toStdString();
+    EXPECT_EQ(shown[3], QStringLiteral("更正|第二版"));
+
+    CVorDPMManager::GetVorDPMManager()->SaveWork();
+    CVorDPMManager::GetVorDPMManager()->DiscardChanges();
+    CKZList<CVorDPM_Version*> versions;
+    Library("QXMaterial")->GetDPI()->GetAllVersion(versions, 0);
+    ASSERT_EQ(versions.GetCount(), 2);
+    EXPECT_DOUBLE_EQ(versions.GetAt(0)->GetVersion(), 1.25);
+    EXPECT_EQ(versions.GetAt(0)->GetDescription(), QStringLiteral("更正"));
+    EXPECT_FALSE(versions.GetAt(1)->GetTime().isEmpty());
+}
+
+TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
+    CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
+    auto* first = new CVorDPM_Version;
+    first->SetVersion(1.0);
+    ASSERT_EQ(file->AddVersion(first), VOR::eOk);
+    auto* second = new CVorDPM_Version;
+    second->SetVersion(2.0);
+    ASSERT_EQ(file->AddVersion(second), VOR::eOk);
+
+    CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
+    versions.show();
+    ui.dialogs = {TypingVersion({1.0, "甲", "重复"}), TypingVersion({0.0, "甲", "零"}),
+                  TypingVersion({2.0, "乙", "与第二版重复"})};
+    ClickButton(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+    ClickButton(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+    ClickRow(versions.GetReportCtrl(), 0);
+    ClickButton(&versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
+    EXPECT_EQ(ui.messages, (QStringList{"该版本号已存在!", "版本号必须大于0!", "该版本号已存在!"}));
+
+    CKZList<CVorDPM_Version*> kept;
+    file->GetAllVersion(kept, 0);
+    ASSERT_EQ(kept.GetCount(), 2);
+    EXPECT_DOUBLE_EQ(kept.GetAt(0)->GetVersion(), 1.0);
+    EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
+    EXPECT_EQ(Column(versions.GetReportCtrl(), 0), (QStringList{"1.00", "2.00"}));
+}

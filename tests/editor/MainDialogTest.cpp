@@ -1,0 +1,373 @@
+// The main editor dialog against a real store: tree, sheet, menus and every library and catalog
+// command, driven through the real widgets and the scripted UI service.
+#include <QAbstractItemView>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+#include "CDPMSheet.h"
+#include "CVorDPMManager.h"
+#include "CVorDPMReportCtrlBase.h"
+#include "CVorDPMTreeCtrlEx.h"
+#include "CVorDPM_DPI_Info.h"
+#include "EditorFixture.h"
+#include "catalog/CDPMContentPage.h"
+#include "common/CVorDPMDPODlg.h"
+#include "library/CDPMlibraryPage.h"
+#include "product/CDPMDataPage.h"
+#include "query/CVorDPMData.h"
+
+namespace {
+
+QStringList ActionTexts(const QMenu& menu) {
+    QStringList texts;
+    for (QAction* action : menu.actions())
+        texts << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+
+QStringList PagePaths(CVorDPMEditorDlg& dialog) {
+    return {dialog.GetLibraryPage()->GetCurrentPath(), dialog.GetContentPage()->GetCurrentPath(),
+            dialog.GetDataPage()->GetCurrentPath()};
+}
+
+}  // namespace
+
+using MainDialog = EditorFixture;
+
+TEST_F(MainDialog, OpensWithTheFixedLibrariesTheSheetAndTheFirstLibrarySelected) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    EXPECT_EQ(dlg.windowTitle(), QStringLiteral("产品库管理"));
+    EXPECT_FALSE(dlg.windowFlags() & Qt::WindowMinimizeButtonHint);
+    EXPECT_TRUE(dlg.windowFlags() & Qt::WindowMaximizeButtonHint);
+    EXPECT_TRUE(dlg.isVisible());
+    // "Other" exists in the store but the tree lists only the two fixed names; "QXMEP" is listed
+    // although the store does not know it.
+    EXPECT_EQ(RootTexts(), (QStringList{"QXMaterial", "QXMEP"}));
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
+    EXPECT_TRUE(ChildTexts(Node("QXMEP")).isEmpty());
+    EXPECT_EQ(dlg.GetTreeCtrl()->currentItem(), Node("QXMaterial"));
+    EXPECT_TRUE(Node("QXMaterial")->isExpanded());
+    EXPECT_FALSE(dlg.GetTreeCtrl()->HasCheckBoxes());
+
+    CDPMSheet* sheet = dlg.GetSheet();
+    ASSERT_EQ(sheet->count(), 3);
+    EXPECT_EQ(sheet->tabText(0), QStringLiteral("产品库"));
+    EXPECT_EQ(sheet->tabText(1), QStringLiteral("产品目录"));
+    EXPECT_EQ(sheet->tabText(2), QStringLiteral("产品数据"));
+    EXPECT_EQ(sheet->GetActivePage(), dlg.GetLibraryPage());
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(sheet->GetPage(i)->IsInitialised()) << i;
+    EXPECT_EQ(PagePaths(dlg), QStringList(3, "QXMaterial"));
+    EXPECT_EQ(dlg.GetCurrentPath(), QStringLiteral("QXMaterial"));
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+TEST_F(MainDialog, MenuBarHoldsItsEntriesWithTheTemplateCommandsDisabled) {
+    QStringList texts;
+    QStringList disabled;
+    for (QAction* top : Dialog().GetMenuBar()->actions()) {
+        texts << top->text() + ":" + ActionTexts(*top->menu()).join(",");
+        for (QAction* action : top->menu()->actions())
+            if (!action->isEnabled()) disabled << action->text();
+    }
+    EXPECT_EQ(texts, (QStringList{"产品库:新建产品库,删除产品库,-,产品库根路径",
+                                  "基本属性:属性表,单位表,内置参数表",
+                                  "模板:新建模板,编辑模板,删除模板"}));
+    EXPECT_EQ(disabled, (QStringList{"新建模板", "编辑模板", "删除模板"}));
+    for (int id : {40033, 40034, 40035}) EXPECT_FALSE(Dialog().OnCommand(id)) << id;
+}
+
+TEST_F(MainDialog, SelectingANodeHandsItsPathToAllPagesAndKeepsTheTab) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    dlg.GetSheet()->setCurrentIndex(2);
+    Click(Node("QXMaterial", "目录"));
+    EXPECT_EQ(PagePaths(dlg), QStringList(3, "QXMaterial/目录"));
+    EXPECT_EQ(dlg.GetCurrentPath(), QStringLiteral("QXMaterial/目录"));
+    EXPECT_EQ(dlg.GetSheet()->currentIndex(), 2);
+
+    Click(Node("QXMEP"));
+    EXPECT_EQ(PagePaths(dlg), QStringList(3, "QXMEP"));
+    EXPECT_EQ(dlg.GetSheet()->currentIndex(), 2);
+    EXPECT_EQ(dlg.focusWidget(), dlg.GetLibraryPage()->GetReportCtrl());
+}
+
+TEST_F(MainDialog, RightButtonMenusDependOnTheNodeKindAndEmptySpaceHasNone) {
+    const auto library = Dialog().CreateNodeMenu(Node("QXMaterial"));
+    ASSERT_TRUE(library);
+    EXPECT_EQ(ActionTexts(*library), (QStringList{"新建产品库", "删除产品库", "新建产品目录"}));
+    const auto catalog = Dialog().CreateNodeMenu(Node("QXMaterial", "目录"));
+    ASSERT_TRUE(catalog);
+    EXPECT_EQ(ActionTexts(*catalog),
+              (QStringList{"新建目录", "复制目录", "删除目录", "重命名目录"}));
+
+    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
+    const QPoint below(5, tree->viewport()->height() - 2);
+    ASSERT_EQ(tree->itemAt(below), nullptr);
+    EXPECT_EQ(Dialog().CreateNodeMenu(tree->itemAt(below)), nullptr);
+}
+
+// New catalog refuses what would not make a file name; Copy and Rename leave that to the store.
+struct NameCase {
+    const char* typed;  // nullptr: the input box is cancelled
+    const char* message;
+};
+
+class NewCatalogName : public EditorFixture, public ::testing::WithParamInterface<NameCase> {};
+
+TEST_P(NewCatalogName, IsCheckedBeforeTheStoreIsAsked) {
+    const NameCase& c = GetParam();
+    Click(Node("QXMaterial"));
+    if (c.typed)
+        ui.inputs.push_back(QString::fromUtf8(c.typed));
+    else
+        ui.inputs.push_back(std::nullopt);
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "新建产品目录"));
+    EXPECT_EQ(ui.inputTitles, QStringList{"产品目录名称"});
+    EXPECT_EQ(ui.messages, c.message ? QStringList{QString::fromUtf8(c.message)} : QStringList());
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
+    std::vector<QString> names;
+    CVorDPMData::GetAllDPCName("QXMaterial", names);
+    EXPECT_EQ(names.size(), 2u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Refused, NewCatalogName,
+                         ::testing::Values(NameCase{nullptr, nullptr},
+                                           NameCase{"", "请输入产品目录名称！"},
+                                           NameCase{"a/b", "文件名含有无效的字符, 请重新输入!"},
+                                           NameCase{"a|b", "文件名含有无效的字符, 请重新输入!"},
+                                           NameCase{"a;b", "文件名含有无效的字符, 请重新输入!"},
+                                           NameCase{"a[1]", "文件名含有无效的字符, 请重新输入!"},
+                                           NameCase{"目录", "创建失败!"}));
+
+TEST_F(MainDialog, NewCatalogFromACatalogNodeGoesIntoItsLibrary) {
+    Click(Node("QXMaterial", "目录"));
+    ui.inputs.push_back(QStringLiteral("阀门"));
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "新建目录"));
+    EXPECT_TRUE(ui.messages.isEmpty());
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "阀门")));
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道", "阀门"}));
+    EXPECT_TRUE(ChildTexts(Node("QXMaterial", "目录")).isEmpty());
+    EXPECT_TRUE(Node("QXMaterial")->isExpanded());
+}
+
+TEST_F(MainDialog, CatalogCommandsOnALibraryTheStoreDoesNotKnowDoNothing) {
+    Click(Node("QXMEP"));
+    ui.inputs.push_back(QStringLiteral("新"));
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "新建产品目录"));
+    EXPECT_TRUE(ui.messages.isEmpty());
+    EXPECT_TRUE(ChildTexts(Node("QXMEP")).isEmpty());
+    EXPECT_FALSE(QDir(root.File("QXMEP")).exists());
+}
+
+TEST_F(MainDialog, CopyCatalogPassesTheNameToTheStoreAndAppendsTheCopy) {
+    Click(Node("QXMaterial", "目录"));
+    ui.inputs = {QString(), std::nullopt, QStringLiteral("a|b"), QStringLiteral("目录 2")};
+    for (int i = 0; i < 4; ++i)
+        ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "复制目录"));
+    EXPECT_EQ(ui.inputTitles, QStringList(4, "新产品目录名称"));
+    // The store refuses "a|b" itself: the message is the store's failure, not a name check.
+    EXPECT_EQ(ui.messages,
+              (QStringList{"请输入新产品目录名称！", "请输入新产品目录名称！", "失败!"}));
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录 2")));
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道", "目录 2"}));
+}
+
+TEST_F(MainDialog, RenameCatalogRenamesTheFileAndTheNode) {
+    QTreeWidgetItem* node = Node("QXMaterial", "目录");
+    Click(node);
+    ui.inputs = {std::nullopt, QStringLiteral("管道"), QStringLiteral("阀门")};
+    for (int i = 0; i < 3; ++i) ASSERT_TRUE(TriggerNodeMenu(node, "重命名目录"));
+    EXPECT_EQ(ui.messages, QStringList{"失败!"});
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"阀门", "管道"}));
+    EXPECT_FALSE(QFile::exists(CatalogFile("QXMaterial", "目录")));
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "阀门")));
+}
+
+TEST_F(MainDialog, DeleteCatalogAsksFirstAndMovesTheFileAway) {
+    Click(Node("QXMaterial", "目录"));
+    ui.buttons = {QMessageBox::Cancel, QMessageBox::Ok};
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "删除目录"));
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
+
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "删除目录"));
+    EXPECT_EQ(ui.messages, QStringList(2, "确实要把\"目录\"产品目录放入回收站吗?"));
+    EXPECT_FALSE(QFile::exists(CatalogFile("QXMaterial", "目录")));
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), QStringList{"管道"});
+    std::vector<QString> names;
+    CVorDPMData::GetAllDPCName("QXMaterial", names);
+    EXPECT_EQ(names, std::vector<QString>{"管道"});
+}
+
+TEST_F(MainDialog, DeleteLibraryWorksOnLibraryNodesOnly) {
+    Click(Node("QXMaterial", "目录"));
+    ASSERT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_DELETE_LIBRARY));
+    EXPECT_TRUE(ui.messages.isEmpty());
+    EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
+
+    Click(Node("QXMaterial"));
+    ui.buttons = {QMessageBox::Cancel};
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
+    EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
+    EXPECT_EQ(ui.messages, QStringList(2, "确实要把\"QXMaterial\"产品库放入回收站吗?"));
+    EXPECT_FALSE(QDir(root.File("QXMaterial")).exists());
+    EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
+
+    // A library the store does not know cannot be removed: the node stays, silently.
+    Click(Node("QXMEP"));
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "删除产品库"));
+    EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
+    EXPECT_EQ(ui.messages.size(), 3);
+}
+
+TEST_F(MainDialog, NewLibraryFromEitherMenuAppendsAnEmptyRoot) {
+    const auto typing = [](const QString& name) {
+        return Filling([name](QDialog* nested) {
+            auto* edit = nested->findChild<QLineEdit*>(QStringLiteral("8002"));
+            ASSERT_TRUE(edit);
+            Type(edit, name);
+            QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+        });
+    };
+    ui.dialogs = {typing("电气"), typing("暖通")};
+    ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
+    Click(Node("QXMEP"));
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "新建产品库"));
+    EXPECT_EQ(ui.dialogClasses, QStringList(2, "CVorDPMNewLibraryDlg"));
+    EXPECT_EQ(RootTexts(), (QStringList{"QXMaterial", "QXMEP", "电气", "暖通"}));
+    EXPECT_TRUE(ChildTexts(Node("电气")).isEmpty());
+    EXPECT_TRUE(QDir(root.File("电气")).exists());
+    EXPECT_TRUE(QDir(root.File("暖通")).exists());
+
+    ui.dialogs = {Filling([](QDialog*) {})};  // cancelled
+    ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
+    EXPECT_EQ(RootTexts().size(), 4);
+}
+
+TEST_F(MainDialog, RemoveLibrariesDropsTheRemovedRootsAndSaves) {
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("Other", info), 1);
+    info->SetAuthor(QStringLiteral("张三"));  // pending until a save
+    ui.dialogs = {Filling([](QDialog* nested) {
+        auto* list = nested->findChild<QAbstractItemView*>(QStringLiteral("8074"));
+        ASSERT_TRUE(list);
+        const QModelIndexList rows = list->model()->match(
+            list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("QXMaterial"));
+        ASSERT_EQ(rows.size(), 1);
+        list->selectionModel()->select(rows.front(),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("8071")), Qt::LeftButton);
+        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+    })};
+    ASSERT_TRUE(TriggerMenuBar("产品库", "删除产品库"));
+    EXPECT_EQ(ui.dialogClasses, QStringList{"CVorDPMDeletLibDlg"});
+    EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
+    EXPECT_FALSE(QDir(root.File("QXMaterial")).exists());
+    EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+}
+
+TEST_F(MainDialog, NewLibraryRootRebuildsTheTreeAndSelectsTheFirstLibrary) {
+    const QString other = root.Home() + QStringLiteral("/second");
+    ASSERT_TRUE(QDir().mkpath(other + QStringLiteral("/QXMaterial")));
+    Click(Node("QXMaterial", "目录"));
+    ui.dialogs = {Filling([other](QDialog* nested) {
+        auto* edit = nested->findChild<QLineEdit*>(QStringLiteral("8002"));
+        ASSERT_TRUE(edit);
+        edit->clear();
+        Type(edit, other);
+        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+    })};
+    ASSERT_TRUE(TriggerMenuBar("产品库", "产品库根路径"));
+    EXPECT_EQ(ui.dialogClasses, QStringList{"CVorDPMSetLibRoot"});
+    EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath().startsWith(other));
+    EXPECT_EQ(RootTexts(), (QStringList{"QXMaterial", "QXMEP"}));
+    EXPECT_TRUE(ChildTexts(Node("QXMaterial")).isEmpty());
+    EXPECT_EQ(Dialog().GetTreeCtrl()->currentItem(), Node("QXMaterial"));
+    EXPECT_EQ(PagePaths(Dialog()), QStringList(3, "QXMaterial"));
+}
+
+TEST_F(MainDialog, CommonTableEntriesOpenTheTableDialogInTheirMode) {
+    std::vector<int> modes;
+    const auto peek = Filling([&modes](QDialog* nested) {
+        auto* table = qobject_cast<CVorDPMDPODlg*>(nested);
+        ASSERT_TRUE(table);
+        modes.push_back(table->GetMode());
+    });
+    ui.dialogs = {peek, peek, peek};
+    for (const char* entry : {"属性表", "单位表", "内置参数表"})
+        ASSERT_TRUE(TriggerMenuBar("基本属性", entry)) << entry;
+    EXPECT_EQ(modes, (std::vector<int>{0, 1, 2}));
+}
+
+TEST_F(MainDialog, CommandsWithoutAMenuSaveAskForAFileOrDoNothing) {
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
+    info->SetCompanyName(QStringLiteral("启星"));
+    ASSERT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_DO_NOTHING));
+    EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_SAVE_WORK));
+    EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+
+    ui.files.push_back(root.File("QXMaterial/library.DPI"));
+    EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_OPEN_FILE));
+    EXPECT_TRUE(ui.files.empty());
+    EXPECT_TRUE(ui.messages.isEmpty());
+    EXPECT_FALSE(Dialog().OnCommand(12345));
+}
+
+TEST_F(MainDialog, EditingALabelChangesTheNodeOnlyNotTheStore) {
+    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
+    QTreeWidgetItem* node = Node("QXMaterial", "目录");
+    Click(node);
+    node->setFlags(node->flags() | Qt::ItemIsEditable);
+    tree->editItem(node);
+    auto* edit = tree->viewport()->findChild<QLineEdit*>();
+    ASSERT_TRUE(edit);
+    edit->selectAll();
+    Type(edit, QStringLiteral("改名"));
+    QTest::keyClick(edit, Qt::Key_Escape);  // the typed text is kept even when cancelled
+    EXPECT_EQ(node->text(0), QStringLiteral("改名"));
+    EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
+    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+TEST_F(MainDialog, GrowingTheWindowGrowsTheTreeDownwardsAndTheSheetBothWays) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    const QRect tree = dlg.GetTreeCtrl()->geometry();
+    const QRect sheet = dlg.GetSheet()->geometry();
+    const QSize page = dlg.GetLibraryPage()->size();
+    EXPECT_EQ(sheet.left(), tree.right() + 13);
+    EXPECT_EQ(sheet.top(), tree.top());
+    EXPECT_EQ(sheet.bottom(), tree.bottom());
+    dlg.resize(dlg.size() + QSize(100, 50));
+    const QRect grownTree = dlg.GetTreeCtrl()->geometry();
+    EXPECT_EQ(grownTree.topLeft(), tree.topLeft());
+    EXPECT_EQ(grownTree.width(), tree.width());
+    EXPECT_EQ(grownTree.height(), tree.height() + 50);
+    const QRect grownSheet = dlg.GetSheet()->geometry();
+    EXPECT_EQ(grownSheet.size(), sheet.size() + QSize(100, 50));
+    EXPECT_EQ(dlg.GetLibraryPage()->size(), page + QSize(100, 50));
+    EXPECT_EQ(grownSheet.right(), dlg.width() - 13);
+}
+
+TEST_F(MainDialog, ClosingBringsTheProductCountsUpToDateWithoutSaving) {
+    CVorDPMDPD* definition = nullptr;
+    ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("弯头"), definition), VOR::eOk);
+    ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("三通"), definition), VOR::eOk);
+    Dialog();
+    CVorDPMManager::GetVorDPMManager()->SaveWork();
+    dialog.reset();
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
+    EXPECT_EQ(info->GetLocalProductCount(), 2);
+    EXPECT_EQ(info->GetIncludeProductCount(), 0);
+    EXPECT_EQ(info->GetProductCount(), 2);
+    EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+}
