@@ -1,0 +1,153 @@
+// Time to build the product tree of a library of 10,000 products that no catalog holds, with
+// the store warm and cold, next to the plain loop that appends as many nodes.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include "CVorDPMManager.h"
+#include "shell/CVorDPMTreeCtrlEx.h"
+
+namespace {
+
+constexpr int kProducts = 10000;
+constexpr int kCatalogs = 3;
+constexpr int kCatalogued = 10;  // products per catalog, on top of the uncatalogued ones
+const QString kLibrary = QStringLiteral("Bench");
+
+CVorDPMManager* Manager() {
+    return CVorDPMManager::GetVorDPMManager();
+}
+
+// A library root in a temporary folder: 10,000 uncatalogued product files and a few small
+// catalogs (so that the search for uncatalogued products has catalogs to look through),
+// written to disk once per run, or once for all runs in a kept root.
+class TreeBenchData {
+public:
+    // VORDPM_BENCH_ROOT names a root to keep between runs (writing the library takes
+    // minutes); without it a temporary folder is used.
+    TreeBenchData() {
+        const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
+        const QString home = kept.isEmpty() ? m_dir.path() : kept;
+        qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/config")).toUtf8());
+        qputenv("XDG_DATA_HOME", (home + QStringLiteral("/data")).toUtf8());
+        Manager()->SetDPMLibraryRootPath(home + QStringLiteral("/root"));
+        CVorDPMLibraryManager* library = nullptr;
+        Manager()->GetLibrary(kLibrary, library);
+        if (!library) Write();
+    }
+
+private:
+    static void Write() {
+        QElapsedTimer timer;
+        timer.start();
+        CVorDPMLibraryManager* library = nullptr;
+        if (Manager()->CreateLibrary(kLibrary, library) != VOR::eOk)
+            qFatal("cannot create library");
+        for (int i = 0; i < kProducts; ++i)
+            CreateDPD(*library, QStringLiteral("P%1").arg(i, 5, 10, QLatin1Char('0')));
+        for (int c = 0; c < kCatalogs; ++c) FillCatalog(*library, c);
+        if (Manager()->SaveWork() != 1) qFatal("cannot save the benchmark data");
+        Manager()->DiscardChanges();
+        qInfo("benchmark library written in %lld ms", static_cast<long long>(timer.elapsed()));
+    }
+
+    static void CreateDPD(CVorDPMLibraryManager& library, const QString& name) {
+        CVorDPMDPD* dpd = nullptr;
+        if (library.CreateDPD(name, dpd) != VOR::eOk) qFatal("cannot create a product file");
+    }
+
+    static void FillCatalog(CVorDPMLibraryManager& library, int index) {
+        CVorDPMDPC* catalog = nullptr;
+        library.CreateDPC(QStringLiteral("Catalog%1").arg(index), catalog);
+        for (int i = 0; i < kCatalogued; ++i) {
+            const QString name = QStringLiteral("C%1-%2").arg(index).arg(i);
+            CreateDPD(library, name);
+            auto* entry = new CVorDPM_DPC_Content;
+            entry->SetDPD(name);
+            entry->SetType0(QStringLiteral("分类%1").arg(i % 3));
+            catalog->AddContent(entry);
+        }
+    }
+
+    QTemporaryDir m_dir;
+};
+
+TreeBenchData& Data() {
+    static TreeBenchData data;
+    return data;
+}
+
+void CheckTree(benchmark::State& state, const CVorDPMTreeCtrlEx& tree) {
+    const QTreeWidgetItem* uncatalogued = tree.topLevelItem(0)->child(kCatalogs);
+    if (!uncatalogued || uncatalogued->childCount() != kProducts)
+        state.SkipWithError("the tree does not hold every uncatalogued product");
+}
+
+// The store has read the library before: the usual case when the user selects it again.
+void BM_InsertTreeWarm(benchmark::State& state) {
+    Data();
+    CVorDPMTreeCtrlEx tree;
+    tree.show();
+    tree.InsertTree(kLibrary);
+    for (auto _ : state) {
+        state.PauseTiming();
+        tree.clear();
+        state.ResumeTiming();
+        tree.InsertTree(kLibrary);
+    }
+    CheckTree(state, tree);
+}
+BENCHMARK(BM_InsertTreeWarm)->Unit(benchmark::kMillisecond);
+
+// Everything loaded is dropped first: the tree is the first to ask for the library.
+void BM_InsertTreeCold(benchmark::State& state) {
+    Data();
+    CVorDPMTreeCtrlEx tree;
+    tree.show();
+    for (auto _ : state) {
+        state.PauseTiming();
+        tree.clear();
+        Manager()->DiscardChanges();
+        state.ResumeTiming();
+        tree.InsertTree(kLibrary);
+    }
+    CheckTree(state, tree);
+}
+BENCHMARK(BM_InsertTreeCold)->Unit(benchmark::kMillisecond);
+
+// The floor: as many nodes with text and icon appended to a plain tree in one go.
+void BM_PlainNodes(benchmark::State& state) {
+    QTreeWidget tree;
+    tree.show();
+    const QIcon icon(QStringLiteral(":/vordpm/icons/tree_product.png"));
+    QStringList names;
+    for (int i = 0; i < kProducts; ++i) names.append(QStringLiteral("P%1").arg(i));
+    for (auto _ : state) {
+        state.PauseTiming();
+        tree.clear();
+        state.ResumeTiming();
+        auto* root = new QTreeWidgetItem(&tree, QStringList{kLibrary});
+        QList<QTreeWidgetItem*> nodes;
+        for (const QString& name : names) {
+            auto* node = new QTreeWidgetItem(QStringList{name});
+            node->setIcon(0, icon);
+            nodes.append(node);
+        }
+        root->addChildren(nodes);
+    }
+}
+BENCHMARK(BM_PlainNodes)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
