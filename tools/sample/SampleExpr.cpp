@@ -15,7 +15,7 @@ QStringList Union(QStringList a, const QStringList& b) {
 }  // namespace
 
 SampleExpr::SampleExpr(double value)
-    : SampleExpr(value, QString::number(value, 'g', 12), value < 0 ? Sum : Atom, {}) {}
+    : SampleExpr(value, QString::number(value, 'g', 12), value < 0 ? Unary : Atom, {}) {}
 
 SampleExpr::SampleExpr(double value, const QString& text, int precedence, const QStringList& params)
     : m_value(value), m_text(text), m_precedence(precedence), m_params(params) {}
@@ -52,11 +52,10 @@ SampleExpr operator/(const SampleExpr& a, const SampleExpr& b) {
     return SampleExpr::Binary(a, QLatin1Char('/'), b, a.m_value / b.m_value);
 }
 
-// A negated sum or negative literal counts as a sum, so that it is parenthesised wherever it
-// is an operand and "x - -y" (which Lua would read as a comment start without spaces) never
-// appears.
+// Anything but a name or number is parenthesised under the minus, so that "--" (a comment in
+// Lua) never appears.
 SampleExpr operator-(const SampleExpr& a) {
     return SampleExpr(-a.m_value,
                       QLatin1Char('-') + Wrapped(a.m_text, a.m_precedence < SampleExpr::Atom),
-                      SampleExpr::Sum, a.m_params);
+                      SampleExpr::Unary, a.m_params);
 }

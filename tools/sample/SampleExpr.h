@@ -24,8 +24,9 @@ public:
     friend SampleExpr operator-(const SampleExpr& a);
 
 private:
-    // Binding strength of the text's outermost operator: sums 1, products 2, atoms 3.
-    enum Precedence { Sum = 1, Product = 2, Atom = 3 };
+    // Binding strength of the text's outermost operator, as in Lua: sums, products, unary
+    // minus, then names, numbers and parenthesised texts.
+    enum Precedence { Sum = 1, Product = 2, Unary = 3, Atom = 4 };
 
     SampleExpr(double value, const QString& text, int precedence, const QStringList& params);
     static SampleExpr Binary(const SampleExpr& a, QChar op, const SampleExpr& b, double value);

@@ -54,7 +54,7 @@ void DrawBolt(SampleSketch& sketch) {
     sketch.Text(l / 2, r + 2, QStringLiteral("l"));
     sketch.Text(l - b / 2, -r - 6, QStringLiteral("b"));
     sketch.Text(-k, s / 2 + 2, QStringLiteral("k"));
-    sketch.Text(-k - 8, 0, QStringLiteral("s"));
+    sketch.Text(-k, -s / 2 - 8, QStringLiteral("s"));
     sketch.Text(l + 2, 0, QStringLiteral("d"));
 }
 

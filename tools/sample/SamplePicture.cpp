@@ -11,6 +11,8 @@ namespace {
 const int kWidth = 320;
 const int kHeight = 240;
 const int kMargin = 16;
+// Texts run right of and above their anchor, which alone is in the drawing's bounds.
+const int kTextRoom = 20;
 const int kCaption = 28;
 
 QPolygonF Points(const QList<double>& xy) {
@@ -101,7 +103,8 @@ QByteArray SamplePicture::Png(const SampleSketch& sketch) {
                          sketch.Title());
     }
     const QRectF bounds = Bounds(sketch.Items());
-    const QRectF area(kMargin, kMargin, kWidth - 2 * kMargin, kHeight - 2 * kMargin - kCaption);
+    const QRectF area(kMargin, kMargin + kTextRoom, kWidth - 2 * kMargin - kTextRoom,
+                      kHeight - 2 * kMargin - kTextRoom - kCaption);
     if (bounds.width() > 0 || bounds.height() > 0) {
         const double scale = qMin(area.width() / qMax(bounds.width(), 1e-9),
                                   area.height() / qMax(bounds.height(), 1e-9));

@@ -76,7 +76,7 @@ void DrawGateValve(SampleSketch& sketch) {
     sketch.Rect(-D / 6, D / 2, D / 3, 0.35 * H);
     sketch.Line(0, D / 2 + 0.35 * H, 0, H);
     sketch.Rect(-W / 2, H - 12, W, 12);
-    sketch.Text(-a, -D / 2 - 8, QStringLiteral("L"));
+    sketch.Text(0, -D / 2 - 40, QStringLiteral("L"));
     sketch.Text(W / 2 + 4, H / 2, QStringLiteral("H"));
     sketch.Text(-W / 2, H + 4, QStringLiteral("W"));
 }

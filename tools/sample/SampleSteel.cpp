@@ -76,9 +76,10 @@ void DrawPlate(SampleSketch& sketch) {
     sketch.Text(L + 40, -B / 4, QStringLiteral("t"));
 }
 
-void LabelSection(SampleSketch& sketch, const SampleExpr& h, const SampleExpr& b) {
-    sketch.Text(b / 2 + 4, 0, QStringLiteral("h"));
-    sketch.Text(0, h / 2 + 4, QStringLiteral("b"));
+// Labels the height right of the section and the flange width above it.
+void LabelSection(SampleSketch& sketch, const SampleExpr& right, const SampleExpr& top) {
+    sketch.Text(right + 4, 0, QStringLiteral("h"));
+    sketch.Text(0, top + 4, QStringLiteral("b"));
 }
 
 void DrawIBeam(SampleSketch& sketch) {
@@ -92,7 +93,7 @@ void DrawIBeam(SampleSketch& sketch) {
     const SampleExpr f = sketch.Local(QStringLiteral("f"), y - t);
     sketch.Polygon(
         {-x, -y, x, -y, x, -f, w, -f, w, f, x, f, x, y, -x, y, -x, f, -w, f, -w, -f, -x, -f});
-    LabelSection(sketch, h, b);
+    LabelSection(sketch, x, y);
     sketch.Text(w + 2, 0, QStringLiteral("d"));
 }
 
@@ -104,7 +105,7 @@ void DrawChannel(SampleSketch& sketch) {
     const SampleExpr y = sketch.Local(QStringLiteral("y"), h / 2);
     const SampleExpr f = sketch.Local(QStringLiteral("f"), y - t);
     sketch.Polygon({0, -y, b, -y, b, -f, d, -f, d, f, b, f, b, y, 0, y});
-    LabelSection(sketch, h, 2 * b);
+    LabelSection(sketch, b, y);
     sketch.Text(d + 2, 0, QStringLiteral("d"));
 }
 

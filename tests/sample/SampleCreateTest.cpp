@@ -1,0 +1,143 @@
+// Creating the sample: refusals that leave a root as it was, taking back a run that fails half
+// way, and the scale factor for benchmarks.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSet>
+#include <iostream>
+
+#include "sample/SampleLibrary.h"
+#include "sample/SampleStoreView.h"
+#include "support/TempRoot.h"
+
+namespace {
+
+using View = SampleStoreView;
+
+// Product rows and series rows per definition name.
+QHash<QString, QPair<int, int>> Counts() {
+    QHash<QString, QPair<int, int>> counts;
+    for (CVorDPMDPD* definition : View::AllDefinitions())
+        counts.insert(definition->GetDPDName(),
+                      {View::ProductCount(definition), int(View::Series(definition).size())});
+    return counts;
+}
+
+// Every file under the root with its size and modification time.
+QStringList Snapshot(const QString& root) {
+    QStringList files;
+    QDir dir(root);
+    const auto entries = dir.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QFileInfo& entry : entries) {
+        if (entry.isDir()) {
+            files += Snapshot(entry.filePath());
+            continue;
+        }
+        files.append(QStringLiteral("%1 %2 %3")
+                         .arg(entry.filePath())
+                         .arg(entry.size())
+                         .arg(entry.lastModified().toMSecsSinceEpoch()));
+    }
+    return files;
+}
+
+int SeriesCount() {
+    int count = 0;
+    for (const auto& pair : Counts()) count += pair.second;
+    return count;
+}
+
+TEST(SampleCreate, CreatingTwiceIsRefusedAndLeavesTheRootAsItWas) {
+    TempRoot root;
+    QString error;
+    ASSERT_TRUE(SampleLibrary::Create(root.Path(), 1, error)) << error.toStdString();
+    const QStringList before = Snapshot(root.Path());
+
+    error.clear();
+    EXPECT_FALSE(SampleLibrary::Create(root.Path(), 1, error));
+    EXPECT_TRUE(error.contains("QXMaterial")) << error.toStdString();
+    EXPECT_EQ(Snapshot(root.Path()), before);
+    View::Reopen(root.Path(), root.Home() + "/elsewhere");
+    QStringList libraries;
+    View::Manager()->GetAllLibraryName(libraries);
+    EXPECT_EQ(libraries.size(), 2);
+}
+
+// The second library cannot be made (a plain file holds its name), so the run fails after the
+// first library is complete; nothing of the run may stay, and a later run must succeed.
+TEST(SampleCreate, FailureHalfWayTakesBackEverythingTheRunMade) {
+    TempRoot root;
+    QFile blocker(root.File("QXMEP"));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+
+    QString error;
+    EXPECT_FALSE(SampleLibrary::Create(root.Path(), 1, error));
+    EXPECT_TRUE(error.contains("QXMEP")) << error.toStdString();
+    View::Reopen(root.Path(), root.Home() + "/elsewhere");
+    QStringList libraries;
+    View::Manager()->GetAllLibraryName(libraries);
+    EXPECT_TRUE(libraries.isEmpty()) << libraries.join(',').toStdString();
+    QStringList templates;
+    View::Manager()->GetTemplateManager()->GetAllDPTName(templates);
+    EXPECT_TRUE(templates.isEmpty());
+    EXPECT_TRUE(QFile::exists(root.File("QXMEP")));
+
+    ASSERT_TRUE(QFile::remove(root.File("QXMEP")));
+    EXPECT_TRUE(SampleLibrary::Create(root.Path(), 1, error)) << error.toStdString();
+}
+
+TEST(SampleCreate, RefusesABadScaleOrRootBeforeWritingAnything) {
+    TempRoot root;
+    QFile file(root.File("not-a-folder"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const struct {
+        QString root;
+        int scale;
+    } cases[] = {
+        {root.File("a"), 0}, {root.File("b"), -3}, {root.File("not-a-folder"), 1}, {QString(), 1}};
+    for (const auto& test : cases) {
+        QString error;
+        EXPECT_FALSE(SampleLibrary::Create(test.root, test.scale, error))
+            << test.root.toStdString();
+        EXPECT_FALSE(error.isEmpty());
+        EXPECT_FALSE(QFileInfo::exists(test.root + "/QXMaterial"));
+    }
+}
+
+TEST(SampleCreate, ScaleMultipliesProductsAndSeriesRows) {
+    TempRoot root;
+    QString error;
+    QElapsedTimer timer;
+    timer.start();
+    ASSERT_TRUE(SampleLibrary::Create(root.File("one"), 1, error)) << error.toStdString();
+    const qint64 oneMs = timer.restart();
+    View::Reopen(root.File("one"), root.Path());
+    const QHash<QString, QPair<int, int>> one = Counts();
+    const int oneSeries = SeriesCount();
+
+    ASSERT_TRUE(SampleLibrary::Create(root.File("ten"), 10, error)) << error.toStdString();
+    const qint64 tenMs = timer.elapsed();
+    View::Reopen(root.File("ten"), root.Path());
+    const QHash<QString, QPair<int, int>> ten = Counts();
+    std::cout << "sample created: scale 1 in " << oneMs << " ms (" << oneSeries
+              << " series rows), scale 10 in " << tenMs << " ms (" << SeriesCount()
+              << " series rows)\n";
+
+    ASSERT_EQ(ten.keys().size(), one.keys().size());
+    for (auto it = one.cbegin(); it != one.cend(); ++it) {
+        EXPECT_EQ(it.value().first, 1) << it.key().toStdString();
+        EXPECT_EQ(ten.value(it.key()).first, 10 * it.value().first) << it.key().toStdString();
+        EXPECT_EQ(ten.value(it.key()).second, 10 * it.value().second) << it.key().toStdString();
+    }
+    for (CVorDPMDPD* definition : View::AllDefinitions()) {
+        QSet<QString> keys;
+        for (CVorDPM_DPD_Serial* row : View::Series(definition)) keys.insert(row->GetKey());
+        EXPECT_EQ(keys.size(), View::Series(definition).size()) << "series keys repeat";
+    }
+}
+
+}  // namespace
