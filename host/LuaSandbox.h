@@ -13,7 +13,7 @@ class LuaSandbox {
 public:
     struct Limits {
         std::size_t memoryBytes = 32 * 1024 * 1024;
-        long long instructions = 20'000'000;
+        long long instructions = 10'000'000;
     };
 
     explicit LuaSandbox(const Limits& limits);
