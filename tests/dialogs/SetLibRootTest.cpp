@@ -14,27 +14,14 @@ protected:
         edit = Control<QLineEdit>(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH);
     }
 
-    // The root that the store itself remembers for its next start.
-    static QString RememberedRoot() {
-        return QSettings(QStringLiteral("VorDPM"), QStringLiteral("VorDPM"))
-            .value(QStringLiteral("Store/LibraryRoot"))
-            .toString();
-    }
-
     CVorDPMSetLibRoot dialog;
     QLineEdit* edit = nullptr;
 };
 
-TEST_F(SetLibRootTest, OpensOnTheStoresRoot) {
-    EXPECT_EQ(edit->text(), root.Path());
-    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("设置产品路径"));
-}
-
 TEST_F(SetLibRootTest, OkSwitchesTheStoreToTheTypedFolderAndRemembersIt) {
-    for (const QString& typed :
-         {root.Home() + QStringLiteral("/other"), root.Home() + QStringLiteral("/second/")}) {
+    EXPECT_EQ(edit->text(), root.Path());
+    for (const QString& typed : {root.Home() + "/other", root.Home() + "/second/"}) {
         SCOPED_TRACE(typed.toStdString());
-        Store()->SetDPMLibraryRootPath(root.Path());
         CVorDPMSetLibRoot fresh;
         fresh.show();
         Type(&fresh, CVorDPMSetLibRoot::IDC_ROOT_PATH, typed);
@@ -43,53 +30,36 @@ TEST_F(SetLibRootTest, OkSwitchesTheStoreToTheTypedFolderAndRemembersIt) {
         const QString expected = QDir::cleanPath(typed);
         EXPECT_TRUE(Accepted(fresh));
         EXPECT_EQ(Store()->GetDPMLibraryRootPath(), expected);
-        EXPECT_EQ(RememberedRoot(), expected);
-        EXPECT_TRUE(QDir(expected).exists());
+        // What the store reads at its next start.
+        EXPECT_EQ(QSettings("VorDPM", "VorDPM").value("Store/LibraryRoot").toString(), expected);
     }
     EXPECT_TRUE(ui.messages.isEmpty());
 }
 
-TEST_F(SetLibRootTest, LibrariesOfTheNewRootAreTheOnesListed) {
-    CreateLibraries({QStringLiteral("Old")});
-    const QString other = root.Home() + QStringLiteral("/other");
-    Store()->SetDPMLibraryRootPath(other);
-    CreateLibraries({QStringLiteral("New")});
-    Store()->SetDPMLibraryRootPath(root.Path());
-
-    Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, other);
-    Click(&dialog, VorDPMControlId::IDOK);
-
-    EXPECT_EQ(LibraryNames(), QStringList{QStringLiteral("New")});
-    EXPECT_TRUE(QDir(root.File(QStringLiteral("Old"))).exists());
-}
-
-TEST_F(SetLibRootTest, EmptyPathDoesNothing) {
-    edit->clear();
-    Click(&dialog, VorDPMControlId::IDOK);
-
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_TRUE(ui.messages.isEmpty());
-    EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
-}
-
-TEST_F(SetLibRootTest, UnusableFolderIsReportedAndTheRootStays) {
+TEST_F(SetLibRootTest, EmptyOrUnusablePathKeepsTheDialogOpenAndTheRoot) {
     // A folder cannot be made below a plain file.
     const QString file = root.Home() + QStringLiteral("/plain");
     QFile(file).open(QIODevice::WriteOnly);
-    Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, file + QStringLiteral("/sub"));
-    Click(&dialog, VorDPMControlId::IDOK);
+    const std::pair<QString, QStringList> cases[] = {
+        {QString(), {}},
+        {file + QStringLiteral("/sub"), {QStringLiteral("设置失败")}},
+    };
+    for (const auto& [typed, messages] : cases) {
+        ui.messages.clear();
+        Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, typed);
+        Click(&dialog, VorDPMControlId::IDOK);
 
-    EXPECT_EQ(ui.messages, QStringList{QStringLiteral("设置失败")});
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+        EXPECT_EQ(ui.messages, messages);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+    }
 }
 
 TEST_F(SetLibRootTest, BrowseFillsTheEditWithTheChosenFolderAndCancelKeepsIt) {
     ui.files = {root.Home() + QStringLiteral("/chosen"), QString()};
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
-    EXPECT_EQ(edit->text(), root.Home() + QStringLiteral("/chosen"));
-
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
+
     EXPECT_EQ(edit->text(), root.Home() + QStringLiteral("/chosen"));
     EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
 }
