@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "CVorDPMManager.h"
+#include "query/CVorDPMData.h"
 #include "shell/CVorDPMTreeCtrlEx.h"
 
 namespace {
@@ -86,9 +87,11 @@ void CheckTree(benchmark::State& state, const CVorDPMTreeCtrlEx& tree) {
 }
 
 // The store has read the library before: the usual case when the user selects it again.
+// Argument: 1 with check boxes (the default), 0 without (as in the main dialog).
 void BM_InsertTreeWarm(benchmark::State& state) {
     Data();
     CVorDPMTreeCtrlEx tree;
+    tree.SetCheckBoxes(state.range(0) != 0);
     tree.show();
     tree.InsertTree(kLibrary);
     for (auto _ : state) {
@@ -99,7 +102,7 @@ void BM_InsertTreeWarm(benchmark::State& state) {
     }
     CheckTree(state, tree);
 }
-BENCHMARK(BM_InsertTreeWarm)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_InsertTreeWarm)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
 
 // Everything loaded is dropped first: the tree is the first to ask for the library.
 void BM_InsertTreeCold(benchmark::State& state) {
@@ -116,6 +119,19 @@ void BM_InsertTreeCold(benchmark::State& state) {
     CheckTree(state, tree);
 }
 BENCHMARK(BM_InsertTreeCold)->Unit(benchmark::kMillisecond);
+
+// The store and query part of the warm build alone: the uncatalogued products of the library.
+void BM_ExteriorProductsWarm(benchmark::State& state) {
+    Data();
+    CKZList<CVorDPMDPD*> warm;
+    CVorDPMData::GetALLExteriorDPD(kLibrary, warm);
+    for (auto _ : state) {
+        CKZList<CVorDPMDPD*> products;
+        CVorDPMData::GetALLExteriorDPD(kLibrary, products);
+        if (products.GetCount() != kProducts) state.SkipWithError("wrong number of products");
+    }
+}
+BENCHMARK(BM_ExteriorProductsWarm)->Unit(benchmark::kMillisecond);
 
 // The floor: as many nodes with text and icon appended to a plain tree in one go.
 void BM_PlainNodes(benchmark::State& state) {
