@@ -25,26 +25,49 @@ void UnlinkEntries(CKZList<CVorDPM_DPC_Content*>& list, Predicate&& drop) {
     }
 }
 
-// The values of the rule's parameters, in the order of the definition's properties.
-void AppendRuleValues(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
-                      QStringList& values) {
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd->GetAllProperty(properties, 0);
-    for (const CVorDPM_DPD_Property* property : properties) {
-        for (qsizetype i = 1; i < parts.size(); ++i) {
-            if (parts[i].compare(property->GetParamAlias(), Qt::CaseInsensitive) != 0) continue;
-            const QString value = serial.GetValue(property->GetObjectId());
-            if (!value.isEmpty()) values.append(value);
-        }
+// Calls `visit` for each live row of one table of `file`, in table order: what the matching
+// GetAll call lists, without building a list. Naming every row of a large table reads the
+// property rows once per row, where a list of them would be allocated and freed each time.
+template <class Row, class Visit>
+void ForEachLiveRow(const CVorDPMDBBase& file, Visit&& visit) {
+    for (const auto& table : file.Tables()) {
+        if (&table->Info() != &Row::ClassInfo()) continue;
+        for (const CVorDPMObject* row : table->AllRows())
+            if (!row->IsDeleted()) visit(static_cast<const Row*>(row));
     }
 }
 
-// The literal part and the first value are joined directly, further values with "*".
-void AppendJoinedName(const QStringList& values, QString& name) {
-    for (qsizetype i = 0; i < values.size(); ++i) {
-        if (i >= 2) name += QLatin1Char('*');
-        name += values[i];
+// The rule split into its tokens. Every series row of a product shares one rule, so naming a
+// whole table splits each rule once rather than once per row.
+const QStringList& RuleParts(const QString& rule) {
+    thread_local QString lastRule;
+    thread_local QStringList lastParts;
+    thread_local bool split = false;
+    if (!split || rule != lastRule) {
+        lastParts.clear();
+        CVorDPMData::ParseString(rule, kNameRuleDelimiters, lastParts);
+        lastRule = rule;
+        split = true;
     }
+    return lastParts;
+}
+
+// Appends the literal part, then the values of the rule's parameters in the order of the
+// definition's properties: the first value directly, every further one after a "*".
+void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
+                QString& name) {
+    name += parts.first();
+    int values = 1;
+    ForEachLiveRow<CVorDPM_DPD_Property>(*dpd, [&](const CVorDPM_DPD_Property* property) {
+        const QString& param = property->GetParamAlias();
+        for (qsizetype i = 1; i < parts.size(); ++i) {
+            if (parts[i].compare(param, Qt::CaseInsensitive) != 0) continue;
+            const QString value = serial.GetValue(property->GetObjectId());
+            if (value.isEmpty()) continue;
+            if (++values > 2) name += QLatin1Char('*');
+            name += value;
+        }
+    });
 }
 
 }  // namespace
@@ -118,12 +141,9 @@ int CVorDPMData::ParseProductNameRule(CVorDPMDPD* dpd, CVorDPM_DPD_Serial* seria
     CVorDPM_DPD_Product* product = nullptr;
     dpd->GetProduct(serial->GetProductId(), product, 0);
     if (!product) return 0;
-    QStringList parts;
-    ParseString(product->GetNameRule(), kNameRuleDelimiters, parts);
+    const QStringList& parts = RuleParts(product->GetNameRule());
     if (parts.isEmpty()) return 0;
-    QStringList values{parts.first()};
-    AppendRuleValues(dpd, *serial, parts, values);
-    AppendJoinedName(values, name);
+    AppendName(dpd, *serial, parts, name);
     return 1;
 }
 

@@ -45,6 +45,14 @@ const MatchCase kMatchCases[] = {
     // With "*" present, "?" quantifies the character before it: "x?0" allows "0" alone.
     {"M12x50", "M*x?0", 1},
     {"M120", "M*x?0", 1},
+    // Characters made optional by "?" or "*" need not be present; a "?" after a character
+    // outside the basic plane makes both of its halves optional.
+    {"ac", "ab?c*", 1},
+    {"Mx", "M*x?y?", 1},
+    {"x", "😀?x*", 1},
+    {"abc", "b*", 1},
+    {"acb", "a*b", 1},
+    {"ab", "a*bc", 0},
     // Other expression characters typed with a wildcard take their regular-expression meaning.
     {"M12", "M[0-9]*", 1},
     {"abc", "a.c*", 1},
