@@ -18,6 +18,9 @@ namespace {
 // Time for the editor to fill its tree and pages before the screenshot is taken.
 constexpr int kScreenshotDelayMs = 800;
 
+// Exit codes of the process.
+enum ExitCode { kDone = 0, kNoEditor = 2, kNoRoot = 3, kSaveFailed = 4 };
+
 }  // namespace
 
 HostApplication::HostApplication(const HostOptions& options, const QElapsedTimer& started)
@@ -32,15 +35,16 @@ HostApplication::~HostApplication() = default;
 
 int HostApplication::Run() {
     if (!m_loader.Load(EditorLoader::Locate(m_options.editor)))
-        return Fail(m_loader.ErrorText(), 2);
+        return Fail(m_loader.ErrorText(), kNoEditor);
     QString error;
-    if (!LibraryRootChooser::Choose(m_options.root, error)) return Fail(error, 3);
+    if (!LibraryRootChooser::Choose(m_options.root, error)) return Fail(error, kNoRoot);
 
     const std::unique_ptr<FirstWindowWatcher> watcher = WatchFirstWindow();
     m_loader.EntryFunction()(&HostPreview::Draw, &HostPreview::Close, &HostPreview::Move);
     HostPreview::Close();
 
-    return PendingWork::Finish(*CVorDPMManager::GetVorDPMManager(), *m_prompt) ? 0 : 4;
+    return PendingWork::Finish(*CVorDPMManager::GetVorDPMManager(), *m_prompt) ? kDone
+                                                                               : kSaveFailed;
 }
 
 int HostApplication::Fail(const QString& error, int exitCode) {
