@@ -37,12 +37,12 @@ void CVorDPMDialogBase::AutoLoadPlacement(const QString& key) {
     if (!geometry.isEmpty()) restoreGeometry(geometry);
 }
 
-void CVorDPMDialogBase::showEvent(QShowEvent* event) {
-    if (!m_initialised) {
+void CVorDPMDialogBase::setVisible(bool visible) {
+    if (visible && !m_initialised) {
         m_initialised = true;
         OnInitDialog();
     }
-    QDialog::showEvent(event);
+    QDialog::setVisible(visible);
 }
 
 void CVorDPMDialogBase::resizeEvent(QResizeEvent* event) {

@@ -19,6 +19,9 @@ public:
     QRect MapDialogRect(const QRect& units) const;
     // Refreshes the enabled state of the dialog's commands; dialogs with such rules override it.
     virtual void UpdateCommandUi() {}
+    // Runs OnInitDialog before the first show. It must come before the window appears: changing
+    // the window flags of a visible window hides it again.
+    void setVisible(bool visible) override;
 
 protected:
     // Runs once, right before the dialog is first shown. The base adds the size grip; the
@@ -29,7 +32,6 @@ protected:
     // Restores the placement saved under `key` and saves it again when the dialog closes.
     void AutoLoadPlacement(const QString& key);
 
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void done(int result) override;
 
