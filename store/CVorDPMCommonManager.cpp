@@ -13,10 +13,10 @@ template <class T>
 T* CVorDPMCommonManager::Open(std::unique_ptr<T>& slot, const QString& fileName) {
     if (slot) return slot.get();
     auto table = std::make_unique<T>(QDir(m_root).filePath(fileName));
-    QString error;
-    const bool ready = QFile::exists(table->GetFilePath())
-                           ? CVorDPMFileStore::Load(*table, error)
-                           : QDir().mkpath(m_root) && CVorDPMFileStore::WriteNew(*table);
+    const bool exists = QFile::exists(table->GetFilePath());
+    if (!exists) table->MarkLoaded();
+    const bool ready = exists ? table->EnsureLoaded()
+                              : QDir().mkpath(m_root) && CVorDPMFileStore::WriteNew(*table);
     if (!ready) return nullptr;
     slot = std::move(table);
     return slot.get();

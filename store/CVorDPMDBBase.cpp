@@ -14,6 +14,19 @@ CVorDPMTable* CVorDPMDBBase::AddTable(const CVorDPMClassInfo& info) {
     return m_tables.back().get();
 }
 
+bool CVorDPMDBBase::EnsureLoaded() const {
+    if (m_state != NotLoaded) return m_state == Loaded;
+    m_state = Loading;  // the rows adopted during the read must not start another read
+    auto* self = const_cast<CVorDPMDBBase*>(this);
+    if (CVorDPMFileStore::Load(*self, m_loadError)) {
+        m_state = Loaded;
+        return true;
+    }
+    m_state = Failed;
+    for (const auto& table : m_tables) table->Clear();
+    return false;
+}
+
 bool CVorDPMDBBase::IsChanged() const {
     for (const auto& table : m_tables)
         if (!table->ChangedRows().empty()) return true;
@@ -26,8 +39,7 @@ VOR::ErrorStatus CVorDPMDBBase::Save() {
 }
 
 VOR::ErrorStatus CVorDPMDBBase::GetAllVersion(CKZList<CVorDPM_Version*>& out, int) {
-    m_versions->AppendLive(out);
-    return VOR::eOk;
+    return m_versions->AppendLive(out) ? VOR::eOk : VOR::eFileError;
 }
 
 VOR::ErrorStatus CVorDPMDBBase::GetVersion(double version, CVorDPM_Version*& out, int) {

@@ -29,6 +29,13 @@ public:
     const QString& GetFilePath() const { return m_path; }
     quint32 GetApplicationId() const { return m_applicationId; }
     bool IsChanged() const;
+    // Reads the file on the first use of its tables; false when it cannot be read (the reason
+    // is GetLoadError() and the store's last error). The tables of such a file stay empty and
+    // take no rows, so nothing can be written over it.
+    bool EnsureLoaded() const;
+    const QString& GetLoadError() const { return m_loadError; }
+    // For a file made new in memory: there is nothing to read.
+    void MarkLoaded() { m_state = Loaded; }
     // Writes the changed rows in one transaction; on failure the file stays as it was.
     VOR::ErrorStatus Save();
     const std::vector<std::unique_ptr<CVorDPMTable>>& Tables() const { return m_tables; }
@@ -48,8 +55,12 @@ private:
         m_path = path;
     }
 
+    enum LoadState { NotLoaded, Loading, Loaded, Failed };
+
     QString m_name;
     QString m_path;
+    mutable LoadState m_state = NotLoaded;
+    mutable QString m_loadError;
     quint32 m_applicationId;
     std::vector<std::unique_ptr<CVorDPMTable>> m_tables;
     CVorDPMTable* m_versions;

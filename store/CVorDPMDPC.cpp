@@ -18,8 +18,7 @@ void CVorDPMDPC::AppendMatching(CKZList<CVorDPM_DPC_Content*>& out, Predicate&& 
 }
 
 VOR::ErrorStatus CVorDPMDPC::GetAllContent(CKZList<CVorDPM_DPC_Content*>& out, int) {
-    m_contents->AppendLive(out);
-    return VOR::eOk;
+    return m_contents->AppendLive(out) ? VOR::eOk : VOR::eFileError;
 }
 
 VOR::ErrorStatus CVorDPMDPC::GetAllContent(const QString& level0, const QString& level1,
@@ -73,8 +72,7 @@ VOR::ErrorStatus CVorDPMDPC::GetDPD(const CVorDPM_DPC_Content* content, CVorDPMD
 }
 
 VOR::ErrorStatus CVorDPMDPC::GetAllInclude(CKZList<CVorDPM_DPC_Include*>& out, int) {
-    m_includes->AppendLive(out);
-    return VOR::eOk;
+    return m_includes->AppendLive(out) ? VOR::eOk : VOR::eFileError;
 }
 
 VOR::ErrorStatus CVorDPMDPC::GetInclude(const QString& library, const QString& catalog,

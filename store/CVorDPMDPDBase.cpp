@@ -14,8 +14,7 @@ VOR::ErrorStatus FindRow(const CVorDPMTable* table, int id, T*& out) {
 
 template <class T>
 VOR::ErrorStatus AllRows(const CVorDPMTable* table, CKZList<T*>& out) {
-    table->AppendLive(out);
-    return VOR::eOk;
+    return table->AppendLive(out) ? VOR::eOk : VOR::eFileError;
 }
 
 // 2002 when any required text is empty, 2001 when another live row has an equal unique text.

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QStringList>
 #include <functional>
 #include <map>
@@ -27,25 +28,19 @@ public:
     }
 
     const QStringList& Names() const { return m_names; }
-    bool Has(const QString& name) const { return VorDPMNames::IndexOf(m_names, name) >= 0; }
+    bool Has(const QString& name) const { return m_byFoldedName.contains(name.toCaseFolded()); }
     QString PathOf(const QString& name) const {
         return QDir(m_folder).filePath(name + m_extension);
     }
 
+    // The file's object; its tables are read when they are first used.
     VOR::ErrorStatus Get(const QString& name, T*& out) {
-        const int index = VorDPMNames::IndexOf(m_names, name);
-        if (index < 0) return VOR::eNotFound;
-        const QString canonical = m_names[index];
+        const QString canonical = Canonical(name);
+        if (canonical.isEmpty()) return VOR::eNotFound;
         auto loaded = m_loaded.find(canonical);
-        if (loaded != m_loaded.end()) {
-            out = loaded->second.get();
-            return VOR::eOk;
-        }
-        std::unique_ptr<T> file = m_factory(canonical, PathOf(canonical));
-        QString error;
-        if (!CVorDPMFileStore::Load(*file, error)) return VOR::eFileError;
-        out = file.get();
-        m_loaded.emplace(canonical, std::move(file));
+        if (loaded == m_loaded.end())
+            loaded = m_loaded.emplace(canonical, m_factory(canonical, PathOf(canonical))).first;
+        out = loaded->second.get();
         return VOR::eOk;
     }
 
@@ -58,13 +53,14 @@ public:
             VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_folder));
             return VOR::eFileError;
         }
+        if (pattern && !pattern->EnsureLoaded()) return VOR::eFileError;
         std::unique_ptr<T> file = m_factory(name, PathOf(name));
+        file->MarkLoaded();
         if (pattern) file->CopyContentFrom(*pattern, withVersions);
         if (!CVorDPMFileStore::WriteNew(*file)) return VOR::eFileError;
         out = file.get();
         m_loaded.emplace(name, std::move(file));
-        m_names.append(name);
-        VorDPMNames::Sort(m_names);
+        AddName(name);
         return VOR::eOk;
     }
 
@@ -78,19 +74,17 @@ public:
 
     // Moves the file to the trash. The object stays alive (callers may still hold it).
     VOR::ErrorStatus Remove(const QString& name) {
-        const int index = VorDPMNames::IndexOf(m_names, name);
-        if (index < 0) return VOR::eNotFound;
-        const QString canonical = m_names[index];
+        const QString canonical = Canonical(name);
+        if (canonical.isEmpty()) return VOR::eNotFound;
         if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
         Retire(canonical);
-        m_names.removeAt(index);
+        RemoveName(canonical);
         return VOR::eOk;
     }
 
     VOR::ErrorStatus Rename(const QString& from, const QString& to) {
-        const int index = VorDPMNames::IndexOf(m_names, from);
-        if (index < 0) return VOR::eNotFound;
-        const QString canonical = m_names[index];
+        const QString canonical = Canonical(from);
+        if (canonical.isEmpty()) return VOR::eNotFound;
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
         const VOR::ErrorStatus usable = caseOnly ? CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
@@ -105,8 +99,8 @@ public:
             file->SetLocation(to, PathOf(to));
             m_loaded.emplace(to, std::move(file));
         }
-        m_names[index] = to;
-        VorDPMNames::Sort(m_names);
+        RemoveName(canonical);
+        AddName(to);
         return VOR::eOk;
     }
 
@@ -136,6 +130,23 @@ private:
         for (const QString& file : files) names.append(file.left(file.size() - m_extension.size()));
         VorDPMNames::Sort(names);
         m_names = names;
+        for (const QString& name : m_names) m_byFoldedName.insert(name.toCaseFolded(), name);
+    }
+
+    // The name as the file is called, found without regard to case; empty when there is none.
+    QString Canonical(const QString& name) const {
+        return m_byFoldedName.value(name.toCaseFolded());
+    }
+
+    void AddName(const QString& name) {
+        m_names.append(name);
+        VorDPMNames::Sort(m_names);
+        m_byFoldedName.insert(name.toCaseFolded(), name);
+    }
+
+    void RemoveName(const QString& canonical) {
+        m_names.removeOne(canonical);
+        m_byFoldedName.remove(canonical.toCaseFolded());
     }
 
     VOR::ErrorStatus CheckName(const QString& name) const {
@@ -164,6 +175,7 @@ private:
     QString m_root;
     Factory m_factory;
     QStringList m_names;
+    QHash<QString, QString> m_byFoldedName;
     std::map<QString, std::unique_ptr<T>> m_loaded;
     // Removed files' objects: kept so that pointers handed out earlier stay valid.
     std::vector<std::unique_ptr<T>> m_retired;

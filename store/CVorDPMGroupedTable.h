@@ -7,8 +7,7 @@ template <class TGroup, class TRow>
 class CVorDPMGroupedTable : public CVorDPMDBBase {
 public:
     VOR::ErrorStatus GetAllGroup(CKZList<TGroup*>& out, int = 0) {
-        m_groups->AppendLive(out);
-        return VOR::eOk;
+        return m_groups->AppendLive(out) ? VOR::eOk : VOR::eFileError;
     }
     VOR::ErrorStatus AddGroup(TGroup* group) { return m_groups->Add(group); }
 
@@ -20,8 +19,7 @@ protected:
     }
 
     VOR::ErrorStatus AllRows(CKZList<TRow*>& out) {
-        m_rows->AppendLive(out);
-        return VOR::eOk;
+        return m_rows->AppendLive(out) ? VOR::eOk : VOR::eFileError;
     }
     VOR::ErrorStatus RowById(int id, TRow*& out) {
         CVorDPMObject* row = m_rows->Find(id);

@@ -115,9 +115,9 @@ CVorDPMDPI* CVorDPMLibraryManager::GetDPI() {
     if (m_info) return m_info.get();
     auto info =
         std::make_unique<CVorDPMDPI>(QDir(m_folder).filePath(QStringLiteral("library.DPI")));
-    QString error;
-    const bool ready = QFile::exists(info->GetFilePath()) ? CVorDPMFileStore::Load(*info, error)
-                                                          : CVorDPMFileStore::WriteNew(*info);
+    const bool exists = QFile::exists(info->GetFilePath());
+    if (!exists) info->MarkLoaded();
+    const bool ready = exists ? info->EnsureLoaded() : CVorDPMFileStore::WriteNew(*info);
     if (!ready) return nullptr;
     m_info = std::move(info);
     return m_info.get();

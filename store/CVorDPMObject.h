@@ -38,13 +38,15 @@ private:
     CVorDPMTable* m_table = nullptr;
 };
 
-// Declares a field with its getter and a setter that records the change.
+// Declares a field with its getter and a setter that records a change (setting the value a
+// field already has changes nothing, so that nothing needs saving).
 #define VORDPM_FIELD(Type, Name)        \
 public:                                 \
     const Type& Get##Name() const {     \
         return m_##Name;                \
     }                                   \
     void Set##Name(const Type& value) { \
+        if (m_##Name == value) return;  \
         m_##Name = value;               \
         MarkChanged();                  \
     }                                   \

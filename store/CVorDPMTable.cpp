@@ -1,12 +1,29 @@
 #include "CVorDPMTable.h"
 
+#include "CVorDPMDBBase.h"
 #include "CVorDPMMemoryFiler.h"
 
 CVorDPMTable::CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info)
     : m_file(file), m_info(info) {}
 
 CVorDPMTable::~CVorDPMTable() {
+    Clear();
+}
+
+void CVorDPMTable::Clear() {
     for (CVorDPMObject* row : m_rows) delete row;
+    m_rows.clear();
+    m_byId.clear();
+    m_changed.clear();
+}
+
+bool CVorDPMTable::IsReadable() const {
+    return !m_file || m_file->EnsureLoaded();
+}
+
+const std::vector<CVorDPMObject*>& CVorDPMTable::AllRows() const {
+    IsReadable();
+    return m_rows;
 }
 
 void CVorDPMTable::Reserve(size_t rows) {
@@ -36,7 +53,7 @@ void CVorDPMTable::KeepRefused(CVorDPMObject* row) {
 }
 
 VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
-    if (!row || row->m_table || row->GetClassInfo() != &m_info) {
+    if (!row || row->m_table || row->GetClassInfo() != &m_info || !IsReadable()) {
         KeepRefused(row);
         return VOR::eFail;
     }
@@ -46,7 +63,7 @@ VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
 }
 
 void CVorDPMTable::CopyRowsFrom(const CVorDPMTable& source) {
-    for (const CVorDPMObject* row : source.m_rows) {
+    for (const CVorDPMObject* row : source.AllRows()) {
         if (row->IsDeleted()) continue;
         CVorDPMObject* copy = row->Clone();
         copy->m_table = nullptr;
@@ -65,6 +82,7 @@ void CVorDPMTable::Restore(CVorDPMObject* row, const CVorDPMObject& image) {
 }
 
 CVorDPMObject* CVorDPMTable::Find(int objectId) const {
+    if (!IsReadable()) return nullptr;
     const auto found = m_byId.find(objectId);
     if (found == m_byId.end() || found->second->IsDeleted()) return nullptr;
     return found->second;
@@ -72,7 +90,7 @@ CVorDPMObject* CVorDPMTable::Find(int objectId) const {
 
 int CVorDPMTable::LiveCount() const {
     int count = 0;
-    for (const CVorDPMObject* row : m_rows) count += row->IsDeleted() ? 0 : 1;
+    for (const CVorDPMObject* row : AllRows()) count += row->IsDeleted() ? 0 : 1;
     return count;
 }
 

@@ -37,14 +37,20 @@ public:
 
     // Live (not deleted) row by id, or null.
     CVorDPMObject* Find(int objectId) const;
-    const std::vector<CVorDPMObject*>& AllRows() const { return m_rows; }
+    // Every row, deleted ones included; reads the file first if it was not read yet.
+    const std::vector<CVorDPMObject*>& AllRows() const;
     int LiveCount() const;
 
+    // Appends the live rows; false when the file cannot be read.
     template <class T>
-    void AppendLive(CKZList<T*>& out) const {
+    bool AppendLive(CKZList<T*>& out) const {
+        if (!IsReadable()) return false;
         for (CVorDPMObject* row : m_rows)
             if (!row->IsDeleted()) out.AddTail(static_cast<T*>(row));
+        return true;
     }
+    // Deletes every row (after a failed read).
+    void Clear();
 
     // Rows changed since the last successful write, in the order they first changed.
     const std::vector<CVorDPMObject*>& ChangedRows() const { return m_changed; }
@@ -52,6 +58,8 @@ public:
     void NoteChanged(CVorDPMObject* row);
 
 private:
+    bool IsReadable() const;
+
     CVorDPMDBBase* m_file;
     const CVorDPMClassInfo& m_info;
     std::vector<CVorDPMObject*> m_rows;

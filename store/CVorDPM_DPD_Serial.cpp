@@ -85,6 +85,7 @@ QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
 }
 
 void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {
+    if (GetValue(propertyObjectId) == value) return;
     PackedEntry entry;
     if (FindEntry(
             m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },

@@ -113,9 +113,19 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
         Reopen();
         Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
         c.damage();
+        const QByteArray damaged = ReadAll(PathOf("Bad"));
+        // Definitions are read on first use: the lookup or that first use fails.
         CVorDPMDPD* dpd = nullptr;
-        EXPECT_NE(m_library->GetDPD(QStringLiteral("Bad"), dpd), VOR::eOk) << c.label;
-        EXPECT_EQ(dpd, nullptr) << c.label;
+        m_library->GetDPD(QStringLiteral("Bad"), dpd);
+        CKZList<CVorDPM_DPD_Property*> rows;
+        EXPECT_TRUE(!dpd || dpd->GetAllProperty(rows) != VOR::eOk) << c.label;
+        EXPECT_TRUE(rows.IsEmpty()) << c.label;
+        if (dpd) {
+            auto* row = new CVorDPM_DPD_Property;
+            row->SetPropertyAlias(QStringLiteral("x"));
+            row->SetParamAlias(QStringLiteral("x"));
+            EXPECT_NE(dpd->AddProperty(row), VOR::eOk) << c.label;
+        }
         const QString reason = CVorDPMManager::GetLastErrorText();
         EXPECT_TRUE(reason.contains(QStringLiteral("Bad.DPD")))
             << c.label << ": " << reason.toStdString();
@@ -123,7 +133,9 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
             << c.label << ": " << reason.toStdString();
         CVorDPMDPD* good = nullptr;
         ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), good), VOR::eOk) << c.label;
+        EXPECT_EQ(good->GetAllProperty(rows), VOR::eOk) << c.label;
         EXPECT_EQ(Manager()->SaveWork(), 1) << c.label;
+        EXPECT_EQ(ReadAll(PathOf("Bad")), damaged) << c.label;
     }
 }
 
