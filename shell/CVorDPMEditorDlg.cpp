@@ -62,10 +62,8 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
     m_tree->setObjectName(QString::number(IDC_TREE));
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const int menuHeight = m_menuBar->sizeHint().height();
-    m_menuBar->setGeometry(0, 0, MapDialogRect(QRect(QPoint(), kDialogSize)).width(), menuHeight);
-    m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
-    resize(MapDialogRect(QRect(QPoint(), kDialogSize)).size() + QSize(0, menuHeight));
+    // The menu bar is part of the window on every platform, as the layout below expects.
+    m_menuBar->setNativeMenuBar(false);
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -82,6 +80,7 @@ CVorDPMEditorDlg::~CVorDPMEditorDlg() {
 bool CVorDPMEditorDlg::OnInitDialog() {
     CVorDPMDialogBase::OnInitDialog();
     BuildMenuBar();
+    LayOutTemplate();
 
     m_sheet->AddPage(m_libraryPage);
     m_sheet->AddPage(m_contentPage);
@@ -104,6 +103,16 @@ bool CVorDPMEditorDlg::OnInitDialog() {
     AutoLoadPlacement(QStringLiteral("CVorDPMEditorDlg"));
     UpdateCommandUi();
     return true;
+}
+
+// The template's size and the tree's place, below the menu bar, which needs its entries to
+// know its height.
+void CVorDPMEditorDlg::LayOutTemplate() {
+    const int menuHeight = m_menuBar->sizeHint().height();
+    const QSize size = MapDialogRect(QRect(QPoint(), kDialogSize)).size();
+    m_menuBar->setGeometry(0, 0, size.width(), menuHeight);
+    m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
+    resize(size + QSize(0, menuHeight));
 }
 
 void CVorDPMEditorDlg::resizeEvent(QResizeEvent* event) {

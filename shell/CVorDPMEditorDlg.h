@@ -78,6 +78,7 @@ private:
     static const std::map<int, Handler>& Handlers();
 
     void BuildMenuBar();
+    void LayOutTemplate();
     void AddMenuCommand(QMenu* menu, int commandId, const QString& text);
     void BuildTree();
     void PlaceSheet();

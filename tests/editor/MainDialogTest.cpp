@@ -45,6 +45,11 @@ TEST_F(MainDialog, OpensWithTheFixedLibrariesTheSheetAndTheFirstLibrarySelected)
     EXPECT_FALSE(dlg.windowFlags() & Qt::WindowMinimizeButtonHint);
     EXPECT_TRUE(dlg.windowFlags() & Qt::WindowMaximizeButtonHint);
     EXPECT_TRUE(dlg.isVisible());
+    // The menu bar sits in the window, tall enough for its entries, with the tree below it.
+    QMenuBar* menuBar = dlg.GetMenuBar();
+    EXPECT_TRUE(menuBar->isVisible());
+    EXPECT_GE(menuBar->height(), menuBar->sizeHint().height());
+    EXPECT_GT(dlg.GetTreeCtrl()->geometry().top(), menuBar->geometry().bottom());
     // "Other" exists in the store but the tree lists only the two fixed names; "QXMEP" is listed
     // although the store does not know it.
     EXPECT_EQ(RootTexts(), (QStringList{"QXMaterial", "QXMEP"}));
