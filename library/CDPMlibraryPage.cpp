@@ -53,11 +53,6 @@ QString Label(const char* text) {
     return QCoreApplication::translate("CDPMlibraryPage", text);
 }
 
-void SetIfChanged(CVorDPM_DPI_Info& info, const int& (CVorDPM_DPI_Info::*get)() const,
-                  void (CVorDPM_DPI_Info::*set)(const int&), int value) {
-    if ((info.*get)() != value) (info.*set)(value);
-}
-
 }  // namespace
 
 CDPMlibraryPage::CDPMlibraryPage(QWidget* parent)
@@ -118,12 +113,9 @@ CVorDPM_DPI_Info* CDPMlibraryPage::LibraryInfo(CVorDPMLibraryManager& library) {
 void CDPMlibraryPage::WriteProductCounts(CVorDPMLibraryManager& library, CVorDPM_DPI_Info& info) {
     const int local = library.GetLocalProductCount();
     const int included = library.GetIncludeProductCount();
-    SetIfChanged(info, &CVorDPM_DPI_Info::GetLocalProductCount,
-                 &CVorDPM_DPI_Info::SetLocalProductCount, local);
-    SetIfChanged(info, &CVorDPM_DPI_Info::GetIncludeProductCount,
-                 &CVorDPM_DPI_Info::SetIncludeProductCount, included);
-    SetIfChanged(info, &CVorDPM_DPI_Info::GetProductCount, &CVorDPM_DPI_Info::SetProductCount,
-                 local + included);
+    info.SetLocalProductCount(local);
+    info.SetIncludeProductCount(included);
+    info.SetProductCount(local + included);
 }
 
 // Looked up by name each time: the store may have dropped the objects since (a new root).

@@ -42,8 +42,7 @@ public:
     // The information record of a library, made empty when it has none; null when the
     // library's information file cannot be read.
     static CVorDPM_DPI_Info* LibraryInfo(CVorDPMLibraryManager& library);
-    // Writes the library's local and included product counts and their sum into `info`,
-    // changing only what differs, so that an up-to-date record stays unchanged.
+    // Writes the library's local and included product counts and their sum into `info`.
     static void WriteProductCounts(CVorDPMLibraryManager& library, CVorDPM_DPI_Info& info);
 
 private:
