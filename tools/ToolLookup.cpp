@@ -3,19 +3,6 @@
 #include "CVorDPMManager.h"
 #include "query/CVorDPMData.h"
 
-namespace {
-
-// A file that exists but cannot be read is told apart from one that is not there.
-QString Missing(const QString& kind, const QString& library, const QString& name, int status) {
-    const QString path = library + QLatin1Char('/') + name;
-    if (status == VOR::eFileError)
-        return QStringLiteral("cannot read %1 %2: %3")
-            .arg(kind, path, CVorDPMManager::GetLastErrorText());
-    return QStringLiteral("no %1 %2").arg(kind, path);
-}
-
-}  // namespace
-
 CVorDPMLibraryManager* ToolLookup::Library(const QString& name) {
     CVorDPMLibraryManager* library = nullptr;
     CVorDPMData::GetLibraryManger(name, library);
@@ -28,10 +15,8 @@ CVorDPMDPC* ToolLookup::Catalog(const QString& library, const QString& name) {
     if (!owner) return nullptr;
     CVorDPMDPC* catalog = nullptr;
     const int status = owner->GetDPC(name, catalog);
-    if (!catalog)
-        m_console.Fail(ToolConsole::NotFound,
-                       Missing(QStringLiteral("catalog"), library, name, status));
-    return catalog;
+    return Readable(catalog, status, QStringLiteral("catalog %1/%2").arg(library, name)) ? catalog
+                                                                                         : nullptr;
 }
 
 CVorDPMDPD* ToolLookup::Definition(const QString& library, const QString& name) {
@@ -39,8 +24,22 @@ CVorDPMDPD* ToolLookup::Definition(const QString& library, const QString& name) 
     if (!owner) return nullptr;
     CVorDPMDPD* dpd = nullptr;
     const int status = owner->GetDPD(name, dpd);
-    if (!dpd)
-        m_console.Fail(ToolConsole::NotFound,
-                       Missing(QStringLiteral("product definition"), library, name, status));
-    return dpd;
+    return Readable(dpd, status, QStringLiteral("product definition %1/%2").arg(library, name))
+               ? dpd
+               : nullptr;
+}
+
+// A file that exists but cannot be read is told apart from one that is not there. The store
+// reads a file on first use, so it is read here, before any output has been written.
+bool ToolLookup::Readable(const CVorDPMDBBase* file, int status, const QString& what) {
+    if (file && file->EnsureLoaded()) return true;
+    QString reason;
+    if (file)
+        reason = file->GetLoadError();
+    else if (status == VOR::eFileError)
+        reason = CVorDPMManager::GetLastErrorText();
+    m_console.Fail(ToolConsole::NotFound,
+                   reason.isEmpty() ? QStringLiteral("no %1").arg(what)
+                                    : QStringLiteral("cannot read %1: %2").arg(what, reason));
+    return false;
 }

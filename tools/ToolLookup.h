@@ -6,6 +6,7 @@
 
 #include "ToolConsole.h"
 
+class CVorDPMDBBase;
 class CVorDPMDPC;
 class CVorDPMDPD;
 class CVorDPMLibraryManager;
@@ -20,5 +21,7 @@ public:
     CVorDPMDPD* Definition(const QString& library, const QString& name);
 
 private:
+    bool Readable(const CVorDPMDBBase* file, int status, const QString& what);
+
     ToolConsole& m_console;
 };
