@@ -40,14 +40,13 @@ void ForEachLiveRow(const CVorDPMDBBase& file, Visit&& visit) {
 // The rule split into its tokens. Every series row of a product shares one rule, so naming a
 // whole table splits each rule once rather than once per row.
 const QStringList& RuleParts(const QString& rule) {
+    // Both start empty, which agree: an empty rule has no tokens.
     thread_local QString lastRule;
     thread_local QStringList lastParts;
-    thread_local bool split = false;
-    if (!split || rule != lastRule) {
+    if (rule != lastRule) {
         lastParts.clear();
         CVorDPMData::ParseString(rule, kNameRuleDelimiters, lastParts);
         lastRule = rule;
-        split = true;
     }
     return lastParts;
 }
@@ -104,14 +103,12 @@ int CVorDPMData::TransformToRegex(QString& pattern) {
 
 int CVorDPMData::IsRegexEqual(const QString& text, const QString& regex) {
     // Lists are filtered by calling this once per entry with the same expression, so the last
-    // compiled one is kept rather than compiled again each time.
+    // compiled one is kept rather than compiled again each time. Both start empty, and agree.
     thread_local QString lastPattern;
     thread_local QRegularExpression lastCompiled;
-    thread_local bool compiled = false;
-    if (!compiled || lastPattern != regex) {
+    if (lastPattern != regex) {
         lastCompiled.setPattern(regex);
         lastPattern = regex;
-        compiled = true;
     }
     if (!lastCompiled.isValid()) return 0;
     return lastCompiled.match(text).hasMatch() ? 1 : 0;
