@@ -14,7 +14,8 @@ constexpr int kRows = 100000;
 constexpr int kProperties = 20;
 const QString kPattern = QStringLiteral("M12*50");
 // The name rule's parameters, as the first three of the definition's properties.
-const QString kRule = QStringLiteral("六角头螺栓%d%l%k");
+const QString kLiteral = QStringLiteral("六角头螺栓");
+const QString kRule = kLiteral + QStringLiteral("%d%l%k");
 const QString kParams[kProperties] = {"d",  "l",  "k",  "s",  "e",  "b",  "p1", "p2", "p3", "p4",
                                       "p5", "p6", "p7", "p8", "p9", "q1", "q2", "q3", "q4", "q5"};
 
@@ -50,8 +51,12 @@ public:
 
     // The name that the rule gives, built by a caller that knows the rule's property ids.
     QString PlainName(const CVorDPM_DPD_Serial& row) const {
-        return QStringLiteral("六角头螺栓") + row.GetValue(ruleIds[0]) + QLatin1Char('*') +
-               row.GetValue(ruleIds[1]) + QLatin1Char('*') + row.GetValue(ruleIds[2]);
+        QString name = kLiteral;
+        for (int i = 0; i < 3; ++i) {
+            if (i > 0) name += QLatin1Char('*');
+            name += row.GetValue(ruleIds[i]);
+        }
+        return name;
     }
 
     CVorDPMDPC* catalog = nullptr;

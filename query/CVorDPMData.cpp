@@ -51,6 +51,13 @@ const QStringList& RuleParts(const QString& rule) {
     return lastParts;
 }
 
+// Case folding keeps every character in its plane, so texts of different lengths never compare
+// equal; naming a large table compares every rule token with every parameter name once per row,
+// and checking the lengths first spares most of those comparisons.
+bool SameIgnoringCase(const QString& a, const QString& b) {
+    return a.size() == b.size() && a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
 // Appends the literal part, then the values of the rule's parameters in the order of the
 // definition's properties: the first value directly, every further one after a "*".
 void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
@@ -60,7 +67,7 @@ void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QString
     ForEachLiveRow<CVorDPM_DPD_Property>(*dpd, [&](const CVorDPM_DPD_Property* property) {
         const QString& param = property->GetParamAlias();
         for (qsizetype i = 1; i < parts.size(); ++i) {
-            if (parts[i].compare(param, Qt::CaseInsensitive) != 0) continue;
+            if (!SameIgnoringCase(parts[i], param)) continue;
             const QString value = serial.GetValue(property->GetObjectId());
             if (value.isEmpty()) continue;
             if (++values > 2) name += QLatin1Char('*');

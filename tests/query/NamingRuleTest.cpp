@@ -77,6 +77,15 @@ TEST_F(NamingRuleTest, ThirdAndLaterValuesAreJoinedWithStars) {
     EXPECT_EQ(name, QStringLiteral("BoltM12*50*7.5"));
 }
 
+TEST_F(NamingRuleTest, MatchesParameterNamesIgnoringCaseBeyondAscii) {
+    const CVorDPM_DPD_Property* angle = AddProperty(m_dpd, QStringLiteral("Δα"));
+    CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%δΑ%dd"));
+    serial->SetValue(QStringLiteral("30"), angle->GetObjectId());
+    QString name;
+    ASSERT_EQ(CVorDPMData::ParseProductNameRule(m_dpd, serial, name), 1);
+    EXPECT_EQ(name, QStringLiteral("Bolt30"));
+}
+
 TEST_F(NamingRuleTest, FindsRowsByKeyAndByIdAfterReopening) {
     CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%d%l"));
     const QString key = serial->GetKey();
