@@ -20,18 +20,18 @@ protected:
         for (const char* name : {"HexBolt", "StudBolt", "Nut", "Loose"})
             MakeDefinition(library, QString::fromUtf8(name));
         CVorDPMDPC* fasteners = MakeCatalog(library, QStringLiteral("紧固件"));
-        AddEntry(fasteners, QStringLiteral("HexBolt"), QStringLiteral("螺栓"),
-                 QStringLiteral("六角头"), QStringLiteral("粗牙"));
-        AddEntry(fasteners, QStringLiteral("StudBolt"), QStringLiteral("螺栓"),
-                 QStringLiteral("双头"));
-        AddEntry(fasteners, QStringLiteral("Nut"), QStringLiteral("螺母"));
-        AddEntry(fasteners, QStringLiteral("Washer"));
-        AddEntry(fasteners, QStringLiteral("HexBoltFine"), QStringLiteral("Bolt"),
-                 QStringLiteral("Hex"));
-        AddEntry(fasteners, QStringLiteral("hexbolt-lower"), QStringLiteral("bolt"),
-                 QStringLiteral("hex"));
+        MakeEntry(fasteners, QStringLiteral("HexBolt"), QStringLiteral("螺栓"),
+                  QStringLiteral("六角头"), QStringLiteral("粗牙"));
+        MakeEntry(fasteners, QStringLiteral("StudBolt"), QStringLiteral("螺栓"),
+                  QStringLiteral("双头"));
+        MakeEntry(fasteners, QStringLiteral("Nut"), QStringLiteral("螺母"));
+        MakeEntry(fasteners, QStringLiteral("Washer"));
+        MakeEntry(fasteners, QStringLiteral("HexBoltFine"), QStringLiteral("Bolt"),
+                  QStringLiteral("Hex"));
+        MakeEntry(fasteners, QStringLiteral("hexbolt-lower"), QStringLiteral("bolt"),
+                  QStringLiteral("hex"));
         CVorDPMDPC* spares = MakeCatalog(library, QStringLiteral("Spares"));
-        AddEntry(spares, QStringLiteral("nut"), QStringLiteral("X"));
+        MakeEntry(spares, QStringLiteral("nut"), QStringLiteral("X"));
         SaveAndReopen();
     }
 
@@ -113,7 +113,7 @@ TEST_F(CatalogQueryTest, ExteriorDefinitionsAreThoseNoCatalogHolds) {
 
 TEST_F(CatalogQueryTest, ExteriorListEmptyWhenEveryDefinitionIsCatalogued) {
     // Catalog entries name definitions without regard to case.
-    AddEntry(Catalog(QStringLiteral("Spares")), QStringLiteral("LOOSE"));
+    MakeEntry(Catalog(QStringLiteral("Spares")), QStringLiteral("LOOSE"));
     CKZList<CVorDPMDPD*> exterior;
     EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
     EXPECT_TRUE(exterior.IsEmpty());

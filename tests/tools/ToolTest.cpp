@@ -15,12 +15,12 @@ protected:
         CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("QXMaterial"));
         MakeLibrary(QStringLiteral("QXMEP"));
         CVorDPMDPC* fasteners = MakeCatalog(library, QStringLiteral("紧固件"));
-        AddEntry(fasteners, QStringLiteral("HexBolt"), QStringLiteral("螺栓"),
-                 QStringLiteral("六角头"), QStringLiteral("粗牙"));
-        AddEntry(fasteners, QStringLiteral("StudBolt"), QStringLiteral("螺栓"),
-                 QStringLiteral("双头"));
-        AddEntry(fasteners, QStringLiteral("Nut M12"), QStringLiteral("螺母"));
-        AddEntry(fasteners, QStringLiteral("Washer"));
+        MakeEntry(fasteners, QStringLiteral("HexBolt"), QStringLiteral("螺栓"),
+                  QStringLiteral("六角头"), QStringLiteral("粗牙"));
+        MakeEntry(fasteners, QStringLiteral("StudBolt"), QStringLiteral("螺栓"),
+                  QStringLiteral("双头"));
+        MakeEntry(fasteners, QStringLiteral("Nut M12"), QStringLiteral("螺母"));
+        MakeEntry(fasteners, QStringLiteral("Washer"));
         MakeCatalog(library, QStringLiteral("Empty"));
         MakeBolt(library);
         MakeDefinition(library, QStringLiteral("Broken"));
