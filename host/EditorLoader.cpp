@@ -10,10 +10,6 @@ namespace {
 const char kEntryName[] = "ExportVorDPMEditor";
 const QString kLibraryFile = QStringLiteral("libVorDPMEditor.so");
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("EditorLoader", text);
-}
-
 }  // namespace
 
 // Under the Itanium C++ ABI a free function at global scope is mangled as "_Z", the length and
@@ -40,15 +36,15 @@ QString EditorLoader::Locate(const QString& requested) {
 
 bool EditorLoader::Load(const QString& path) {
     m_entry = nullptr;
-    if (!QFileInfo(path).isFile()) return Fail(Tr("找不到编辑器库：%1").arg(path));
+    if (!QFileInfo(path).isFile()) return Fail(tr("找不到编辑器库：%1").arg(path));
     m_library.setFileName(QFileInfo(path).absoluteFilePath());
     if (!m_library.load())
-        return Fail(Tr("无法加载编辑器库 %1：%2").arg(path, m_library.errorString()));
+        return Fail(tr("无法加载编辑器库 %1：%2").arg(path, m_library.errorString()));
     m_entry = reinterpret_cast<Entry>(m_library.resolve(EntrySymbol().constData()));
     if (!m_entry) {
         m_library.unload();
         return Fail(
-            Tr("编辑器库 %1 没有导出入口函数 %2，它不是本编辑器的库，或与本程序的版本不符。")
+            tr("编辑器库 %1 没有导出入口函数 %2，它不是本编辑器的库，或与本程序的版本不符。")
                 .arg(path, QString::fromLatin1(kEntryName)));
     }
     m_error.clear();

@@ -2,11 +2,35 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+// The languages --lang accepts, with the locale each stands for.
+const QStringList kLanguages = {QStringLiteral("en"), QStringLiteral("zh")};
+
+}  // namespace
+
+bool HostOptions::OnlyPrints(int argc, const char* const* argv) {
+    for (const char* option : {"-h", "--help", "-?", "--help-all", "-v", "--version"})
+        for (int i = 1; i < argc; ++i)
+            if (std::strcmp(argv[i], option) == 0) return true;
+    return false;
+}
+
+QLocale HostOptions::Locale() const {
+    if (language == QLatin1String("en")) return QLocale(QLocale::English, QLocale::UnitedStates);
+    if (language == QLatin1String("zh")) return QLocale(QLocale::Chinese, QLocale::China);
+    return QLocale();
+}
 
 HostOptions HostOptions::Parse(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Runs the VorDPM editor on a library root."));
     parser.addHelpOption();
+    parser.addVersionOption();
     const QCommandLineOption root(QStringLiteral("root"),
                                   QStringLiteral("Library root to open (remembered)."),
                                   QStringLiteral("DIR"));
@@ -21,13 +45,23 @@ HostOptions HostOptions::Parse(const QStringList& arguments) {
         QStringLiteral("measure-startup"),
         QStringLiteral(
             "Print the milliseconds until the editor's window is shown, then close it."));
-    parser.addOptions({root, editor, screenshot, measure});
+    const QCommandLineOption language(
+        QStringLiteral("lang"), QStringLiteral("Language of the editor (default: the system's)."),
+        QStringLiteral("en|zh"));
+    parser.addOptions({root, editor, screenshot, measure, language});
     parser.process(arguments);
+    if (parser.isSet(language) && !kLanguages.contains(parser.value(language))) {
+        std::fprintf(stderr, "%s: --lang takes en or zh, not %s\n",
+                     qPrintable(QCoreApplication::applicationName()),
+                     qPrintable(parser.value(language)));
+        std::exit(2);
+    }
 
     HostOptions options;
     options.root = parser.value(root);
     options.editor = parser.value(editor);
     options.screenshot = parser.value(screenshot);
     options.measureStartup = parser.isSet(measure);
+    options.language = parser.value(language);
     return options;
 }

@@ -1,6 +1,7 @@
 // The host's command line.
 #pragma once
 
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 
@@ -8,11 +9,20 @@ struct HostOptions {
     QString root;        // --root DIR
     QString editor;      // --editor PATH
     QString screenshot;  // --screenshot FILE: save the editor's window as PNG, then close it
+    QString language;    // --lang en|zh: the language instead of the locale's; empty: the locale's
     bool measureStartup = false;  // --measure-startup: print the time to the window, then close
 
     // Unattended runs close the editor themselves and must not wait for a person.
     bool Unattended() const { return measureStartup || !screenshot.isEmpty(); }
 
-    // Exits with a usage text on unknown options, as command-line programs do.
+    // True when the command line asks only for the help or the version text, which the host
+    // prints without a display.
+    static bool OnlyPrints(int argc, const char* const* argv);
+
+    // The locale --lang names; without --lang the default locale (the system's).
+    QLocale Locale() const;
+
+    // Exits with a usage text on unknown options or values, as command-line programs do; prints
+    // the version and exits on --version.
     static HostOptions Parse(const QStringList& arguments);
 };

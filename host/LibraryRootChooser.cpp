@@ -8,19 +8,11 @@
 #include "sample/SampleLibrary.h"
 #endif
 
-namespace {
-
-QString Tr(const char* text) {
-    return QCoreApplication::translate("LibraryRootChooser", text);
-}
-
-}  // namespace
-
 bool LibraryRootChooser::Choose(const QString& requested, QString& error) {
     CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
     if (!requested.isEmpty() && !store->SetDPMLibraryRootPath(requested)) {
         error =
-            Tr("无法使用产品库根目录 %1：%2").arg(requested, CVorDPMManager::GetLastErrorText());
+            tr("无法使用产品库根目录 %1：%2").arg(requested, CVorDPMManager::GetLastErrorText());
         return false;
     }
     if (!requested.isEmpty() || !NeedsSample()) return true;
@@ -42,7 +34,7 @@ bool LibraryRootChooser::NeedsSample() {
 bool LibraryRootChooser::CreateSample(const QString& root, QString& error) {
     QString reason;
     if (SampleLibrary::Create(root, 1, reason)) return true;
-    error = Tr("无法创建示例产品库 %1：%2").arg(root, reason);
+    error = tr("无法创建示例产品库 %1：%2").arg(root, reason);
     return false;
 }
 #else

@@ -3,9 +3,12 @@
 // library on first run.
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class LibraryRootChooser {
+    Q_DECLARE_TR_FUNCTIONS(LibraryRootChooser)
+
 public:
     // False with a text for the user when the root cannot be used or the sample not made.
     static bool Choose(const QString& requested, QString& error);

@@ -25,10 +25,6 @@ const char* const kRemovedGlobals[] = {"dofile",         "loadfile", "load",  "r
 // where the instruction limit does not reach.
 const char* const kRemovedStringFunctions[] = {"dump", "find", "match", "gmatch", "gsub"};
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("LuaSandbox", text);
-}
-
 // setmetatable without finalizers: Lua runs __gc with hooks switched off (also when the state is
 // closed), where the instruction limit cannot stop a loop. A __gc added to the metatable later
 // has no effect, so checking here is enough.
@@ -132,9 +128,9 @@ QString LuaSandbox::Run(const QByteArray& code, const char* chunkName) {
 
 QString LuaSandbox::Describe(int status) const {
     if (status == LUA_OK) return QString();
-    if (m_stopped) return Tr("脚本运行时间过长，已停止。");
-    if (status == LUA_ERRMEM) return Tr("脚本占用内存过多，已停止。");
+    if (m_stopped) return tr("脚本运行时间过长，已停止。");
+    if (status == LUA_ERRMEM) return tr("脚本占用内存过多，已停止。");
     // Only a string is read: converting another value could need memory outside protection.
-    if (lua_type(m_state, -1) != LUA_TSTRING) return Tr("脚本错误：%1").arg(Tr("未知错误"));
-    return Tr("脚本错误：%1").arg(QString::fromUtf8(lua_tostring(m_state, -1)));
+    if (lua_type(m_state, -1) != LUA_TSTRING) return tr("脚本错误：%1").arg(tr("未知错误"));
+    return tr("脚本错误：%1").arg(QString::fromUtf8(lua_tostring(m_state, -1)));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <cstddef>
 
@@ -10,6 +11,8 @@ struct lua_State;
 struct lua_Debug;
 
 class LuaSandbox {
+    Q_DECLARE_TR_FUNCTIONS(LuaSandbox)
+
 public:
     struct Limits {
         std::size_t memoryBytes = 32 * 1024 * 1024;

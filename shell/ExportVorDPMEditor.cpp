@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "CVorDPMEditorDlg.h"
+#include "translations/VorDPMTranslators.h"
 
 namespace {
 
@@ -31,6 +32,10 @@ void ExportVorDPMEditor(PreviewDrawCallback draw, PreviewCloseCallback close,
         close = nullptr;
         move = nullptr;
     }
+    // The editor speaks the language of the host's default locale for this run only; the
+    // translators go when it returns, after the dialog.
+    const VorDPMTranslators translators(QLocale(),
+                                        QStringLiteral(":/vordpm/translations/vordpm_editor"));
     // A stack object: an exception leaving exec() destroys the dialog before passing on.
     CVorDPMEditorDlg dialog(draw, close, move);
     dialog.exec();

@@ -15,7 +15,9 @@ VordpmTool::VordpmTool() {
 }
 
 QString VordpmTool::Usage() const {
-    QString usage = QStringLiteral("usage: vordpm COMMAND [ARGUMENTS] [--root DIR]\n\n");
+    QString usage = QStringLiteral(
+        "usage: vordpm COMMAND [ARGUMENTS] [--root DIR]\n"
+        "       vordpm --help | --version\n\n");
     for (const auto& command : m_commands)
         usage += QStringLiteral("  vordpm %1 %2\n").arg(command->Name(), command->Synopsis());
     usage += QStringLiteral(
@@ -35,6 +37,10 @@ int VordpmTool::Run(const QStringList& arguments) {
     if (name == QLatin1String("--help") || name == QLatin1String("-h") ||
         name == QLatin1String("help")) {
         m_console.Out() << Usage();
+        return ToolConsole::Success;
+    }
+    if (name == QLatin1String("--version")) {
+        m_console.Out() << QStringLiteral("vordpm %1\n").arg(QStringLiteral(VORDPM_VERSION));
         return ToolConsole::Success;
     }
     if (name.isEmpty())

@@ -1,0 +1,61 @@
+# Install rules and the CMake package (find_package(VorDPM)) for hosts that use the editor.
+include(CMakePackageConfigHelpers)
+
+# Libraries carry the project version; their SONAME changes with the major version.
+set_target_properties(VorDPM PROPERTIES VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME Store INSTALL_RPATH "$ORIGIN")
+set_target_properties(VorDPMEditor PROPERTIES VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME Editor INSTALL_RPATH "$ORIGIN")
+set_target_properties(vordpm vordpm-host PROPERTIES INSTALL_RPATH "${VORDPM_PROGRAM_RPATH}")
+
+# The headers keep the source tree's layout: the store's flat, the editor's under query/ and
+# shell/ (which the editor's headers name in their includes).
+set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)
+target_include_directories(VorDPM INTERFACE $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}>)
+target_include_directories(VorDPMEditor INTERFACE
+  $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}> $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}/shell>)
+
+install(TARGETS VorDPM VorDPMEditor EXPORT VorDPMTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
+install(TARGETS vordpm vordpm-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
+
+# Store headers that name SQLite are the store's own business; every other one is public.
+file(GLOB store_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/store/*.h)
+list(REMOVE_ITEM store_headers ${PROJECT_SOURCE_DIR}/store/CVorDPMSQLiteConnection.h
+  ${PROJECT_SOURCE_DIR}/store/CVorDPMSQLiteFiler.h)
+install(FILES ${store_headers} DESTINATION ${VORDPM_INCLUDE_DIR} COMPONENT Development)
+# The entry function, the query class and the two exported controls, with what they include.
+install(FILES query/CVorDPMData.h query/VorDPMEditorExport.h
+  DESTINATION ${VORDPM_INCLUDE_DIR}/query COMPONENT Development)
+install(FILES shell/ExportVorDPMEditor.h shell/CVorDPMTreeCtrlEx.h shell/CVorDPMReportCtrlBase.h
+  shell/CVorDPMReportModel.h shell/CVorDPMReportRecord.h
+  DESTINATION ${VORDPM_INCLUDE_DIR}/shell COMPONENT Development)
+
+set(VORDPM_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/VorDPM)
+install(EXPORT VorDPMTargets NAMESPACE VorDPM:: DESTINATION ${VORDPM_CMAKE_DIR}
+  COMPONENT Development)
+configure_package_config_file(cmake/VorDPMConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/VorDPMConfig.cmake INSTALL_DESTINATION ${VORDPM_CMAKE_DIR})
+# Before 1.0 a minor release may change the interface; after it only a major one does.
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(vordpm_compatibility SameMinorVersion)
+else()
+  set(vordpm_compatibility SameMajorVersion)
+endif()
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/VorDPMConfigVersion.cmake
+  COMPATIBILITY ${vordpm_compatibility})
+install(FILES ${PROJECT_BINARY_DIR}/VorDPMConfig.cmake
+  ${PROJECT_BINARY_DIR}/VorDPMConfigVersion.cmake
+  DESTINATION ${VORDPM_CMAKE_DIR} COMPONENT Development)
+
+# Installs into /usr (the Debian package) rely on the system's loader, which finds the libraries
+# there; a search path of their own would override local policy.
+install(CODE "
+  if(CMAKE_INSTALL_PREFIX MATCHES \"^/usr/?$\")
+    foreach(file IN ITEMS ${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vordpm>
+        ${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:vordpm-host>
+        ${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:VorDPM>
+        ${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:VorDPMEditor>)
+      file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/\${file}\")
+    endforeach()
+  endif()" COMPONENT Runtime)

@@ -1,0 +1,518 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="zh_CN">
+<context>
+    <name>CDPMContentPage</name>
+    <message>
+        <source>产品目录</source>
+        <translation>Catalog</translation>
+    </message>
+</context>
+<context>
+    <name>CDPMDataPage</name>
+    <message>
+        <source>产品数据</source>
+        <translation>Product Data</translation>
+    </message>
+</context>
+<context>
+    <name>CDPMlibraryPage</name>
+    <message>
+        <source>公司名称</source>
+        <translation>Company</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>关键字</source>
+        <translation>Keywords</translation>
+    </message>
+    <message>
+        <source>作者</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>产品总数</source>
+        <translation>Products in total</translation>
+    </message>
+    <message>
+        <source>本库产品数</source>
+        <translation>Products of this library</translation>
+    </message>
+    <message>
+        <source>引用产品数</source>
+        <translation>Referenced products</translation>
+    </message>
+    <message>
+        <source>产品库</source>
+        <translation>Library</translation>
+    </message>
+    <message>
+        <source>修改</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>载入图片</source>
+        <translation>Load Picture</translation>
+    </message>
+    <message>
+        <source>保存</source>
+        <translation>Save</translation>
+    </message>
+    <message>
+        <source>版本信息</source>
+        <translation>Versions</translation>
+    </message>
+    <message>
+        <source>项目</source>
+        <translation>Item</translation>
+    </message>
+    <message>
+        <source>内容</source>
+        <translation>Content</translation>
+    </message>
+    <message>
+        <source>产品库信息</source>
+        <translation>Library Information</translation>
+    </message>
+    <message>
+        <source>产品库图片</source>
+        <translation>Library Picture</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;不存在。</source>
+        <translation>The library &quot;%1&quot; does not exist.</translation>
+    </message>
+    <message>
+        <source>无法读取产品库&quot;%1&quot;的信息文件: %2</source>
+        <translation>Cannot read the information file of the library &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>请输入:</source>
+        <translation>Please enter:</translation>
+    </message>
+    <message>
+        <source>图片文件 (*.bmp *.png *.jpg *.jpeg *.gif);;所有文件 (*)</source>
+        <translation>Pictures (*.bmp *.png *.jpg *.jpeg *.gif);;All files (*)</translation>
+    </message>
+    <message>
+        <source>无法读取文件&quot;%1&quot;!</source>
+        <translation>Cannot read the file &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>文件&quot;%1&quot;不是可以识别的图片!</source>
+        <translation>The file &quot;%1&quot; is not a picture that can be read.</translation>
+    </message>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;的版本信息</source>
+        <translation>Versions of the library &quot;%1&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMDPODlg</name>
+    <message>
+        <source>属性表</source>
+        <translation>Property Table</translation>
+    </message>
+    <message>
+        <source>属性分类</source>
+        <translation>Property Groups</translation>
+    </message>
+    <message>
+        <source>属性列表</source>
+        <translation>Properties</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>值的类型</source>
+        <translation>Value Type</translation>
+    </message>
+    <message>
+        <source>单位</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>默认值</source>
+        <translation>Default Value</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>单位表</source>
+        <translation>Unit Table</translation>
+    </message>
+    <message>
+        <source>单位分类</source>
+        <translation>Unit Groups</translation>
+    </message>
+    <message>
+        <source>单位列表</source>
+        <translation>Units</translation>
+    </message>
+    <message>
+        <source>符号</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>转换</source>
+        <translation>Conversion</translation>
+    </message>
+    <message>
+        <source>内置参数表</source>
+        <translation>Built-in Parameter Table</translation>
+    </message>
+    <message>
+        <source>内置参数分类</source>
+        <translation>Built-in Parameter Groups</translation>
+    </message>
+    <message>
+        <source>内置参数列表</source>
+        <translation>Built-in Parameters</translation>
+    </message>
+    <message>
+        <source>未选择项目, 请重新选择!</source>
+        <translation>Nothing is selected. Please select an item.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMDeletLibDlg</name>
+    <message>
+        <source>移除产品</source>
+        <translation>Remove Libraries</translation>
+    </message>
+    <message>
+        <source>移除</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>请选择需要删除的项!</source>
+        <translation>Please select the items to delete.</translation>
+    </message>
+    <message>
+        <source>确实要把选择的所有产品库放入回收站吗?</source>
+        <translation>Do you really want to move all selected libraries to the trash?</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMEditorDlg</name>
+    <message>
+        <source>产品库管理</source>
+        <translation>Product Library Manager</translation>
+    </message>
+    <message>
+        <source>产品库</source>
+        <translation>Library</translation>
+    </message>
+    <message>
+        <source>新建产品库</source>
+        <translation>New Library</translation>
+    </message>
+    <message>
+        <source>删除产品库</source>
+        <translation>Delete Library</translation>
+    </message>
+    <message>
+        <source>产品库根路径</source>
+        <translation>Library Root Path</translation>
+    </message>
+    <message>
+        <source>基本属性</source>
+        <translation>Basic Properties</translation>
+    </message>
+    <message>
+        <source>属性表</source>
+        <translation>Property Table</translation>
+    </message>
+    <message>
+        <source>单位表</source>
+        <translation>Unit Table</translation>
+    </message>
+    <message>
+        <source>内置参数表</source>
+        <translation>Built-in Parameter Table</translation>
+    </message>
+    <message>
+        <source>模板</source>
+        <translation>Templates</translation>
+    </message>
+    <message>
+        <source>新建模板</source>
+        <translation>New Template</translation>
+    </message>
+    <message>
+        <source>编辑模板</source>
+        <translation>Edit Template</translation>
+    </message>
+    <message>
+        <source>删除模板</source>
+        <translation>Delete Template</translation>
+    </message>
+    <message>
+        <source>新建目录</source>
+        <translation>New Catalog</translation>
+    </message>
+    <message>
+        <source>复制目录</source>
+        <translation>Copy Catalog</translation>
+    </message>
+    <message>
+        <source>删除目录</source>
+        <translation>Delete Catalog</translation>
+    </message>
+    <message>
+        <source>重命名目录</source>
+        <translation>Rename Catalog</translation>
+    </message>
+    <message>
+        <source>新建产品目录</source>
+        <translation>New Catalog</translation>
+    </message>
+    <message>
+        <source>所有文件(*.*)</source>
+        <translation>All files (*)</translation>
+    </message>
+    <message>
+        <source>产品目录名称</source>
+        <translation>Catalog Name</translation>
+    </message>
+    <message>
+        <source>请输入:</source>
+        <translation>Please enter:</translation>
+    </message>
+    <message>
+        <source>请输入产品目录名称！</source>
+        <translation>Please enter a catalog name.</translation>
+    </message>
+    <message>
+        <source>文件名含有无效的字符, 请重新输入!</source>
+        <translation>The name contains characters that a file name cannot hold. Please enter another.</translation>
+    </message>
+    <message>
+        <source>创建失败!</source>
+        <translation>Creation failed.</translation>
+    </message>
+    <message>
+        <source>新产品目录名称</source>
+        <translation>New Catalog Name</translation>
+    </message>
+    <message>
+        <source>请输入新产品目录名称！</source>
+        <translation>Please enter the new catalog name.</translation>
+    </message>
+    <message>
+        <source>失败!</source>
+        <translation>Failed.</translation>
+    </message>
+    <message>
+        <source>确实要把&quot;%1&quot;产品目录放入回收站吗?</source>
+        <translation>Do you really want to move the catalog &quot;%1&quot; to the trash?</translation>
+    </message>
+    <message>
+        <source>确实要把&quot;%1&quot;产品库放入回收站吗?</source>
+        <translation>Do you really want to move the library &quot;%1&quot; to the trash?</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMNewContentDlg</name>
+    <message>
+        <source>产品目录名:</source>
+        <translation>Catalog name:</translation>
+    </message>
+    <message>
+        <source>产品库名称</source>
+        <translation>Library Name</translation>
+    </message>
+    <message>
+        <source>请选择产品库!</source>
+        <translation>Please select a library.</translation>
+    </message>
+    <message>
+        <source>产品目录不能为空!</source>
+        <translation>The catalog name must not be empty.</translation>
+    </message>
+    <message>
+        <source>该产品目录名已存在!</source>
+        <translation>A catalog of this name already exists.</translation>
+    </message>
+    <message>
+        <source>创建失败!</source>
+        <translation>Creation failed.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMNewLibraryDlg</name>
+    <message>
+        <source>新建产品库</source>
+        <translation>New Library</translation>
+    </message>
+    <message>
+        <source>产品库名称</source>
+        <translation>Library Name</translation>
+    </message>
+    <message>
+        <source>名字不能包含下列任何字符：</source>
+        <translation>A name cannot contain any of these characters:</translation>
+    </message>
+    <message>
+        <source>该产品库已存在!</source>
+        <translation>This library already exists.</translation>
+    </message>
+    <message>
+        <source>创建失败!</source>
+        <translation>Creation failed.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMSetLibRoot</name>
+    <message>
+        <source>设置产品路径</source>
+        <translation>Set Library Root Path</translation>
+    </message>
+    <message>
+        <source>选择产品路径：</source>
+        <translation>Library root path:</translation>
+    </message>
+    <message>
+        <source>选择产品库根路径:</source>
+        <translation>Choose the library root path:</translation>
+    </message>
+    <message>
+        <source>设置失败</source>
+        <translation>Setting the path failed</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMTreeCtrlEx</name>
+    <message>
+        <source>未分类</source>
+        <translation>Unclassified</translation>
+    </message>
+    <message>
+        <source>序号</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>系列</source>
+        <translation>Series</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMVersionDlg</name>
+    <message>
+        <source>添加版本</source>
+        <translation>Add Version</translation>
+    </message>
+    <message>
+        <source>修改版本</source>
+        <translation>Edit Version</translation>
+    </message>
+    <message>
+        <source>版本</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>作者</source>
+        <translation>Author</translation>
+    </message>
+    <message>
+        <source>时间</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>关闭</source>
+        <translation>Close</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMVersionEditDlg</name>
+    <message>
+        <source>修改版本</source>
+        <translation>Edit Version</translation>
+    </message>
+    <message>
+        <source>添加版本</source>
+        <translation>Add Version</translation>
+    </message>
+    <message>
+        <source>版本号:</source>
+        <translation>Version:</translation>
+    </message>
+    <message>
+        <source>作者:</source>
+        <translation>Author:</translation>
+    </message>
+    <message>
+        <source>时间:</source>
+        <translation>Time:</translation>
+    </message>
+    <message>
+        <source>描述:</source>
+        <translation>Description:</translation>
+    </message>
+    <message>
+        <source>添加版本失败!</source>
+        <translation>Adding the version failed.</translation>
+    </message>
+    <message>
+        <source>该版本号已存在!</source>
+        <translation>This version number already exists.</translation>
+    </message>
+    <message>
+        <source>版本号必须大于0!</source>
+        <translation>The version number must be greater than 0.</translation>
+    </message>
+    <message>
+        <source>版本记录无效!</source>
+        <translation>The version record is not valid.</translation>
+    </message>
+</context>
+<context>
+    <name>VOR</name>
+    <message>
+        <source>整型</source>
+        <translation>Integer</translation>
+    </message>
+    <message>
+        <source>实型</source>
+        <translation>Real</translation>
+    </message>
+    <message>
+        <source>字符串</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>未知</source>
+        <translation>Unknown</translation>
+    </message>
+</context>
+<context>
+    <name>VorDPMControlId</name>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+</TS>
