@@ -12,7 +12,8 @@ set_target_properties(vordpm vordpm-host PROPERTIES INSTALL_RPATH "${VORDPM_PROG
 # shell/ (which the editor's headers name in their includes).
 set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)
 target_include_directories(VorDPM INTERFACE $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}>)
-target_include_directories(VorDPMEditor INTERFACE
+# A host includes the entry point's header by its name alone, built or installed.
+target_include_directories(VorDPMEditor INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/shell>
   $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}> $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}/shell>)
 
 install(TARGETS VorDPM VorDPMEditor EXPORT VorDPMTargets

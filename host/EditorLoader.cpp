@@ -28,7 +28,7 @@ QString EditorLoader::Locate(const QString& requested) {
     if (!fromEnvironment.isEmpty()) return fromEnvironment;
     const QDir programDir(QCoreApplication::applicationDirPath());
     const QStringList candidates = {programDir.filePath(kLibraryFile),
-                                    programDir.filePath(QStringLiteral("../lib/") + kLibraryFile)};
+                                    programDir.filePath(QStringLiteral(VORDPM_INSTALLED_EDITOR))};
     for (const QString& candidate : candidates)
         if (QFileInfo::exists(candidate)) return QDir::cleanPath(candidate);
     return QStringLiteral(VORDPM_BUILT_EDITOR);
