@@ -8,6 +8,10 @@ set_target_properties(VorDPMEditor PROPERTIES VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME Editor INSTALL_RPATH "$ORIGIN")
 set_target_properties(vordpm vordpm-host PROPERTIES INSTALL_RPATH "${VORDPM_PROGRAM_RPATH}")
 
+# The package's names, also inside this build tree.
+add_library(VorDPM::Store ALIAS VorDPM)
+add_library(VorDPM::Editor ALIAS VorDPMEditor)
+
 # The headers keep the source tree's layout: the store's flat, the editor's under query/ and
 # shell/ (which the editor's headers name in their includes).
 set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)

@@ -35,15 +35,15 @@
     </message>
     <message>
         <source>产品总数</source>
-        <translation>Products in total</translation>
+        <translation>All products</translation>
     </message>
     <message>
         <source>本库产品数</source>
-        <translation>Products of this library</translation>
+        <translation>Own products</translation>
     </message>
     <message>
         <source>引用产品数</source>
-        <translation>Referenced products</translation>
+        <translation>Included</translation>
     </message>
     <message>
         <source>产品库</source>

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "ChildProcess.h"
@@ -226,6 +227,16 @@ TEST_F(DebPackage, DesktopEntryAndAppStreamDataValidate) {
     QFile file(Root("usr/share/metainfo/org.vordpm.Editor.metainfo.xml"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.readAll().contains("<release version=\"" + kVersion.toUtf8() + "\""));
+}
+
+// Debian's own checks: errors are defects; warnings are documented in docs/packaging.md.
+TEST_F(DebPackage, LintianFindsNoErrors) {
+    const ChildProcess lintian =
+        ChildProcess::Run("lintian", {DebFile("vordpm"), DebFile("vordpm-dev")});
+    ASSERT_NE(lintian.exitCode, -1) << lintian.Output();
+    const QStringList errors =
+        lintian.out.split('\n').filter(QRegularExpression(QStringLiteral("^E: ")));
+    EXPECT_TRUE(errors.isEmpty()) << lintian.Output();
 }
 
 TEST_F(DebPackage, ManualPagesNameTheVersion) {
