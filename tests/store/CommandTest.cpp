@@ -1,11 +1,11 @@
 #include "CVorDPMCommandManager.h"
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
-class CommandTest : public StoreTest {
+class CommandTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_dpd = MakeDefinition(MakeLibrary(), QStringLiteral("D"));
-        m_row = AddProperty(m_dpd, QStringLiteral("直径"), QStringLiteral("d"));
+        m_row = AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("直径"));
         ASSERT_EQ(Manager()->SaveWork(), 1);
     }
     void TearDown() override { Commands()->Reset(); }
@@ -27,7 +27,7 @@ TEST_F(CommandTest, AbortRestoresModifiedDeletedAndRemovesCreatedObjects) {
     m_row->SetPropertyAlias(QStringLiteral("changed"));
     Commands()->AddModifiedObject(m_row);  // a second registration keeps the first image
     m_row->SetDeleted(1);
-    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("l"), QStringLiteral("长度"));
     Commands()->AddNewlyCreatedObject(created, 0);
     EXPECT_EQ(LiveProperties(), 1);
 
@@ -82,7 +82,7 @@ TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSav
     Commands()->StartCommand();
     Commands()->AddModifiedObject(m_row);
     m_row->SetDefValue(QStringLiteral("12"));
-    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("l"), QStringLiteral("长度"));
     Commands()->AddNewlyCreatedObject(created, 0);
     ASSERT_EQ(Manager()->SaveWork(), 1);
     EXPECT_FALSE(Manager()->HasUnsavedChanges());
