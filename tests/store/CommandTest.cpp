@@ -1,4 +1,7 @@
+#include <functional>
+
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
 #include "support/StoreTestBase.h"
 
 class CommandTest : public StoreTestBase {
@@ -97,4 +100,46 @@ TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSav
     m_dpd->GetAllProperty(rows);
     ASSERT_EQ(rows.GetCount(), 1);
     EXPECT_EQ(rows.GetAt(0)->GetDefValue(), QString());
+}
+
+// What a scoped command leaves behind, for each way of leaving the scope.
+struct ScopeCase {
+    const char* what;
+    std::function<void(CVorDPMCommandScope&)> leave;
+    const char* alias;  // of the row after the scope
+};
+
+TEST_F(CommandTest, ScopedCommandAbortsUnlessCommittedAndClosesItselfOnce) {
+    const ScopeCase cases[] = {
+        {"left without commit", [](CVorDPMCommandScope&) {}, "直径"},
+        {"committed", [](CVorDPMCommandScope& c) { EXPECT_EQ(c.Commit(), 1); }, "changed"},
+        {"aborted", [](CVorDPMCommandScope& c) { c.Abort(); }, "直径"},
+        {"committed twice",
+         [](CVorDPMCommandScope& c) {
+             c.Commit();
+             EXPECT_EQ(c.Commit(), 0);
+         },
+         "changed"},
+        {"aborted then committed",
+         [](CVorDPMCommandScope& c) {
+             c.Abort();
+             EXPECT_EQ(c.Commit(), 0);
+         },
+         "直径"},
+    };
+    for (const ScopeCase& c : cases) {
+        SCOPED_TRACE(c.what);
+        m_row->SetPropertyAlias(QStringLiteral("直径"));
+        Commands()->StartCommand();  // an enclosing command must stay open throughout
+        {
+            CVorDPMCommandScope scope;
+            EXPECT_EQ(Commands()->GetOpenCommandCount(), 2);
+            Commands()->AddModifiedObject(m_row);
+            m_row->SetPropertyAlias(QStringLiteral("changed"));
+            c.leave(scope);
+        }
+        EXPECT_EQ(Commands()->GetOpenCommandCount(), 1);
+        EXPECT_EQ(m_row->GetPropertyAlias().toStdString(), c.alias);
+        Commands()->EndCommand();
+    }
 }
