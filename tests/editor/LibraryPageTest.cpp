@@ -14,6 +14,7 @@
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPM_DPI_Info.h"
 #include "EditorFixture.h"
+#include "common/CVorDPMNewLibraryDlg.h"
 #include "library/CDPMlibraryPage.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "library/CVorDPMVersionEditDlg.h"
@@ -118,6 +119,19 @@ TEST_F(LibraryPage, AMissingOrUnreadableLibraryShowsWhyAndOffersNothing) {
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
 }
 
+TEST_F(LibraryPage, CreatingALibraryTheTreeAlreadyShowsShowsItsInformation) {
+    Click(Node("QXMEP"));
+    ui.ExpectDialog(Filling([](QDialog* nested) {
+        Type(nested, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, QStringLiteral("QXMEP"));
+        Click(nested, VorDPMControlId::IDOK);
+    }));
+    ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
+
+    EXPECT_FALSE(Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS)->isVisible());
+    EXPECT_EQ(Report()->GetRecords()->GetRecordCount(), 7);
+    EXPECT_TRUE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
+}
+
 TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     CVorDPMDPD* definition = nullptr;
     ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("弯头"), definition), VOR::eOk);
@@ -142,6 +156,9 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
 
     Click(Page(), CDPMlibraryPage::IDC_SAVE);
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    auto* status = Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS);
+    EXPECT_TRUE(status->isVisible());
+    EXPECT_EQ(status->text(), QStringLiteral("已保存。"));
     EXPECT_EQ(Column(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
     CVorDPM_DPI_Info* info = InfoFromDisk("QXMaterial");
     ASSERT_TRUE(info);
