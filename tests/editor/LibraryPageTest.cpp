@@ -52,6 +52,7 @@ struct VersionInput {
     double number;
     QString author;
     QString description;
+    QString time = {};  // empty: the time the dialog proposes
 };
 
 // Answers the version edit dialog by typing into its controls and pressing OK.
@@ -64,6 +65,8 @@ std::function<int(QDialog*)> TypingVersion(const VersionInput& input) {
             GuiTestBase::Control<QPlainTextEdit>(edit, CVorDPMVersionEditDlg::IDC_DESCRIPTION);
         description->clear();
         GuiTestBase::Type(description, input.description);
+        if (!input.time.isEmpty())
+            GuiTestBase::Type(edit, CVorDPMVersionEditDlg::IDC_TIME, input.time);
         GuiTestBase::Click(edit, VorDPMControlId::IDOK);
     });
 }
@@ -268,4 +271,26 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     EXPECT_DOUBLE_EQ(kept.GetAt(0)->GetVersion(), 1.0);
     EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
     EXPECT_EQ(Column(versions.GetReportCtrl(), 0), (QStringList{"1.00", "2.00"}));
+}
+
+TEST_F(LibraryPage, AVersionTimeMustBeADateAndTimeAndTheListShowsItWhole) {
+    CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
+    CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
+    versions.show();
+    const QString refused =
+        QStringLiteral("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。");
+    for (const char* bad : {"昨天", "2026-02-30 10:00:00", "2026-01-31"}) {
+        ui.ExpectDialog(TypingVersion({1.0, "甲", "坏时间", QString::fromUtf8(bad)}));
+        ui.ExpectMessage(refused);
+    }
+    ui.ExpectDialog(TypingVersion({1.0, "甲", "好时间", "2025-01-02 03:04:05"}));
+    for (int i = 0; i < 4; ++i) Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+
+    CKZList<CVorDPM_Version*> kept;
+    file->GetAllVersion(kept, 0);
+    ASSERT_EQ(kept.GetCount(), 1);
+    EXPECT_EQ(kept.GetAt(0)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
+    CVorDPMReportCtrlBase* list = versions.GetReportCtrl();
+    EXPECT_GE(list->columnWidth(2),
+              list->fontMetrics().horizontalAdvance(QStringLiteral("2025-01-02 03:04:05")));
 }
