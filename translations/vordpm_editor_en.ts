@@ -113,6 +113,10 @@
         <source>产品库&quot;%1&quot;的版本信息</source>
         <translation>Versions of the library &quot;%1&quot;</translation>
     </message>
+    <message>
+        <source>已保存。</source>
+        <translation>Saved.</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMDPODlg</name>
@@ -395,6 +399,10 @@
         <source>设置失败</source>
         <translation>Setting the path failed</translation>
     </message>
+    <message>
+        <source>文件夹&quot;%1&quot;不存在，是否创建？</source>
+        <translation>The folder &quot;%1&quot; does not exist. Create it?</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMTreeCtrlEx</name>
@@ -483,6 +491,10 @@
     <message>
         <source>版本记录无效!</source>
         <translation>The version record is not valid.</translation>
+    </message>
+    <message>
+        <source>时间格式不正确，请按&quot;年-月-日 时:分:秒&quot;输入，例如 2026-01-31 08:30:00。</source>
+        <translation>The time is not valid. Enter it as &quot;year-month-day hour:minute:second&quot;, for example 2026-01-31 08:30:00.</translation>
     </message>
 </context>
 <context>
