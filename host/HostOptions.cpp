@@ -9,7 +9,19 @@
 namespace {
 
 // The languages --lang accepts, with the locale each stands for.
-const QStringList kLanguages = {QStringLiteral("en"), QStringLiteral("zh")};
+struct LanguageChoice {
+    const char* name;
+    QLocale::Language language;
+    QLocale::Territory territory;
+};
+const LanguageChoice kLanguages[] = {{"en", QLocale::English, QLocale::UnitedStates},
+                                     {"zh", QLocale::Chinese, QLocale::China}};
+
+const LanguageChoice* FindLanguage(const QString& name) {
+    for (const LanguageChoice& choice : kLanguages)
+        if (name == QLatin1String(choice.name)) return &choice;
+    return nullptr;
+}
 
 }  // namespace
 
@@ -21,9 +33,8 @@ bool HostOptions::OnlyPrints(int argc, const char* const* argv) {
 }
 
 QLocale HostOptions::Locale() const {
-    if (language == QLatin1String("en")) return QLocale(QLocale::English, QLocale::UnitedStates);
-    if (language == QLatin1String("zh")) return QLocale(QLocale::Chinese, QLocale::China);
-    return QLocale();
+    const LanguageChoice* choice = FindLanguage(language);
+    return choice ? QLocale(choice->language, choice->territory) : QLocale();
 }
 
 HostOptions HostOptions::Parse(const QStringList& arguments) {
@@ -50,7 +61,7 @@ HostOptions HostOptions::Parse(const QStringList& arguments) {
         QStringLiteral("en|zh"));
     parser.addOptions({root, editor, screenshot, measure, language});
     parser.process(arguments);
-    if (parser.isSet(language) && !kLanguages.contains(parser.value(language))) {
+    if (parser.isSet(language) && !FindLanguage(parser.value(language))) {
         std::fprintf(stderr, "%s: --lang takes en or zh, not %s\n",
                      qPrintable(QCoreApplication::applicationName()),
                      qPrintable(parser.value(language)));

@@ -121,7 +121,9 @@ SeenWhileRunning RunEditorAndClose() {
 
 class EditorLanguage : public ::testing::TestWithParam<EditorLanguageCase> {
 protected:
-    void TearDown() override { QLocale::setDefault(QLocale::c()); }
+    void TearDown() override { QLocale::setDefault(m_savedLocale); }
+
+    const QLocale m_savedLocale;
 };
 
 TEST_P(EditorLanguage, SpeaksTheDefaultLocaleWhileItRunsOnly) {

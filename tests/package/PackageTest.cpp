@@ -20,8 +20,12 @@ QString Prefix(const QString& relative = QString()) {
     return kStage + QStringLiteral("/prefix/") + relative;
 }
 
+// The package file for this version, whatever the machine's architecture.
 QString DebFile(const QString& package) {
-    return kStage + QStringLiteral("/deb/%1_%2_amd64.deb").arg(package, kVersion);
+    const QDir debs(kStage + QStringLiteral("/deb"));
+    const QStringList files = debs.entryList({package + "_" + kVersion + "_*.deb"}, QDir::Files);
+    EXPECT_EQ(files.size(), 1) << package.toStdString();
+    return files.isEmpty() ? QString() : debs.filePath(files.constFirst());
 }
 
 // Nothing of the test's own surroundings may help a program find its libraries or settings.
