@@ -203,11 +203,13 @@ TEST_F(DebPackage, ProgramsAndLibrariesCarryNoSearchPath) {
     }
 }
 
-TEST_F(DebPackage, UnpackedToolPrintsHelpAndCreatesTheSample) {
+TEST_F(DebPackage, UnpackedProgramsPrintHelpAndVersionAndTheToolCreatesTheSample) {
     Unpack("vordpm");
     const ChildProcess help = RunUnpacked("vordpm", {"--help"});
     EXPECT_EQ(help.exitCode, 0) << help.Output();
     EXPECT_TRUE(help.out.startsWith("usage: vordpm COMMAND")) << help.Output();
+    const ChildProcess hostVersion = RunUnpacked("vordpm-host", {"--version"});
+    EXPECT_EQ(hostVersion.out.trimmed(), "vordpm-host " + kVersion) << hostVersion.Output();
 
     const QString root = scratch.filePath("root");
     const ChildProcess sample = RunUnpacked("vordpm", {"sample", "--root", root});
