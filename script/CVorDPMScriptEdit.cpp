@@ -26,20 +26,21 @@ namespace {
 
 // The dialog's layout in dialog units: the script choice and text above, the parameters and
 // the preview below.
-const QRect kSize(0, 0, 500, 320);
-const QRect kScriptGroup(7, 7, 486, 160);
+const QRect kSize(0, 0, 560, 320);
+const QRect kScriptGroup(7, 7, 546, 160);
 const QRect kScriptList(14, 19, 110, 120);
 const QRect kNameLabel(132, 21, 24, 8);
-const QRect kName(158, 19, 328, 13);
+const QRect kName(158, 19, 388, 13);
 const QRect kDescriptionLabel(132, 37, 24, 8);
-const QRect kDescription(158, 35, 328, 24);
-const QRect kScriptText(132, 63, 354, 97);
+const QRect kDescription(158, 35, 388, 24);
+const QRect kScriptText(132, 63, 414, 97);
 const QSize kToolButton(16, 14);
 const QPoint kFirstToolButton(14, 143);
-const QRect kParameters(7, 172, 240, 120);
-const QRect kPreviewArea(253, 172, 240, 120);
-const QRect kOk(389, 299, 50, 14);
-const QRect kCancel(443, 299, 50, 14);
+// Wide enough for the four columns of the parameter report.
+const QRect kParameters(7, 172, 290, 120);
+const QRect kPreviewArea(303, 172, 250, 120);
+const QRect kOk(449, 299, 50, 14);
+const QRect kCancel(503, 299, 50, 14);
 
 const int kParameterWidths[] = {130, 100, 80, 100};
 
@@ -110,9 +111,10 @@ void CVorDPMScriptEdit::CreateControls() {
                                                     CVorDPMScriptParams::OrderColumn,
                                                     CVorDPMScriptParams::TestValueColumn});
     m_parameters->setItemDelegate(new CVorDPMScriptParamDelegate(m_parameters));
+    // Typing into a cell starts editing it, as in a spreadsheet.
     m_parameters->setEditTriggers(QAbstractItemView::DoubleClicked |
-                                  QAbstractItemView::SelectedClicked |
-                                  QAbstractItemView::EditKeyPressed);
+                                  QAbstractItemView::EditKeyPressed |
+                                  QAbstractItemView::AnyKeyPressed);
 
     const auto [ok, cancel] = VorDPMControlId::AddOkCancel(this);
     ok->setGeometry(MapDialogRect(kOk));

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QDoubleValidator>
 #include <QIntValidator>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include "CVorDPMReportModel.h"
@@ -42,6 +43,13 @@ QWidget* CVorDPMScriptParamDelegate::createEditor(QWidget* parent,
         case CVorDPMScriptParams::CategoryColumn: {
             auto* combo = new QComboBox(parent);
             combo->addItems(CVorDPMScriptParams::CategoryChoices());
+            // Picking a category is the whole edit. The signals belong to the delegate, which
+            // createEditor() sees as const.
+            auto* self = const_cast<CVorDPMScriptParamDelegate*>(this);
+            connect(combo, &QComboBox::activated, self, [self, combo] {
+                emit self->commitData(combo);
+                emit self->closeEditor(combo);
+            });
             return combo;
         }
         case CVorDPMScriptParams::OrderColumn:
@@ -90,4 +98,15 @@ void CVorDPMScriptParamDelegate::setModelData(QWidget* editor, QAbstractItemMode
         return;
     }
     QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+bool CVorDPMScriptParamDelegate::eventFilter(QObject* object, QEvent* event) {
+    auto* editor = qobject_cast<QWidget*>(object);
+    const auto* key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event) : nullptr;
+    if (!editor || !key || (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter))
+        return QStyledItemDelegate::eventFilter(object, event);
+    // Any text is kept (a value that does not parse reads as 0); the edit ends at once.
+    emit commitData(editor);
+    emit closeEditor(editor, QAbstractItemDelegate::SubmitModelCache);
+    return true;
 }

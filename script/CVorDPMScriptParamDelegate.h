@@ -16,6 +16,11 @@ public:
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 
+protected:
+    // Return and Enter commit and close the editor here: passed on, they would also press the
+    // dialog's OK button.
+    bool eventFilter(QObject* object, QEvent* event) override;
+
 private:
     QWidget* CreateTestValueEditor(QWidget* parent, const QModelIndex& index) const;
 };
