@@ -269,11 +269,14 @@ void CVorDPMScriptEdit::OnNewScript() {
     FillScriptList();
 }
 
+bool CVorDPMScriptEdit::CheckSelection(const QString& noSelection) {
+    if (m_selectedIndex >= 0) return true;
+    CVorDPMUiService::Instance()->ShowMessage(this, noSelection);
+    return false;
+}
+
 void CVorDPMScriptEdit::OnSaveScript() {
-    if (m_selectedIndex < 0) {
-        CVorDPMUiService::Instance()->ShowMessage(this, tr("请选择需要保存的脚本"));
-        return;
-    }
+    if (!CheckSelection(tr("请选择需要保存的脚本"))) return;
     CVorDPM_DPD_Dps* script = SelectedScript();
     if (!script) return;
     script->SetName(m_nameEdit->text());
@@ -284,10 +287,7 @@ void CVorDPMScriptEdit::OnSaveScript() {
 }
 
 void CVorDPMScriptEdit::OnDeleteScript() {
-    if (m_selectedIndex < 0) {
-        CVorDPMUiService::Instance()->ShowMessage(this, tr("请选择脚本"));
-        return;
-    }
+    if (!CheckSelection(tr("请选择脚本"))) return;
     CVorDPM_DPD_Dps* script = SelectedScript();
     if (!script) return;
     script->SetDeleted(1);
@@ -304,10 +304,7 @@ void CVorDPMScriptEdit::OnPreview() {
 }
 
 void CVorDPMScriptEdit::OnOK() {
-    if (m_selectedIndex < 0) {
-        CVorDPMUiService::Instance()->ShowMessage(this, tr("请选择脚本"));
-        return;
-    }
+    if (!CheckSelection(tr("请选择脚本"))) return;
     m_chosenScriptId = static_cast<int>(m_scriptList->GetItemData(m_selectedIndex));
     if (m_shape) {
         const CVorDPMScriptParams::ShapeSettings settings =

@@ -81,6 +81,8 @@ private:
     // The script of the selected row, or null when none is selected or the definition no
     // longer holds it.
     CVorDPM_DPD_Dps* SelectedScript() const;
+    // True when a script is selected; otherwise tells the user `noSelection`.
+    bool CheckSelection(const QString& noSelection);
 
     void OnNewScript();
     void OnSaveScript();
