@@ -1,11 +1,13 @@
 // The main editor dialog against a real store: tree, sheet, menus and every library and catalog
 // command, driven through the real widgets and the scripted UI service.
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 
@@ -211,6 +213,22 @@ TEST_F(MainDialog, DeleteCatalogAsksFirstAndMovesTheFileAway) {
     std::vector<QString> names;
     CVorDPMData::GetAllDPCName("QXMaterial", names);
     EXPECT_EQ(names, std::vector<QString>{"管道"});
+}
+
+TEST_F(MainDialog, RightClickKeepsTheSelectionAndTheMenuWorksOnTheSelectedNode) {
+    Click(Node("QXMaterial", "目录"));
+    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
+    const QPoint library = tree->visualItemRect(Node("QXMaterial")).center();
+    // Sent straight to the view: the press alone, without the menu the window would open.
+    QMouseEvent press(QEvent::MouseButtonPress, library, tree->viewport()->mapToGlobal(library),
+                      Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+    QApplication::sendEvent(tree->viewport(), &press);
+    EXPECT_EQ(tree->currentItem(), Node("QXMaterial", "目录"));
+
+    // The library menu's "删除产品库" acts on the selected catalog node: nothing happens.
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
+    EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
 }
 
 TEST_F(MainDialog, DeleteLibraryWorksOnLibraryNodesOnly) {
