@@ -65,13 +65,14 @@ CVorDPMScriptEdit::~CVorDPMScriptEdit() {
 }
 
 void CVorDPMScriptEdit::CreateControls() {
-    auto* group = new QGroupBox(tr("选择脚本"), this);
-    m_scriptGroup = group;
+    m_scriptGroup = new QGroupBox(tr("选择脚本"), this);
     m_scriptList = new CVorDPMlistCtrlBase(this);
     m_nameLabel = new QLabel(tr("名称:"), this);
     m_nameEdit = new QLineEdit(this);
     m_descriptionLabel = new QLabel(tr("描述:"), this);
     m_descriptionEdit = new QPlainTextEdit(this);
+    // Tab moves on: a description has no use for tab characters, unlike the script text.
+    m_descriptionEdit->setTabChangesFocus(true);
     m_scriptEdit = new CVorDPMScriptCodeEdit(this);
     m_newButton = AddToolButton(IDC_NEW_SCRIPT, QStyle::SP_FileIcon, tr("新建脚本"));
     m_saveButton = AddToolButton(IDC_SAVE_SCRIPT, QStyle::SP_DialogSaveButton, tr("保存脚本"));
@@ -97,7 +98,19 @@ void CVorDPMScriptEdit::CreateControls() {
     m_scriptList->horizontalHeader()->setStretchLastSection(true);
     connect(m_scriptList->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CVorDPMScriptEdit::OnScriptSelectionChanged);
+    CreateParameterReport();
 
+    const auto [ok, cancel] = VorDPMControlId::AddOkCancel(this);
+    ok->setGeometry(MapDialogRect(kOk));
+    cancel->setGeometry(MapDialogRect(kCancel));
+    connect(ok, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnOK);
+    connect(m_newButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnNewScript);
+    connect(m_saveButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnSaveScript);
+    connect(m_deleteButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnDeleteScript);
+    connect(m_previewButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnPreview);
+}
+
+void CVorDPMScriptEdit::CreateParameterReport() {
     // The report takes the place (and the id) of its placeholder.
     auto* placeholder = new QWidget(this);
     VorDPMControlId::Set(placeholder, IDC_PARAMETERS);
@@ -115,15 +128,6 @@ void CVorDPMScriptEdit::CreateControls() {
     m_parameters->setEditTriggers(QAbstractItemView::DoubleClicked |
                                   QAbstractItemView::EditKeyPressed |
                                   QAbstractItemView::AnyKeyPressed);
-
-    const auto [ok, cancel] = VorDPMControlId::AddOkCancel(this);
-    ok->setGeometry(MapDialogRect(kOk));
-    cancel->setGeometry(MapDialogRect(kCancel));
-    connect(ok, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnOK);
-    connect(m_newButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnNewScript);
-    connect(m_saveButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnSaveScript);
-    connect(m_deleteButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnDeleteScript);
-    connect(m_previewButton, &QPushButton::clicked, this, &CVorDPMScriptEdit::OnPreview);
 }
 
 QPushButton* CVorDPMScriptEdit::AddToolButton(int id, QStyle::StandardPixmap icon,

@@ -70,6 +70,7 @@ protected:
 
 private:
     void CreateControls();
+    void CreateParameterReport();
     void PlaceControls();
     void AnchorControls();
     QPushButton* AddToolButton(int id, QStyle::StandardPixmap icon, const QString& tip);
