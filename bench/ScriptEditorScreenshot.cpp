@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include "BenchScratch.h"
 #include "CVorDPMManager.h"
 #include "HostPreview.h"
 #include "common/VorDPMControlId.h"
@@ -25,14 +26,14 @@ constexpr int kSettleMs = 500;
 }  // namespace
 
 int main(int argc, char** argv) {
+    QTemporaryDir scratch;
+    BenchScratch::RedirectUserFolders(scratch.path());
     QApplication application(argc, argv);
     if (argc < 2) {
         qCritical("usage: ScriptEditorScreenshot FILE.png");
         return 2;
     }
     const QString file = QString::fromLocal8Bit(argv[1]);
-    QTemporaryDir scratch;
-    qputenv("XDG_CONFIG_HOME", (scratch.path() + QStringLiteral("/config")).toUtf8());
     QString error;
     if (!SampleLibrary::Create(scratch.path() + QStringLiteral("/root"), 1, error)) {
         qCritical("sample library: %s", qPrintable(error));

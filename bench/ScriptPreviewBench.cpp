@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <memory>
 
+#include "BenchScratch.h"
 #include "CVorDPMManager.h"
 #include "HostPreview.h"
 #include "common/VorDPMControlId.h"
@@ -84,11 +85,8 @@ void BM_RunawayScriptStopped(benchmark::State& state, SampleShape sample) {
 
 int main(int argc, char** argv) {
     QTemporaryDir scratch;
-    // Window placements and the remembered root go into the scratch folder, not the user's.
-    qputenv("XDG_CONFIG_HOME", (scratch.path() + QStringLiteral("/config")).toUtf8());
-    qputenv("XDG_DATA_HOME", (scratch.path() + QStringLiteral("/data")).toUtf8());
-    qputenv("QT_QPA_PLATFORM",
-            qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    BenchScratch::RedirectUserFolders(scratch.path());
+    BenchScratch::RunHeadlessUnlessTold();
     QApplication application(argc, argv);
     QString error;
     if (!SampleLibrary::Create(scratch.path() + QStringLiteral("/root"), 1, error)) {
