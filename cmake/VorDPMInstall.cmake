@@ -20,15 +20,12 @@ target_include_directories(VorDPM INTERFACE $<INSTALL_INTERFACE:${VORDPM_INCLUDE
 target_include_directories(VorDPMEditor INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/shell>
   $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}> $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}/shell>)
 
+# The store's public headers are its PUBLIC_HEADER list (store/CMakeLists.txt).
 install(TARGETS VorDPM VorDPMEditor EXPORT VorDPMTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development
+  PUBLIC_HEADER DESTINATION ${VORDPM_INCLUDE_DIR} COMPONENT Development)
 install(TARGETS vordpm vordpm-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
 
-# Store headers that name SQLite are the store's own business; every other one is public.
-file(GLOB store_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/store/*.h)
-list(REMOVE_ITEM store_headers ${PROJECT_SOURCE_DIR}/store/CVorDPMSQLiteConnection.h
-  ${PROJECT_SOURCE_DIR}/store/CVorDPMSQLiteFiler.h)
-install(FILES ${store_headers} DESTINATION ${VORDPM_INCLUDE_DIR} COMPONENT Development)
 # The entry function, the query class and the two exported controls, with what they include.
 install(FILES query/CVorDPMData.h query/VorDPMEditorExport.h
   DESTINATION ${VORDPM_INCLUDE_DIR}/query COMPONENT Development)

@@ -382,6 +382,107 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMNewScriptDlg</name>
+    <message>
+        <source>新建脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation type="unfinished">Name</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation type="unfinished">Description</translation>
+    </message>
+    <message>
+        <source>脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>添加失败！</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMScriptEdit</name>
+    <message>
+        <source>参数化脚本编辑器</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>选择脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>名称:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>描述:</source>
+        <translation type="unfinished">Description:</translation>
+    </message>
+    <message>
+        <source>新建脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>保存脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>删除脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>预览</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>脚本参数</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>类型</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>顺序</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>测试值</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>请选择需要保存的脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>请选择脚本</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMScriptParams</name>
+    <message>
+        <source>Unkonw Parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Design Parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Component parameters</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMSetLibRoot</name>
     <message>
         <source>设置产品路径</source>
