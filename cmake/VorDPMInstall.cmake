@@ -14,16 +14,15 @@ add_library(VorDPM::Editor ALIAS VorDPMEditor)
 
 # The headers keep the source tree's layout: the store's flat, the editor's under query/ and
 # shell/ (which the editor's headers name in their includes).
-set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)
 target_include_directories(VorDPM INTERFACE $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}>)
 # A host includes the entry point's header by its name alone, built or installed.
 target_include_directories(VorDPMEditor INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/shell>
   $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}> $<INSTALL_INTERFACE:${VORDPM_INCLUDE_DIR}/shell>)
 
-# The store's public headers are its PUBLIC_HEADER list (store/CMakeLists.txt).
-install(TARGETS VorDPM VorDPMEditor EXPORT VorDPMTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development
-  PUBLIC_HEADER DESTINATION ${VORDPM_INCLUDE_DIR} COMPONENT Development)
+# The store library installs from its own folder (store/CMakeLists.txt), where the names of its
+# public headers are relative to.
+install(TARGETS VorDPMEditor EXPORT VorDPMTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
 install(TARGETS vordpm vordpm-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
 
 # The entry function, the query class and the two exported controls, with what they include.

@@ -8,6 +8,9 @@ if(NOT DEFINED CMAKE_INSTALL_LIBDIR AND CMAKE_LIBRARY_ARCHITECTURE AND EXISTS /e
 endif()
 include(GNUInstallDirs)
 
+# Every header goes below one folder of its own.
+set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)
+
 # The programs find the libraries relative to themselves, so that an install under any prefix
 # (or an unpacked package) runs as it is; installs into /usr drop these paths again (see
 # VorDPMInstall.cmake), as the system's loader finds the libraries there.
