@@ -385,101 +385,101 @@
     <name>CVorDPMNewScriptDlg</name>
     <message>
         <source>新建脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>New Script</translation>
     </message>
     <message>
         <source>名称</source>
-        <translation type="unfinished">Name</translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>描述</source>
-        <translation type="unfinished">Description</translation>
+        <translation>Description</translation>
     </message>
     <message>
         <source>脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Script</translation>
     </message>
     <message>
         <source>添加失败！</source>
-        <translation type="unfinished"></translation>
+        <translation>Adding failed.</translation>
     </message>
 </context>
 <context>
     <name>CVorDPMScriptEdit</name>
     <message>
         <source>参数化脚本编辑器</source>
-        <translation type="unfinished"></translation>
+        <translation>Parametric Script Editor</translation>
     </message>
     <message>
         <source>选择脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Choose Script</translation>
     </message>
     <message>
         <source>名称:</source>
-        <translation type="unfinished"></translation>
+        <translation>Name:</translation>
     </message>
     <message>
         <source>描述:</source>
-        <translation type="unfinished">Description:</translation>
+        <translation>Description:</translation>
     </message>
     <message>
         <source>新建脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>New Script</translation>
     </message>
     <message>
         <source>保存脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Save Script</translation>
     </message>
     <message>
         <source>删除脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Delete Script</translation>
     </message>
     <message>
         <source>预览</source>
-        <translation type="unfinished"></translation>
+        <translation>Preview</translation>
     </message>
     <message>
         <source>脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Script</translation>
     </message>
     <message>
         <source>脚本参数</source>
-        <translation type="unfinished"></translation>
+        <translation>Script Parameter</translation>
     </message>
     <message>
         <source>类型</source>
-        <translation type="unfinished"></translation>
+        <translation>Type</translation>
     </message>
     <message>
         <source>顺序</source>
-        <translation type="unfinished"></translation>
+        <translation>Order</translation>
     </message>
     <message>
         <source>测试值</source>
-        <translation type="unfinished"></translation>
+        <translation>Test Value</translation>
     </message>
     <message>
         <source>请选择需要保存的脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Please select the script to save.</translation>
     </message>
     <message>
         <source>请选择脚本</source>
-        <translation type="unfinished"></translation>
+        <translation>Please select a script.</translation>
     </message>
 </context>
 <context>
     <name>CVorDPMScriptParams</name>
     <message>
         <source>Unkonw Parameters</source>
-        <translation type="unfinished"></translation>
+        <translation>Unknown Parameters</translation>
     </message>
     <message>
         <source>Design Parameters</source>
-        <translation type="unfinished"></translation>
+        <translation>Design Parameters</translation>
     </message>
     <message>
         <source>Component parameters</source>
-        <translation type="unfinished"></translation>
+        <translation>Component Parameters</translation>
     </message>
 </context>
 <context>
