@@ -2,8 +2,9 @@
 # Brings the catalogs in translations/ up to date with the sources and lists the texts that still
 # need an English translation. New tr() texts appear as unfinished entries; texts gone from the
 # sources are dropped. Fill in the listed texts (Qt Linguist, or by hand in the .ts file: replace
-# <translation type="unfinished"></translation> by <translation>English</translation>) and
-# build; the build embeds the catalogs.
+# <translation type="unfinished"></translation> by <translation>English</translation>; where
+# lupdate proposed the translation of the same text elsewhere, check it and drop
+# type="unfinished") and build; the build embeds the catalogs.
 #
 #   scripts/update-translations.sh              update the catalogs in place
 #   scripts/update-translations.sh --check DIR  write updated copies into DIR, leave the tree as
