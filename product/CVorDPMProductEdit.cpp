@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QPushButton>
 
-#include "CVorDPMDPDBase.h"
+#include "CVorDPMDPD.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMPropertyGrid.h"
 #include "CVorDPMRelatedDlg.h"
@@ -14,6 +14,7 @@
 #include "VorDPMDefinitionTable.h"
 #include "common/CVorDPMDPODlg.h"
 #include "common/VorDPMControlId.h"
+#include "script/CVorDPMScriptEdit.h"
 
 namespace {
 
@@ -249,13 +250,15 @@ void CVorDPMProductEdit::AddPictureFile(QTreeWidgetItem* category, const QString
 void CVorDPMProductEdit::AddShapeItems() {
     QTreeWidgetItem* category = StartSection(tr("产品形体"), tr("参数化形体库"));
     AddId(category, m_shape->GetObjectId());
-    Add(category,
-        new CVorDPMPropertyGridItem(CVorDPMPropertyGridItem::Number, tr("DPS ID"),
-                                    Number(m_shape->GetDPSId())),
-        [this](CVorDPMPropertyGridItem* item) {
-            m_shape->SetDPSId(VorDPMDecimal::LeadingInt(item->GetValue()));
-            WriteShapeParamIndex();
-        });
+    auto* script = Add(category,
+                       new CVorDPMPropertyGridItem(CVorDPMPropertyGridItem::Number, tr("DPS ID"),
+                                                   Number(m_shape->GetDPSId())),
+                       [this](CVorDPMPropertyGridItem* item) {
+                           m_shape->SetDPSId(VorDPMDecimal::LeadingInt(item->GetValue()));
+                           WriteShapeParamIndex();
+                       });
+    script->SetHasButton(true);
+    m_pickers.insert(script, [this, script] { PickScript(script); });
     Add(category,
         new CVorDPMPropertyGridItem(CVorDPMPropertyGridItem::Text, tr("形体名称"),
                                     m_shape->GetName()),
@@ -272,13 +275,16 @@ void CVorDPMProductEdit::AddShapeItems() {
         });
 }
 
-// Each parameter of the shape that is the parameter name of a property definition gets that
-// property's position in the definition's property list.
+// Each parameter of the shape that is the parameter name of a property definition and has no
+// position yet gets that property's position in the definition's property list. Positions
+// already set (the script editor lets the user choose them) are kept.
 void CVorDPMProductEdit::WriteShapeParamIndex() {
     const std::vector<CVorDPM_DPD_Property*> properties =
         VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Property>(m_dpd);
-    for (int position = 0; position < static_cast<int>(properties.size()); ++position)
-        m_shape->SetParamIndex(properties[position]->GetParamAlias(), position);
+    for (int position = 0; position < static_cast<int>(properties.size()); ++position) {
+        const QString name = properties[position]->GetParamAlias();
+        if (m_shape->GetParamIndex(name) < 0) m_shape->SetParamIndex(name, position);
+    }
 }
 
 void CVorDPMProductEdit::AddProductItems() {
@@ -369,6 +375,14 @@ void CVorDPMProductEdit::PickUnit(CVorDPMPropertyGridItem* item) {
     }
     m_property->SetUnit(unit);
     item->SetValue(unit);
+}
+
+// The script editor works on definitions only; on a template it offers no script to pick.
+void CVorDPMProductEdit::PickScript(CVorDPMPropertyGridItem* item) {
+    CVorDPMScriptEdit dialog(dynamic_cast<CVorDPMDPD*>(m_dpd), m_shape, m_draw, m_close, m_move,
+                             this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
+    item->ChangeValue(Number(dialog.GetChosenScriptId()));
 }
 
 void CVorDPMProductEdit::PickRelated(CVorDPMPropertyGridItem* item, int kind) {

@@ -85,6 +85,7 @@ private:
     void OnButtonDown(CVorDPMPropertyGridItem* item);
     void PickCommonProperty(CVorDPMPropertyGridItem* item);
     void PickUnit(CVorDPMPropertyGridItem* item);
+    void PickScript(CVorDPMPropertyGridItem* item);
     void PickRelated(CVorDPMPropertyGridItem* item, int kind);
     // Fills an empty item of the property section from the chosen common property.
     void FillIfEmpty(const QString& caption, const QString& value);

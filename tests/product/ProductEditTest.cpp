@@ -7,6 +7,7 @@
 #include "controls/CVorDPMlistCtrlBase.h"
 #include "product/CVorDPMPropertyGridDelegate.h"
 #include "product/CVorDPMRelatedDlg.h"
+#include "script/CVorDPMScriptEdit.h"
 
 namespace {
 
@@ -278,6 +279,24 @@ TEST_F(ProductEditTest, RelatedRecordPickersReturnTheChosenId) {
     }));
     PressButton(*editor, "产品ID");
     EXPECT_EQ(row.GetProductId(), 2);
+}
+
+TEST_F(ProductEditTest, ScriptIdIsChosenInTheScriptEditor) {
+    for (const char* name : {"圆", "方"}) {
+        auto* script = new CVorDPM_DPD_Dps;
+        script->SetName(QString::fromUtf8(name));
+        m_dpd->AddDps(script);
+    }
+    CVorDPM_DPD_Shape* shape = VorDPMDefinitionTables::Find<CVorDPM_DPD_Shape>(m_dpd, 1);
+    std::unique_ptr<Edit> editor = Open(shape);
+    ui.ExpectDialog([](QDialog*) { return QDialog::Rejected; });
+    ui.ExpectDialog(ChooseFirst(CVorDPMScriptEdit::IDC_SCRIPT_LIST));
+    PressButton(*editor, "DPS ID");
+    EXPECT_EQ(shape->GetDPSId(), 4);  // cancelled: unchanged
+    PressButton(*editor, "DPS ID");
+    EXPECT_EQ(shape->GetDPSId(), 1);
+    EXPECT_EQ(Value(*editor, "DPS ID"), QStringLiteral("1"));
+    EXPECT_EQ(ui.dialogClasses, QStringList(2, "CVorDPMScriptEdit"));
 }
 
 }  // namespace
