@@ -28,7 +28,6 @@ public:
     quint64 RowData(int row) const;
     // Shows the rows of `source` instead of any rows before, in one model reset.
     void SetSource(std::unique_ptr<CVorDPMListRowSource> source);
-    const CVorDPMListRowSource* Source() const { return m_source.get(); }
     void RemoveAllRows();
     QString Text(int row, int column) const;
 

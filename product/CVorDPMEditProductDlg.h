@@ -40,7 +40,6 @@ public:
                           PreviewMoveCallback move, QWidget* parent = nullptr);
     ~CVorDPMEditProductDlg() override;
 
-    CVorDPMDPDBase* GetDPD() const { return m_dpd; }
     CVorDPMListCtrlEx* GetList(int table) const;
     // The row last reported as selected in a table's list; negative when none.
     int GetSelectedIndex(int table) const;

@@ -52,10 +52,6 @@ public:
                        PreviewDrawCallback draw, PreviewCloseCallback close,
                        PreviewMoveCallback move, QWidget* parent = nullptr);
 
-    int GetKind() const { return m_kind; }
-    int GetMode() const { return m_mode; }
-    CVorDPMPropertyGrid* GetGrid() const { return m_grid; }
-
 protected:
     bool OnInitDialog() override;
 
