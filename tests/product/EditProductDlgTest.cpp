@@ -254,4 +254,29 @@ TEST_F(EditProductDlgTest, EnterStaysInThePanelAndEscapeReachesTheHost) {
     EXPECT_EQ(m_host.result(), QDialog::Rejected);
 }
 
+TEST_F(EditProductDlgTest, SeriesRowNamingMissingRecordsIsShownAndEdited) {
+    auto* row = new CVorDPM_DPD_Serial;
+    row->SetProductId(2);
+    row->SetShapeId(77);
+    row->SetImageId(88);
+    m_dpd->AddSerial(row);
+    OpenPanel();
+    EXPECT_EQ(Shown(Dlg::Series).back(), (QStringList{"3", "3", "2", "77", "88", ""}));
+    ui.ExpectDialog(GridEdits({{"长度", "45"}}));
+    DoubleClickRow(Dlg::Series, 2);
+    EXPECT_EQ(m_panel->GetList(Dlg::Series)->GetItemText(2, 5), QStringLiteral("45"));
+    EXPECT_EQ(row->GetShapeId(), 77);
+}
+
+TEST_F(EditProductDlgTest, ListsShareTheGrowthOfThePanel) {
+    OpenPanel();
+    const QRect properties = m_panel->GetList(Dlg::Properties)->geometry();
+    const QRect series = m_panel->GetList(Dlg::Series)->geometry();
+    const QRect seriesNew = Button(Dlg::Series, 0)->geometry();
+    m_panel->resize(m_panel->size() + QSize(100, 60));
+    EXPECT_EQ(m_panel->GetList(Dlg::Properties)->geometry(), properties.adjusted(0, 0, 50, 20));
+    EXPECT_EQ(m_panel->GetList(Dlg::Series)->geometry(), series.adjusted(50, 20, 100, 60));
+    EXPECT_EQ(Button(Dlg::Series, 0)->geometry(), seriesNew.translated(100, 20));
+}
+
 }  // namespace
