@@ -144,6 +144,8 @@ void CVorDPMProductEdit::BuildGrid() {
             if (m_serial) AddSerialItems();
             break;
     }
+    // Captions are short, but the longest ("参数化形体库ID") must not be cut.
+    m_grid->resizeColumnToContents(CVorDPMPropertyGridItem::CaptionColumn);
 }
 
 QTreeWidgetItem* CVorDPMProductEdit::StartSection(const QString& title, const QString& category) {
