@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMUiService.h"
@@ -184,11 +185,10 @@ void CDPMlibraryPage::UpdateCommandUi() {
 void CDPMlibraryPage::Modify(const std::function<void(CVorDPM_DPI_Info&)>& change) {
     CVorDPM_DPI_Info* info = Info();
     if (!info) return;
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
-    commands->AddModifiedObject(info);
+    CVorDPMCommandScope command;
+    CVorDPMCommandManager::GetInstance()->AddModifiedObject(info);
     change(*info);
-    commands->EndCommand();
+    command.Commit();
 }
 
 void CDPMlibraryPage::OnEditText() {

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
 #include "CVorDPMDBBase.h"
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
@@ -89,32 +90,30 @@ bool CVorDPMVersionEditDlg::AddVersion() {
         CVorDPMUiService::Instance()->ShowMessage(this, refused);
         return false;
     }
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
+    CVorDPMCommandScope command;
     CVorDPM_Version* added = version.release();
     if (m_file->AddVersion(added) != VOR::eOk) {
-        commands->AbortCommand();
+        command.Abort();
         CVorDPMUiService::Instance()->ShowMessage(this, tr("添加版本失败!"));
         return false;
     }
-    commands->AddNewlyCreatedObject(added, 0);
-    commands->EndCommand();
+    CVorDPMCommandManager::GetInstance()->AddNewlyCreatedObject(added, 0);
+    command.Commit();
     return true;
 }
 
 // The record is changed in place and checked afterwards, so that keeping its own number passes;
-// a refused change is rolled back.
+// a refused change is rolled back before the user is told.
 bool CVorDPMVersionEditDlg::ChangeVersion() {
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
-    commands->AddModifiedObject(m_version);
+    CVorDPMCommandScope command;
+    CVorDPMCommandManager::GetInstance()->AddModifiedObject(m_version);
     Store(*m_version);
     const QString refused = CheckMessage(m_file->IsValid(m_version));
     if (refused.isEmpty()) {
-        commands->EndCommand();
+        command.Commit();
         return true;
     }
-    commands->AbortCommand();
+    command.Abort();
     CVorDPMUiService::Instance()->ShowMessage(this, refused);
     return false;
 }

@@ -29,11 +29,10 @@ TEST_F(SetLibRootTest, OkSwitchesTheStoreToTheTypedFolderAndRemembersIt) {
 
         const QString expected = QDir::cleanPath(typed);
         EXPECT_TRUE(Accepted(fresh));
-        EXPECT_EQ(Store()->GetDPMLibraryRootPath(), expected);
+        EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), expected);
         // What the store reads at its next start.
         EXPECT_EQ(QSettings("VorDPM", "VorDPM").value("Store/LibraryRoot").toString(), expected);
     }
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 TEST_F(SetLibRootTest, EmptyOrUnusablePathKeepsTheDialogOpenAndTheRoot) {
@@ -45,23 +44,24 @@ TEST_F(SetLibRootTest, EmptyOrUnusablePathKeepsTheDialogOpenAndTheRoot) {
         {file + QStringLiteral("/sub"), {QStringLiteral("设置失败")}},
     };
     for (const auto& [typed, messages] : cases) {
-        ui.messages.clear();
         Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, typed);
+        ui.ExpectMessages(messages);
         Click(&dialog, VorDPMControlId::IDOK);
 
-        EXPECT_EQ(ui.messages, messages);
+        ui.VerifyAllUsed();
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+        EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
     }
 }
 
 TEST_F(SetLibRootTest, BrowseFillsTheEditWithTheChosenFolderAndCancelKeepsIt) {
-    ui.files = {root.Home() + QStringLiteral("/chosen"), QString()};
+    ui.ExpectFile(root.Home() + QStringLiteral("/chosen"));
+    ui.ExpectFile(QString());
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
 
     EXPECT_EQ(edit->text(), root.Home() + QStringLiteral("/chosen"));
-    EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+    EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
 }
 
 }  // namespace
