@@ -7,8 +7,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "CVorDPMDPC.h"
@@ -102,7 +102,7 @@ CDPMContentPage::CDPMContentPage(QWidget* parent)
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tree->setItemDelegate(m_labelDelegate);
     m_labelDelegate->WatchEdits();
-    m_tree->viewport()->installEventFilter(this);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_status->setWordWrap(true);
     m_status->hide();
     SetupReports();
@@ -181,14 +181,14 @@ void CDPMContentPage::ConnectSignals() {
             [this] { ShowPopupMenu(IDR_CONTENT_MENU); });
     connect(m_references, &QWidget::customContextMenuRequested, this,
             [this] { ShowPopupMenu(IDR_REFERENCE_MENU); });
+    connect(m_tree, &QWidget::customContextMenuRequested, this,
+            &CDPMContentPage::OnTreeRightClick);
 }
 
 int CDPMContentPage::SetCurrentPath(const QString& path) {
     m_currentPath = path;
     if (!path.contains(QLatin1Char('/'))) {
-        m_renamedNode = nullptr;
-        m_tree->clear();
-        m_contents->GetRecords()->RemoveAllRecords();
+        ClearTree();
         m_references->GetRecords()->RemoveAllRecords();
         m_valid = 0;
         m_status->hide();
@@ -226,9 +226,21 @@ CVorDPMDPC* CDPMContentPage::Catalog() const {
     return catalog;
 }
 
-void CDPMContentPage::RebuildTree() {
+// The old nodes may point to store objects that are gone (the store was reopened): the tree is
+// emptied without asking it about them.
+void CDPMContentPage::ClearTree() {
     m_renamedNode = nullptr;
-    m_tree->clear();
+    m_currentNode = nullptr;
+    m_selectedPath.clear();
+    {
+        const QSignalBlocker blocker(m_tree);
+        m_tree->clear();
+    }
+    m_contents->GetRecords()->RemoveAllRecords();
+}
+
+void CDPMContentPage::RebuildTree() {
+    ClearTree();
     m_tree->UpdataTreeCtrl(m_currentPath, 0);
     m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
 }
@@ -364,8 +376,6 @@ std::unique_ptr<QMenu> CDPMContentPage::CreatePopupMenu(int menuId) {
             QAction* action = menu->addAction(Translated(entry.caption));
             action->setData(entry.command);
             action->setEnabled(IsCommandEnabled(entry.command));
-            const int command = entry.command;
-            connect(action, &QAction::triggered, this, [this, command] { OnCommand(command); });
         }
         return menu;
     }
@@ -374,22 +384,15 @@ std::unique_ptr<QMenu> CDPMContentPage::CreatePopupMenu(int menuId) {
 
 void CDPMContentPage::ShowPopupMenu(int menuId) {
     const std::unique_ptr<QMenu> menu = CreatePopupMenu(menuId);
-    if (menu) menu->exec(QCursor::pos());
+    if (!menu) return;
+    // The command runs once the menu is closed, so that it starts with the focus back on the
+    // page (a label edit would otherwise end as soon as the menu lets the focus go).
+    const QAction* chosen = menu->exec(QCursor::pos());
+    if (chosen) OnCommand(chosen->data().toInt());
 }
 
-// A right click on the contents tree opens the classification menu over a node without
-// selecting it: the command acts on the selected node.
-bool CDPMContentPage::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_tree->viewport()) return CVorDPMPropertPageBase::eventFilter(watched, event);
-    if (event->type() == QEvent::ContextMenu) return true;
-    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick)
-        return false;
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    if (mouse->button() != Qt::RightButton) return false;
-    if (event->type() == QEvent::MouseButtonPress) OnTreeRightClick(mouse->position().toPoint());
-    return true;
-}
-
+// The tree leaves its selection as it is on a right click: the command acts on the selected
+// node, not on the one under the cursor.
 void CDPMContentPage::OnTreeRightClick(const QPoint& position) {
     if (m_tree->itemAt(position)) ShowPopupMenu(IDR_CLASS_MENU);
 }

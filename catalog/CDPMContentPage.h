@@ -61,7 +61,8 @@ public:
     // Runs a button or menu command; false for a command the page does not know.
     bool OnCommand(int commandId);
     bool IsCommandEnabled(int commandId) const;
-    // A popup menu (IDR_*), its entries enabled by the page's rules and running OnCommand.
+    // A popup menu (IDR_*), its entries enabled by the page's rules; each entry's data is its
+    // command, for OnCommand.
     std::unique_ptr<QMenu> CreatePopupMenu(int menuId);
 
     CVorDPMTreeCtrlEx* GetTreeCtrl() const { return m_tree; }
@@ -77,7 +78,6 @@ signals:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildLayout();
@@ -86,6 +86,7 @@ private:
 
     void OnSetActive();
     CVorDPMDPC* Catalog() const;
+    void ClearTree();
     void RebuildTree();
     void ShowCatalogProblem();
     void ReloadReferences();
