@@ -181,8 +181,7 @@ void CDPMContentPage::ConnectSignals() {
             [this] { ShowPopupMenu(IDR_CONTENT_MENU); });
     connect(m_references, &QWidget::customContextMenuRequested, this,
             [this] { ShowPopupMenu(IDR_REFERENCE_MENU); });
-    connect(m_tree, &QWidget::customContextMenuRequested, this,
-            &CDPMContentPage::OnTreeRightClick);
+    connect(m_tree, &QWidget::customContextMenuRequested, this, &CDPMContentPage::OnTreeRightClick);
 }
 
 int CDPMContentPage::SetCurrentPath(const QString& path) {

@@ -52,7 +52,7 @@ CVorDPMAddProductDlg::CVorDPMAddProductDlg(const QString& library, const QString
     CreateControls();
     connect(m_tree, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* current) { OnProductChanged(current); });
-    connect(m_series->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+    connect(m_series->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CVorDPMAddProductDlg::OnSeriesChanged);
     connect(m_ok, &QPushButton::clicked, this, &CVorDPMAddProductDlg::OnOK);
 }

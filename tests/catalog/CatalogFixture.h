@@ -14,9 +14,9 @@
 #include <map>
 #include <memory>
 
-#include "catalog/CDPMContentPage.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
+#include "catalog/CDPMContentPage.h"
 #include "support/GuiTestBase.h"
 #include "support/QtPrinters.h"
 

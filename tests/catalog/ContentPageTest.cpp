@@ -1,12 +1,13 @@
 // The catalog page against a real store on disk: what the reports and the tree show, the
 // commands with their enabling rules and menus, removals and the classification rename.
+#include <gmock/gmock.h>
+
 #include <QFile>
 #include <QLabel>
 #include <QSignalSpy>
-#include <gmock/gmock.h>
 
-#include "CatalogFixture.h"
 #include "CVorDPMDPC.h"
+#include "CatalogFixture.h"
 #include "catalog/CVorDPMAddRef.h"
 #include "library/CVorDPMVersionDlg.h"
 
@@ -138,23 +139,30 @@ TEST_F(ContentPageTest, RemovingIncludedProductsRaisesTheModifiedFlagAndKeepsThe
     EXPECT_EQ(modified.count(), 1);
     EXPECT_EQ(ChildTexts(Node(Strings({"紧固件"}))), Strings({"螺栓类", "螺母类"}));
     SaveAndReopen();
-    EXPECT_THAT(Contents(kLibrary, kCatalog),
-                UnorderedElementsAre(QStringLiteral("螺栓:紧固件/螺栓类/六角"),
-                                     QStringLiteral("螺母:紧固件/螺母类/"),
-                                     QStringLiteral("钢板://"), QStringLiteral("扁钢:型材/螺母类/")));
+    EXPECT_THAT(
+        Contents(kLibrary, kCatalog),
+        UnorderedElementsAre(QStringLiteral("螺栓:紧固件/螺栓类/六角"),
+                             QStringLiteral("螺母:紧固件/螺母类/"), QStringLiteral("钢板://"),
+                             QStringLiteral("扁钢:型材/螺母类/")));
 }
 
 TEST_F(ContentPageTest, ReportMenusOfferTheirCommandsWithTheButtonsRules) {
     Page();
     std::map<QString, bool> entries = RunPopup(
-        [&] { emit page->GetReferenceReport()->customContextMenuRequested({5, 5}); }, QString());
+        [&] {
+            emit page->GetReferenceReport()->customContextMenuRequested({5, 5});
+        },
+        QString());
     EXPECT_EQ(entries, (std::map<QString, bool>{{QStringLiteral("添加引用"), true},
                                                 {QStringLiteral("删除引用"), false}}));
 
     SelectRows(page->GetContentReport(), {0});
     QSignalSpy modified(page.get(), &CDPMContentPage::Modified);
-    entries = RunPopup([&] { emit page->GetContentReport()->customContextMenuRequested({5, 5}); },
-                       QStringLiteral("删除包含产品"));
+    entries = RunPopup(
+        [&] {
+            emit page->GetContentReport()->customContextMenuRequested({5, 5});
+        },
+        QStringLiteral("删除包含产品"));
     EXPECT_EQ(entries, (std::map<QString, bool>{{QStringLiteral("添加包含产品"), true},
                                                 {QStringLiteral("删除包含产品"), true}}));
     EXPECT_EQ(modified.count(), 1);
@@ -173,7 +181,8 @@ TEST_F(ContentPageTest, RenamingAClassificationRenamesItAtItsLevelUnderEveryPare
     SaveAndReopen();
     const QStringList contents = Contents(kLibrary, kCatalog);
     EXPECT_TRUE(contents.contains(QStringLiteral("螺母:紧固件/螺帽类/")));
-    EXPECT_TRUE(contents.contains(QStringLiteral("扁钢:型材/螺帽类/"))) << "same level, other parent";
+    EXPECT_TRUE(contents.contains(QStringLiteral("扁钢:型材/螺帽类/")))
+        << "same level, other parent";
 }
 
 TEST_F(ContentPageTest, RenamingToASiblingsNameAsksAgainOnTheSameNode) {
@@ -230,8 +239,8 @@ TEST_F(ContentPageTest, AddReferenceReloadsTheReferencesWhateverTheDialogReturns
     Page();
     ui.ExpectDialog(Filling([](QDialog* dialog) {
         CVorDPMTreeCtrlEx* tree = Control<CVorDPMTreeCtrlEx>(dialog, CVorDPMAddRef::IDC_TREE);
-        CVorDPMTreeCtrlEx::SetChecked(
-            tree->GetItem(QStringLiteral("板材"), tree->topLevelItem(0)), true);
+        CVorDPMTreeCtrlEx::SetChecked(tree->GetItem(QStringLiteral("板材"), tree->topLevelItem(0)),
+                                      true);
         Click(dialog, VorDPMControlId::IDOK);
     }));
     Click(page.get(), Page::IDC_ADD_REFERENCE);
