@@ -113,16 +113,25 @@ CDPMContentPage::CDPMContentPage(QWidget* parent)
 
 CDPMContentPage::~CDPMContentPage() = default;
 
+// Column widths are given in dialog units (a quarter of the average character width), so that
+// the columns keep their proportions to the text on any font.
+std::vector<int> CDPMContentPage::ColumnWidths(const std::vector<int>& units) const {
+    const double unit = fontMetrics().averageCharWidth() / 4.0;
+    std::vector<int> pixels;
+    for (int width : units) pixels.push_back(qRound(width * unit));
+    return pixels;
+}
+
 void CDPMContentPage::SetupReports() {
     m_contents->SetColumnHeads({QString(), tr("序号"), tr("产品"), tr("产品版本"), tr("产品描述")},
-                               {20, 80, 100, 100, 100});
+                               ColumnWidths({20, 80, 100, 100, 100}));
     m_contents->header()->setSectionResizeMode(ContIcon, QHeaderView::Fixed);
     const QList<QIcon>& treeIcons = m_tree->GetImageList();
     m_contents->SetIcons({treeIcons.value(CVorDPMTreeCtrlEx::ImageProduct),
                           treeIcons.value(CVorDPMTreeCtrlEx::ImageMissingProduct)});
     m_references->SetColumnHeads(
         {tr("序号"), tr("外部目录"), tr("目录版本"), tr("目录描述"), tr("状态")},
-        {80, 100, 100, 120, 80});
+        ColumnWidths({80, 100, 100, 120, 80}));
     for (CVorDPMReportCtrlBase* report : {m_contents, m_references}) {
         report->SetMultipleSelectEx(1);
         report->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -83,6 +83,7 @@ private:
     void BuildLayout();
     void ConnectSignals();
     void SetupReports();
+    std::vector<int> ColumnWidths(const std::vector<int>& units) const;
 
     void OnSetActive();
     CVorDPMDPC* Catalog() const;

@@ -27,7 +27,7 @@ struct Catalog {
     std::vector<Reference> references;
 };
 
-// "同心异径管" of QXMEP is deliberately in no catalog. "常用材料" also references a library and a
+// "同心异径管" of QXMEP is deliberately in no catalog. "标准件" also references a library and a
 // catalog that do not exist, as references do once their target has been removed, so that the
 // catalog page shows every status of a reference.
 const Catalog kCatalogs[] = {
@@ -36,7 +36,7 @@ const Catalog kCatalogs[] = {
      {{"六角头螺栓", "紧固件", "螺栓", "六角头螺栓"},
       {"六角螺母", "紧固件", "螺母", "六角螺母"},
       {"平垫圈", "紧固件", "垫圈", "平垫圈"}},
-     {}},
+     {{"QXMEP", "阀门"}, {"QXElectric", "电缆桥架"}, {"QXMEP", "保温"}}},
     {"QXMaterial",
      "型钢",
      {{"热轧工字钢", "型钢", "工字钢", ""},
@@ -47,7 +47,7 @@ const Catalog kCatalogs[] = {
     {"QXMaterial",
      "常用材料",
      {{"热轧钢板", "", "", ""}, {"六角头螺栓", "", "", ""}, {"热轧工字钢", "结构用", "", ""}},
-     {{"QXMEP", "管道"}, {"QXElectric", "电缆桥架"}, {"QXMEP", "保温"}}},
+     {{"QXMEP", "管道"}}},
     {"QXMEP",
      "管道",
      {{"无缝钢管", "管子", "无缝钢管", ""}, {"板式平焊法兰", "管件", "法兰", ""}},
