@@ -4,12 +4,10 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QPushButton>
-#include <QTemporaryDir>
 
+#include "BenchLibraryRoot.h"
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
@@ -49,19 +47,12 @@ CVorDPM_DPC_Content* Content(const QString& product, const QString& level0, cons
     return content;
 }
 
-// A library root in a temporary folder (or in VORDPM_BENCH_ROOT, kept between runs), written
-// once: the product files are copies of one written by the store, with one version each.
+// The benchmark's library, written once: the product files are copies of one written by the
+// store, with one version each.
 class CatalogBenchData {
 public:
-    CatalogBenchData() {
-        const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
-        const QString home = kept.isEmpty() ? m_dir.path() : kept;
-        qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/config")).toUtf8());
-        qputenv("XDG_DATA_HOME", (home + QStringLiteral("/data")).toUtf8());
-        Manager()->SetDPMLibraryRootPath(home + QStringLiteral("/catalog-root"));
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(kLibrary, library);
-        if (!library) Write();
+    CatalogBenchData() : m_root(QStringLiteral("catalog-root")) {
+        if (!BenchLibraryRoot::Has(kLibrary)) Write();
     }
 
 private:
@@ -77,10 +68,7 @@ private:
         version->SetVersion(1.0);
         first->AddVersion(version);
         if (Manager()->SaveWork() != 1) qFatal("cannot save the first product");
-        const QDir folder(library->GetFolder());
-        const QString source = folder.filePath(ProductName(0) + QStringLiteral(".DPD"));
-        for (int i = 1; i < kProducts; ++i)
-            QFile::copy(source, folder.filePath(ProductName(i) + QStringLiteral(".DPD")));
+        BenchLibraryRoot::CopyProductFile(*library, ProductName(0), kProducts, ProductName);
         Manager()->DiscardChanges();
         library = nullptr;
         Manager()->GetLibrary(kLibrary, library);
@@ -101,7 +89,7 @@ private:
         qInfo("benchmark library written in %lld ms", static_cast<long long>(timer.elapsed()));
     }
 
-    QTemporaryDir m_dir;
+    BenchLibraryRoot m_root;
 };
 
 CatalogBenchData& Data() {

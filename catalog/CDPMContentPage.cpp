@@ -169,15 +169,16 @@ void CDPMContentPage::BuildLayout() {
     layout->addWidget(contentGroup, 3);
 }
 
+std::vector<std::pair<QPushButton*, int>> CDPMContentPage::Buttons() const {
+    return {{m_addReference, IDC_ADD_REFERENCE},
+            {m_removeReference, IDC_REMOVE_REFERENCE},
+            {m_addProduct, IDC_ADD_PRODUCT},
+            {m_removeProduct, IDC_REMOVE_PRODUCT},
+            {m_version, IDC_VERSION}};
+}
+
 void CDPMContentPage::ConnectSignals() {
-    const std::pair<QPushButton*, int> buttons[] = {
-        {m_addReference, IDC_ADD_REFERENCE},
-        {m_removeReference, IDC_REMOVE_REFERENCE},
-        {m_addProduct, IDC_ADD_PRODUCT},
-        {m_removeProduct, IDC_REMOVE_PRODUCT},
-        {m_version, IDC_VERSION},
-    };
-    for (const auto& [button, command] : buttons)
+    for (const auto& [button, command] : Buttons())
         connect(button, &QPushButton::clicked, this, [this, command] { OnCommand(command); });
     connect(m_tree, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* current) { OnTreeSelChanging(current); });
@@ -338,14 +339,7 @@ bool CDPMContentPage::IsCommandEnabled(int commandId) const {
 }
 
 void CDPMContentPage::UpdateCommandUi() {
-    const std::pair<QPushButton*, int> buttons[] = {
-        {m_addReference, IDC_ADD_REFERENCE},
-        {m_removeReference, IDC_REMOVE_REFERENCE},
-        {m_addProduct, IDC_ADD_PRODUCT},
-        {m_removeProduct, IDC_REMOVE_PRODUCT},
-        {m_version, IDC_VERSION},
-    };
-    for (const auto& [button, command] : buttons) button->setEnabled(IsCommandEnabled(command));
+    for (const auto& [button, command] : Buttons()) button->setEnabled(IsCommandEnabled(command));
 }
 
 bool CDPMContentPage::OnCommand(int commandId) {

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "CVorDPMPropertPageBase.h"
@@ -82,6 +83,8 @@ protected:
 private:
     void BuildLayout();
     void ConnectSignals();
+    // The five buttons with the command each runs.
+    std::vector<std::pair<QPushButton*, int>> Buttons() const;
     void SetupReports();
     std::vector<int> ColumnWidths(const std::vector<int>& units) const;
 
