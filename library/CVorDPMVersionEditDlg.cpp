@@ -17,6 +17,8 @@
 namespace {
 
 constexpr double kMaxVersion = 99999.99;
+// How times are shown and typed.
+const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 
 // A new version continues from the highest one by a whole number.
 double NextVersionNumber(CVorDPMDBBase& file) {
@@ -60,7 +62,7 @@ CVorDPMVersionEditDlg::CVorDPMVersionEditDlg(CVorDPMDBBase* file, CVorDPM_Versio
         return;
     }
     if (file) m_number->setValue(NextVersionNumber(*file));
-    m_time->setText(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")));
+    m_time->setText(QDateTime::currentDateTime().toString(kTimeFormat));
 }
 
 void CVorDPMVersionEditDlg::Fill(const CVorDPM_Version& version) {
@@ -79,6 +81,13 @@ void CVorDPMVersionEditDlg::Store(CVorDPM_Version& version) const {
 
 void CVorDPMVersionEditDlg::OnOK() {
     if (!m_file) return;
+    // An empty time stands for one not known (older records have none).
+    const QString time = m_time->text();
+    if (!time.isEmpty() && !QDateTime::fromString(time, kTimeFormat).isValid()) {
+        CVorDPMUiService::Instance()->ShowMessage(
+            this, tr("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。"));
+        return;
+    }
     if (m_version ? ChangeVersion() : AddVersion()) accept();
 }
 

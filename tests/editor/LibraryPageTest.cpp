@@ -14,6 +14,7 @@
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPM_DPI_Info.h"
 #include "EditorFixture.h"
+#include "common/CVorDPMNewLibraryDlg.h"
 #include "library/CDPMlibraryPage.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "library/CVorDPMVersionEditDlg.h"
@@ -51,6 +52,7 @@ struct VersionInput {
     double number;
     QString author;
     QString description;
+    QString time = {};  // empty: the time the dialog proposes
 };
 
 // Answers the version edit dialog by typing into its controls and pressing OK.
@@ -63,6 +65,8 @@ std::function<int(QDialog*)> TypingVersion(const VersionInput& input) {
             GuiTestBase::Control<QPlainTextEdit>(edit, CVorDPMVersionEditDlg::IDC_DESCRIPTION);
         description->clear();
         GuiTestBase::Type(description, input.description);
+        if (!input.time.isEmpty())
+            GuiTestBase::Type(edit, CVorDPMVersionEditDlg::IDC_TIME, input.time);
         GuiTestBase::Click(edit, VorDPMControlId::IDOK);
     });
 }
@@ -118,6 +122,19 @@ TEST_F(LibraryPage, AMissingOrUnreadableLibraryShowsWhyAndOffersNothing) {
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
 }
 
+TEST_F(LibraryPage, CreatingALibraryTheTreeAlreadyShowsShowsItsInformation) {
+    Click(Node("QXMEP"));
+    ui.ExpectDialog(Filling([](QDialog* nested) {
+        Type(nested, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, QStringLiteral("QXMEP"));
+        Click(nested, VorDPMControlId::IDOK);
+    }));
+    ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
+
+    EXPECT_FALSE(Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS)->isVisible());
+    EXPECT_EQ(Report()->GetRecords()->GetRecordCount(), 7);
+    EXPECT_TRUE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
+}
+
 TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     CVorDPMDPD* definition = nullptr;
     ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("弯头"), definition), VOR::eOk);
@@ -129,6 +146,10 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     ClickRow(Report(), 0);
     ui.ExpectInput(QStringLiteral("启星材料"));
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ClickRow(Report(), 1);
+    ui.ExpectInput(QStringLiteral("第一行\n第二行"));
+    Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    EXPECT_EQ(ui.longInputTitles, QStringList{"描述"});
     ClickRow(Report(), 3);
     ui.ExpectInput(std::nullopt);  // cancelled: nothing changes
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
@@ -136,17 +157,21 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     const QRect author = Report()->visualRect(Report()->model()->index(3, 1));
     QTest::mouseClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
     QTest::mouseDClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
-    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "作者", "作者"}));
+    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "描述", "作者", "作者"}));
     EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
     EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
 
     Click(Page(), CDPMlibraryPage::IDC_SAVE);
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    auto* status = Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS);
+    EXPECT_TRUE(status->isVisible());
+    EXPECT_EQ(status->text(), QStringLiteral("已保存。"));
     EXPECT_EQ(Column(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
     CVorDPM_DPI_Info* info = InfoFromDisk("QXMaterial");
     ASSERT_TRUE(info);
     EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星材料"));
     EXPECT_EQ(info->GetAuthor(), QStringLiteral("李四"));
+    EXPECT_EQ(info->GetDescription(), QStringLiteral("第一行\n第二行"));
     EXPECT_EQ(info->GetLocalProductCount(), 1);
     EXPECT_EQ(info->GetIncludeProductCount(), 0);
     EXPECT_EQ(info->GetProductCount(), 1);
@@ -251,4 +276,26 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     EXPECT_DOUBLE_EQ(kept.GetAt(0)->GetVersion(), 1.0);
     EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
     EXPECT_EQ(Column(versions.GetReportCtrl(), 0), (QStringList{"1.00", "2.00"}));
+}
+
+TEST_F(LibraryPage, AVersionTimeMustBeADateAndTimeAndTheListShowsItWhole) {
+    CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
+    CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
+    versions.show();
+    const QString refused =
+        QStringLiteral("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。");
+    for (const char* bad : {"昨天", "2026-02-30 10:00:00", "2026-01-31"}) {
+        ui.ExpectDialog(TypingVersion({1.0, "甲", "坏时间", QString::fromUtf8(bad)}));
+        ui.ExpectMessage(refused);
+    }
+    ui.ExpectDialog(TypingVersion({1.0, "甲", "好时间", "2025-01-02 03:04:05"}));
+    for (int i = 0; i < 4; ++i) Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+
+    CKZList<CVorDPM_Version*> kept;
+    file->GetAllVersion(kept, 0);
+    ASSERT_EQ(kept.GetCount(), 1);
+    EXPECT_EQ(kept.GetAt(0)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
+    CVorDPMReportCtrlBase* list = versions.GetReportCtrl();
+    EXPECT_GE(list->columnWidth(2),
+              list->fontMetrics().horizontalAdvance(QStringLiteral("2025-01-02 03:04:05")));
 }

@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+#include "support/QtPrinters.h"
+
 namespace {
 
 const char* KindName(int kind) {
@@ -78,7 +80,7 @@ QMessageBox::StandardButton CVorDPMScriptedUi::Ask(QWidget*, const QString& text
     // An unexpected box is answered as closing it would: the least harmful choice.
     if (!expected)
         return offered.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::Ok;
-    EXPECT_EQ(expected->text.toStdString(), text.toStdString()) << "message box text";
+    EXPECT_EQ(expected->text, text) << "message box text";
     EXPECT_TRUE(offered.testFlag(expected->answer))
         << "answer not offered for: " << text.toStdString();
     return expected->answer;
@@ -90,6 +92,12 @@ bool CVorDPMScriptedUi::InputText(QWidget*, const QString& title, const QString&
     if (!expected || !expected->typed) return false;
     text = *expected->typed;
     return true;
+}
+
+bool CVorDPMScriptedUi::InputLongText(QWidget* parent, const QString& title, const QString& prompt,
+                                      QString& text) {
+    longInputTitles.append(title);
+    return InputText(parent, title, prompt, text);
 }
 
 QString CVorDPMScriptedUi::NextFile(const QString& caption) {
