@@ -79,6 +79,37 @@ QString Translated(const char* text) {
     return QCoreApplication::translate("CDPMContentPage", text);
 }
 
+// What the references report shows of a reference besides its name.
+struct ResolvedReference {
+    QString status;
+    QString version = QStringLiteral("0.00");
+    QString description;
+};
+
+ResolvedReference Resolve(const CVorDPM_DPC_Include& include) {
+    ResolvedReference resolved;
+    CVorDPMLibraryManager* library = nullptr;
+    CVorDPMData::GetLibraryManger(include.GetLibraryName(), library);
+    if (!library) {
+        resolved.status = Translated(QT_TRANSLATE_NOOP("CDPMContentPage", "产品库无效"));
+        return resolved;
+    }
+    CVorDPMDPC* catalog = nullptr;
+    library->GetDPC(include.GetDPCName(), catalog);
+    if (!catalog) {
+        resolved.status = Translated(QT_TRANSLATE_NOOP("CDPMContentPage", "产品目录无效"));
+        return resolved;
+    }
+    resolved.status = Translated(QT_TRANSLATE_NOOP("CDPMContentPage", "有效"));
+    CVorDPM_Version* last = nullptr;
+    catalog->GetLastVersion(last, 0);
+    if (last) {
+        resolved.version = QString::asprintf("%0.2f", last->GetVersion());
+        resolved.description = last->GetDescription();
+    }
+    return resolved;
+}
+
 }  // namespace
 
 CDPMContentPage::CDPMContentPage(QWidget* parent)
@@ -278,30 +309,13 @@ std::vector<Row> CDPMContentPage::ReferenceRows(CVorDPMDPC& catalog) {
     catalog.GetAllInclude(includes, 0);
     std::vector<Row> rows;
     for (const CVorDPM_DPC_Include* include : includes) {
-        const QString& library = include->GetLibraryName();
-        const QString& name = include->GetDPCName();
-        QString status = tr("产品库无效");
-        QString version = QStringLiteral("0.00");
-        QString description;
-        CVorDPMLibraryManager* referenced = nullptr;
-        CVorDPMData::GetLibraryManger(library, referenced);
-        CVorDPMDPC* target = nullptr;
-        if (referenced) referenced->GetDPC(name, target);
-        if (referenced && !target) status = tr("产品目录无效");
-        if (target) {
-            status = tr("有效");
-            CVorDPM_Version* last = nullptr;
-            target->GetLastVersion(last, 0);
-            if (last) {
-                version = QString::asprintf("%0.2f", last->GetVersion());
-                description = last->GetDescription();
-            }
-        }
+        const ResolvedReference resolved = Resolve(*include);
         rows.push_back({{QString::number(rows.size() + 1), CVorDPMTypedRows::Integer},
-                        {library + QLatin1Char('/') + name, CVorDPMTypedRows::Text},
-                        {version, CVorDPMTypedRows::Real},
-                        {description, CVorDPMTypedRows::Text},
-                        {status, CVorDPMTypedRows::Text}});
+                        {include->GetLibraryName() + QLatin1Char('/') + include->GetDPCName(),
+                         CVorDPMTypedRows::Text},
+                        {resolved.version, CVorDPMTypedRows::Real},
+                        {resolved.description, CVorDPMTypedRows::Text},
+                        {resolved.status, CVorDPMTypedRows::Text}});
     }
     return rows;
 }
