@@ -403,7 +403,11 @@ void CDPMContentPage::ShowPopupMenu(int menuId) {
     if (!menu) return;
     // The command runs once the menu is closed, so that it starts with the focus back on the
     // page (a label edit would otherwise end as soon as the menu lets the focus go).
-    const QAction* chosen = menu->exec(QCursor::pos());
+    // Whether an entry was clicked or triggered otherwise, the menu reports it.
+    const QAction* chosen = nullptr;
+    connect(menu.get(), &QMenu::triggered, this,
+            [&chosen](const QAction* action) { chosen = action; });
+    menu->exec(QCursor::pos());
     if (chosen) OnCommand(chosen->data().toInt());
 }
 

@@ -152,7 +152,7 @@ std::vector<int> CatalogFixture::Icons(const CVorDPMReportCtrlBase* report) {
 }
 
 std::map<QString, bool> CatalogFixture::RunPopup(const std::function<void()>& open,
-                                                 const QString& entry) {
+                                                 const QString& entry, bool byKeyboard) {
     std::map<QString, bool> entries;
     bool opened = false;
     QTimer::singleShot(0, page.get(), [&] {
@@ -165,6 +165,11 @@ std::map<QString, bool> CatalogFixture::RunPopup(const std::function<void()>& op
             if (action->text() == entry && action->isEnabled()) chosen = action;
         }
         if (!chosen) {
+            menu->close();
+            return;
+        }
+        if (!byKeyboard) {
+            chosen->trigger();
             menu->close();
             return;
         }

@@ -49,8 +49,10 @@ protected:
     static std::vector<int> Icons(const CVorDPMReportCtrlBase* report);
 
     // Opens a popup menu with `open` (which must run the menu), records whether each entry is
-    // enabled and chooses `entry` with the keyboard (Escape when `entry` is empty).
-    std::map<QString, bool> RunPopup(const std::function<void()>& open, const QString& entry);
+    // enabled and chooses `entry` with the keyboard, or by triggering its action and closing
+    // the menu; an empty or disabled `entry` just closes the menu.
+    std::map<QString, bool> RunPopup(const std::function<void()>& open, const QString& entry,
+                                     bool byKeyboard = true);
     // Right-clicks the node and chooses `entry` of the menu that opens.
     std::map<QString, bool> RightClickNode(QTreeWidgetItem* node, const QString& entry);
     // Types into the open label editor of the contents tree and presses Enter.

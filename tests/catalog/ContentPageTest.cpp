@@ -162,7 +162,7 @@ TEST_F(ContentPageTest, ReportMenusOfferTheirCommandsWithTheButtonsRules) {
         [&] {
             emit page->GetContentReport()->customContextMenuRequested({5, 5});
         },
-        QStringLiteral("删除包含产品"));
+        QStringLiteral("删除包含产品"), false);
     EXPECT_EQ(entries, (std::map<QString, bool>{{QStringLiteral("添加包含产品"), true},
                                                 {QStringLiteral("删除包含产品"), true}}));
     EXPECT_EQ(modified.count(), 1);
