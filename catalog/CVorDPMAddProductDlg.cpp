@@ -66,9 +66,8 @@ void CVorDPMAddProductDlg::CreateControls() {
     resize(MapDialogRect(kDialogRect).size());
     m_productGroup->setGeometry(MapDialogRect(kProductGroupRect));
     m_classGroup->setGeometry(MapDialogRect(kClassGroupRect));
-    // The group boxes are drawn behind the controls they frame.
+    // The product group is drawn behind the controls it frames.
     m_productGroup->lower();
-    m_classGroup->lower();
     m_tree->setGeometry(MapDialogRect(kTreeRect));
     m_series->setGeometry(MapDialogRect(kSeriesRect));
     m_picture->setGeometry(MapDialogRect(kPictureRect));
@@ -81,6 +80,13 @@ void CVorDPMAddProductDlg::CreateControls() {
         m_classEdits[level] = new QLineEdit(this);
         VorDPMControlId::Set(m_classEdits[level], kEditIds[level]);
         m_classEdits[level]->setGeometry(MapDialogRect(QRect(left + 30, kClassEditTop, 94, 12)));
+    }
+    // The classification fields stay on top: once the dialog has grown enough to show them,
+    // the product tree, which grows with it, reaches behind them.
+    m_classGroup->raise();
+    for (int level = 0; level < 3; ++level) {
+        m_classLabels[level]->raise();
+        m_classEdits[level]->raise();
     }
     std::tie(m_ok, m_cancel) = VorDPMControlId::AddOkCancel(this);
     m_ok->setGeometry(MapDialogRect(kOkRect));
