@@ -54,12 +54,3 @@ TEST_F(ContentPageInEditorTest, RemovingProductsRaisesTheEditorsModifiedFlagAndR
     EXPECT_FALSE(Contents(kLibrary, kCatalog).contains(QStringLiteral("钢板://")));
     EXPECT_EQ(References(kLibrary, kCatalog).size(), 3);
 }
-
-TEST_F(ContentPageInEditorTest, ALibraryNodeEmptiesThePage) {
-    OpenEditorOn(kLibrary, kCatalog);
-    CVorDPMTreeCtrlEx* tree = editor->GetTreeCtrl();
-    tree->setCurrentItem(tree->GetItem(QStringLiteral("QXMEP"), nullptr));
-    CDPMContentPage* contentPage = editor->GetContentPage();
-    EXPECT_EQ(contentPage->IsCatalogValid(), 0);
-    EXPECT_EQ(contentPage->GetTreeCtrl()->topLevelItemCount(), 0);
-}

@@ -80,18 +80,6 @@ TEST_F(ContentPageTest, APathWithoutACatalogEmptiesThePageAndDisablesItsCatalogC
         EXPECT_TRUE(Control<QPushButton>(page.get(), id)->isEnabled()) << id;
 }
 
-TEST_F(ContentPageTest, RemoveButtonsFollowTheSelectionOfTheirReports) {
-    Page();
-    auto* removeReference = Control<QPushButton>(page.get(), Page::IDC_REMOVE_REFERENCE);
-    auto* removeProduct = Control<QPushButton>(page.get(), Page::IDC_REMOVE_PRODUCT);
-    EXPECT_FALSE(removeReference->isEnabled());
-    EXPECT_FALSE(removeProduct->isEnabled());
-    SelectRows(page->GetReferenceReport(), {0});
-    EXPECT_TRUE(removeReference->isEnabled());
-    SelectRows(page->GetContentReport(), {0});
-    EXPECT_TRUE(removeProduct->isEnabled());
-}
-
 TEST_F(ContentPageTest, RemovingReferencesMarksThemAndReachesTheFileOnlyOnSaving) {
     Page();
     QSignalSpy modified(page.get(), &CDPMContentPage::Modified);
