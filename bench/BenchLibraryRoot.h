@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <functional>
 
+#include "BenchScratch.h"
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMManager.h"
 
@@ -18,8 +19,7 @@ public:
     explicit BenchLibraryRoot(const QString& rootName) {
         const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
         const QString home = kept.isEmpty() ? m_dir.path() : kept;
-        qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/config")).toUtf8());
-        qputenv("XDG_DATA_HOME", (home + QStringLiteral("/data")).toUtf8());
+        BenchScratch::RedirectUserFolders(home);
         CVorDPMManager::GetVorDPMManager()->SetDPMLibraryRootPath(home + QLatin1Char('/') +
                                                                   rootName);
     }
