@@ -7,6 +7,106 @@
         <source>产品目录</source>
         <translation>Catalog</translation>
     </message>
+    <message>
+        <source>添加包含产品</source>
+        <translation>Add Included Products</translation>
+    </message>
+    <message>
+        <source>删除包含产品</source>
+        <translation>Delete Included Products</translation>
+    </message>
+    <message>
+        <source>外部引用目录</source>
+        <translation>External Catalogs</translation>
+    </message>
+    <message>
+        <source>添加引用</source>
+        <translation>Add Reference</translation>
+    </message>
+    <message>
+        <source>删除引用</source>
+        <translation>Delete Reference</translation>
+    </message>
+    <message>
+        <source>分类</source>
+        <translation>Classification</translation>
+    </message>
+    <message>
+        <source>重命名分类</source>
+        <translation>Rename Classification</translation>
+    </message>
+    <message>
+        <source>产品库无效</source>
+        <translation>Library not valid</translation>
+    </message>
+    <message>
+        <source>产品目录无效</source>
+        <translation>Catalog not valid</translation>
+    </message>
+    <message>
+        <source>有效</source>
+        <translation>Valid</translation>
+    </message>
+    <message>
+        <source>版本信息</source>
+        <translation>Versions</translation>
+    </message>
+    <message>
+        <source>序号</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>产品版本</source>
+        <translation>Product Version</translation>
+    </message>
+    <message>
+        <source>产品描述</source>
+        <translation>Product Description</translation>
+    </message>
+    <message>
+        <source>外部目录</source>
+        <translation>External Catalog</translation>
+    </message>
+    <message>
+        <source>目录版本</source>
+        <translation>Catalog Version</translation>
+    </message>
+    <message>
+        <source>目录描述</source>
+        <translation>Catalog Description</translation>
+    </message>
+    <message>
+        <source>状态</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>外部库引用目录</source>
+        <translation>Catalogs Referenced from Other Libraries</translation>
+    </message>
+    <message>
+        <source>产品目录内容</source>
+        <translation>Catalog Contents</translation>
+    </message>
+    <message>
+        <source>产品目录&quot;%1/%2&quot;不存在。</source>
+        <translation>The catalog &quot;%1/%2&quot; does not exist.</translation>
+    </message>
+    <message>
+        <source>无法读取产品目录&quot;%1/%2&quot;的文件: %3</source>
+        <translation>Cannot read the file of the catalog &quot;%1/%2&quot;: %3</translation>
+    </message>
+    <message>
+        <source>产品目录&quot;%1&quot;的版本信息</source>
+        <translation>Versions of the catalog &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>该节点名已存在，请重新输入</source>
+        <translation>A node of this name already exists. Please enter another.</translation>
+    </message>
 </context>
 <context>
     <name>CDPMDataPage</name>
@@ -119,6 +219,44 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMAddProductDlg</name>
+    <message>
+        <source>产品信息</source>
+        <translation>Product Information</translation>
+    </message>
+    <message>
+        <source>分类信息</source>
+        <translation>Classification</translation>
+    </message>
+    <message>
+        <source>添加包含产品</source>
+        <translation>Add Included Products</translation>
+    </message>
+    <message>
+        <source>分类1:</source>
+        <translation>Classification 1:</translation>
+    </message>
+    <message>
+        <source>分类2:</source>
+        <translation>Classification 2:</translation>
+    </message>
+    <message>
+        <source>分类3:</source>
+        <translation>Classification 3:</translation>
+    </message>
+    <message>
+        <source>产品：%1已被添加！</source>
+        <translation>The product %1 has already been added.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMAddRef</name>
+    <message>
+        <source>%1/%2添加失败，该外部目录已被包含！</source>
+        <translation>Adding %1/%2 failed: this external catalog is already included.</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMDPODlg</name>
     <message>
         <source>属性表</source>
@@ -210,6 +348,125 @@
     <message>
         <source>确实要把选择的所有产品库放入回收站吗?</source>
         <translation>Do you really want to move all selected libraries to the trash?</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMEditProductDlg</name>
+    <message>
+        <source>属性ID</source>
+        <translation>Property ID</translation>
+    </message>
+    <message>
+        <source>属性别名</source>
+        <translation>Property Alias</translation>
+    </message>
+    <message>
+        <source>参数名</source>
+        <translation>Parameter Name</translation>
+    </message>
+    <message>
+        <source>分类</source>
+        <translation>Category</translation>
+    </message>
+    <message>
+        <source>单位</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>默认值</source>
+        <translation>Default Value</translation>
+    </message>
+    <message>
+        <source>系列化检查</source>
+        <translation>Series Check</translation>
+    </message>
+    <message>
+        <source>系统属性</source>
+        <translation>System Property</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>名字</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>大小</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>是</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>否</source>
+        <translation>No</translation>
+    </message>
+    <message>
+        <source>形体名称</source>
+        <translation>Shape Name</translation>
+    </message>
+    <message>
+        <source>产品名称</source>
+        <translation>Product Name</translation>
+    </message>
+    <message>
+        <source>命名规则</source>
+        <translation>Naming Rule</translation>
+    </message>
+    <message>
+        <source>序号</source>
+        <translation>No.</translation>
+    </message>
+    <message>
+        <source>产品ID</source>
+        <translation>Product ID</translation>
+    </message>
+    <message>
+        <source>参数化形体库ID</source>
+        <translation>Parametric Shape ID</translation>
+    </message>
+    <message>
+        <source>实物图片ID</source>
+        <translation>Picture ID</translation>
+    </message>
+    <message>
+        <source>产品属性定义（1）</source>
+        <translation>Property Definitions (1)</translation>
+    </message>
+    <message>
+        <source>实物图片库（2）</source>
+        <translation>Pictures (2)</translation>
+    </message>
+    <message>
+        <source>参数化形体库（3）</source>
+        <translation>Parametric Shapes (3)</translation>
+    </message>
+    <message>
+        <source>产品列表（4）</source>
+        <translation>Products (4)</translation>
+    </message>
+    <message>
+        <source>产品系列化（5）</source>
+        <translation>Series (5)</translation>
+    </message>
+    <message>
+        <source>新建</source>
+        <translation>New</translation>
+    </message>
+    <message>
+        <source>编辑</source>
+        <translation>Edit</translation>
+    </message>
+    <message>
+        <source>删除</source>
+        <translation>Delete</translation>
+    </message>
+    <message>
+        <source>复制</source>
+        <translation>Copy</translation>
     </message>
 </context>
 <context>
@@ -405,6 +662,232 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMProductEdit</name>
+    <message>
+        <source>无单位</source>
+        <translation>No unit</translation>
+    </message>
+    <message>
+        <source>&lt;选择单位...&gt;</source>
+        <translation>&lt;Choose unit...&gt;</translation>
+    </message>
+    <message>
+        <source>属性ID，属性别名和参数名不能为空，请输入!</source>
+        <translation>Property ID, property alias and parameter name must not be empty. Please enter them.</translation>
+    </message>
+    <message>
+        <source>属性别名或参数名已存在，请重新输入!</source>
+        <translation>The property alias or parameter name already exists. Please enter another.</translation>
+    </message>
+    <message>
+        <source>图片名称不能为空!</source>
+        <translation>The picture name must not be empty.</translation>
+    </message>
+    <message>
+        <source>图片名称已存在，请重新输入!</source>
+        <translation>A picture of this name already exists. Please enter another.</translation>
+    </message>
+    <message>
+        <source>形体名称不能为空！</source>
+        <translation>The shape name must not be empty.</translation>
+    </message>
+    <message>
+        <source>形体名称已存在，请重新输入！</source>
+        <translation>A shape of this name already exists. Please enter another.</translation>
+    </message>
+    <message>
+        <source>产品名称不能为空!</source>
+        <translation>The product name must not be empty.</translation>
+    </message>
+    <message>
+        <source>产品名称已存在，请重新输入!</source>
+        <translation>A product of this name already exists. Please enter another.</translation>
+    </message>
+    <message>
+        <source>无法读取文件，未改变</source>
+        <translation>Cannot read the file; nothing changed</translation>
+    </message>
+    <message>
+        <source>文件为空，未改变</source>
+        <translation>The file is empty; nothing changed</translation>
+    </message>
+    <message>
+        <source>不是图片文件，未改变</source>
+        <translation>Not a picture file; nothing changed</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>产品属性</source>
+        <translation>Product Properties</translation>
+    </message>
+    <message>
+        <source>产品属性定义</source>
+        <translation>Property Definitions</translation>
+    </message>
+    <message>
+        <source>属性ID</source>
+        <translation>Property ID</translation>
+    </message>
+    <message>
+        <source>属性别名</source>
+        <translation>Property Alias</translation>
+    </message>
+    <message>
+        <source>参数名</source>
+        <translation>Parameter Name</translation>
+    </message>
+    <message>
+        <source>分类</source>
+        <translation>Category</translation>
+    </message>
+    <message>
+        <source>单位</source>
+        <translation>Unit</translation>
+    </message>
+    <message>
+        <source>默认值</source>
+        <translation>Default Value</translation>
+    </message>
+    <message>
+        <source>系列化检查</source>
+        <translation>Series Check</translation>
+    </message>
+    <message>
+        <source>系统属性</source>
+        <translation>System Property</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>产品图片</source>
+        <translation>Product Pictures</translation>
+    </message>
+    <message>
+        <source>实物图片库</source>
+        <translation>Pictures</translation>
+    </message>
+    <message>
+        <source>名字</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>图片</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>大小</source>
+        <translation>Size</translation>
+    </message>
+    <message>
+        <source>2D</source>
+        <translation>2D</translation>
+    </message>
+    <message>
+        <source>3D</source>
+        <translation>3D</translation>
+    </message>
+    <message>
+        <source>sys</source>
+        <translation>sys</translation>
+    </message>
+    <message>
+        <source>IsBlock</source>
+        <translation>IsBlock</translation>
+    </message>
+    <message>
+        <source>产品形体</source>
+        <translation>Product Shapes</translation>
+    </message>
+    <message>
+        <source>参数化形体库</source>
+        <translation>Parametric Shapes</translation>
+    </message>
+    <message>
+        <source>DPS ID</source>
+        <translation>DPS ID</translation>
+    </message>
+    <message>
+        <source>形体名称</source>
+        <translation>Shape Name</translation>
+    </message>
+    <message>
+        <source>产品列表</source>
+        <translation>Products</translation>
+    </message>
+    <message>
+        <source>产品名</source>
+        <translation>Product Name</translation>
+    </message>
+    <message>
+        <source>命名规则</source>
+        <translation>Naming Rule</translation>
+    </message>
+    <message>
+        <source>产品系列</source>
+        <translation>Product Series</translation>
+    </message>
+    <message>
+        <source>产品系列化</source>
+        <translation>Series</translation>
+    </message>
+    <message>
+        <source>产品ID</source>
+        <translation>Product ID</translation>
+    </message>
+    <message>
+        <source>参数化形体库ID</source>
+        <translation>Parametric Shape ID</translation>
+    </message>
+    <message>
+        <source>实物图片ID</source>
+        <translation>Picture ID</translation>
+    </message>
+    <message>
+        <source>属性</source>
+        <translation>Properties</translation>
+    </message>
+    <message>
+        <source>没有这个产品</source>
+        <translation>No such product</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMRelatedDlg</name>
+    <message>
+        <source>选择产品</source>
+        <translation>Choose Product</translation>
+    </message>
+    <message>
+        <source>选择形体</source>
+        <translation>Choose Shape</translation>
+    </message>
+    <message>
+        <source>选择图片</source>
+        <translation>Choose Picture</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>描述</source>
+        <translation>Description</translation>
+    </message>
+    <message>
+        <source>未选择项目, 请重新选择!</source>
+        <translation>Nothing is selected. Please select an item.</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMScriptEdit</name>
     <message>
         <source>参数化脚本编辑器</source>
@@ -596,6 +1079,13 @@
     <message>
         <source>时间格式不正确，请按&quot;年-月-日 时:分:秒&quot;输入，例如 2026-01-31 08:30:00。</source>
         <translation>The time is not valid. Enter it as &quot;year-month-day hour:minute:second&quot;, for example 2026-01-31 08:30:00.</translation>
+    </message>
+</context>
+<context>
+    <name>CXTPPropertyGridItemFile</name>
+    <message>
+        <source>image Files (*.bmp *.jpg);;All Files (*)</source>
+        <translation>Image files (*.bmp *.jpg);;All files (*)</translation>
     </message>
 </context>
 <context>
