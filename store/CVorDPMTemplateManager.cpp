@@ -1,10 +1,14 @@
 #include "CVorDPMTemplateManager.h"
 
+#include "CVorDPMTempFile.h"
+
 CVorDPMTemplateManager::CVorDPMTemplateManager(const QString& folder, const QString& root)
     : m_templates(folder, QStringLiteral(".DPT"), root,
                   [this](const QString& name, const QString& path) {
                       return std::make_unique<CVorDPMDPT>(name, path, this);
-                  }) {}
+                  }) {
+    CVorDPMTempFile::RemoveStale(folder);
+}
 
 CVorDPMTemplateManager::~CVorDPMTemplateManager() = default;
 

@@ -203,8 +203,8 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
     for (int round = 0; round < 5; ++round) {
         const QString value = QStringLiteral("value%1").arg(round);
         QProcess child;
-        child.start(writer,
-                    {m_root.Path(), QStringLiteral("QXMaterial"), QStringLiteral("Good"), value});
+        child.start(writer, {m_root.Path(), QStringLiteral("values"), QStringLiteral("QXMaterial"),
+                             QStringLiteral("Good"), value});
         ASSERT_TRUE(child.waitForStarted());
         while (!child.canReadLine() && child.state() == QProcess::Running)
             child.waitForReadyRead(50);
