@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QDateTime>
 #include <functional>
 
 #include "StoreFixture.h"
@@ -176,14 +177,21 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
         for (int i = 0; i < 2; ++i) {
             children[i].start(Writer(), {m_root.Path(), "copy-dpd", "QXMaterial", sources[i],
                                          QStringLiteral("New%1").arg(round)});
+            children[i].waitForStarted();
             while (!children[i].canReadLine() && children[i].state() == QProcess::Running)
                 children[i].waitForReadyRead(50);
         }
-        for (QProcess& child : children) child.write("go\n");
+        for (QProcess& child : children) {
+            child.write("go\n");
+            child.waitForBytesWritten();
+            std::fprintf(stderr, "wrote %lld\n", (long long)QDateTime::currentMSecsSinceEpoch());
+        }
         QStringList outcomes;
         for (QProcess& child : children) {
             child.waitForFinished(60000);
             outcomes.append(QString::fromUtf8(child.readAllStandardOutput()).trimmed());
+            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
+            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
         }
         const int winner = outcomes[0].endsWith(QStringLiteral("ok")) ? 0 : 1;
         ASSERT_TRUE(outcomes[winner].endsWith(QStringLiteral("ok")))
