@@ -2,10 +2,10 @@
 // same files; no save may silently undo the other's work.
 #include <sqlite3.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QDateTime>
 #include <functional>
 
 #include "StoreFixture.h"

@@ -132,3 +132,53 @@ TEST_F(LibraryTest, VersionsAreCheckedKeptAndOrdered) {
     EXPECT_NE(catalog->GetVersion(3.0, found), VOR::eOk);
     EXPECT_EQ(found, nullptr);
 }
+
+// Without the user's trash folder (no data folder), removed files go to the root's recycle
+// folder, never into the working directory.
+TEST_F(LibraryTest, WithoutTheUsersTrashRemovedFilesGoToTheRecycleFolder) {
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Steel"));
+    MakeLibrary(QStringLiteral("Copper"));
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("型钢"), catalog), VOR::eOk);
+    const QString missing = m_root.Home() + QStringLiteral("/missing-data");
+    const QString workingDir = m_root.Home() + QStringLiteral("/cwd");
+    QDir().mkpath(workingDir);
+    const QString previousDir = QDir::currentPath();
+    const QByteArray previousData = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", missing.toUtf8());
+    QDir::setCurrent(workingDir);
+
+    EXPECT_EQ(library->RemoveDPC(QStringLiteral("型钢")), VOR::eOk);
+    EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Copper")), 1);
+
+    QDir::setCurrent(previousDir);
+    qputenv("XDG_DATA_HOME", previousData);
+    QStringList recycled = QDir(m_root.File(QStringLiteral(".recycle")))
+                               .entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    ASSERT_EQ(recycled.size(), 2) << recycled.join(' ').toStdString();
+    recycled.sort();
+    EXPECT_TRUE(recycled[0].startsWith(QStringLiteral("Copper.")));
+    EXPECT_TRUE(recycled[1].startsWith(QStringLiteral("型钢.DPC.")));
+    EXPECT_EQ(QDir(workingDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    EXPECT_FALSE(QFileInfo::exists(missing));
+}
+
+// A new library's information record is in its file from the start: looking at it, or writing
+// the counts it already has, leaves nothing to save.
+TEST_F(LibraryTest, ANewLibrarysInformationRecordNeedsNoSaving) {
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Fresh"));
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_NE(library->GetDPI(), nullptr);
+    ASSERT_EQ(library->GetDPI()->GetInfo(info), VOR::eOk);
+    info->SetLocalProductCount(library->GetLocalProductCount());
+    info->SetIncludeProductCount(library->GetIncludeProductCount());
+    info->SetProductCount(0);
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    Reopen();
+    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("Fresh"), library), VOR::eOk);
+    ASSERT_EQ(library->GetDPI()->GetInfo(info), VOR::eOk);
+    info->SetProductCount(0);
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    info->SetProductCount(3);
+    EXPECT_TRUE(Manager()->HasUnsavedChanges());
+}
