@@ -72,8 +72,7 @@ CVorDPMEditorDlg::~CVorDPMEditorDlg() {
     for (const QString& name : names) {
         CVorDPMLibraryManager* library = nullptr;
         CVorDPMData::GetLibraryManger(name, library);
-        CVorDPM_DPI_Info* info = library ? CDPMlibraryPage::LibraryInfo(*library) : nullptr;
-        if (info) CDPMlibraryPage::WriteProductCounts(*library, *info);
+        if (library) library->WriteProductCounts();
     }
 }
 
@@ -251,6 +250,9 @@ void CVorDPMEditorDlg::OnNewLibrary() {
     CVorDPMNewLibraryDlg dialog(this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
     m_tree->AppendItem(dialog.GetLibraryName(), CVorDPMTreeCtrlEx::ImageLibrary, nullptr, nullptr);
+    // The tree may already show that name, with the pages saying the library does not exist.
+    if (CurrentPath.section(QLatin1Char('/'), 0, 0) == dialog.GetLibraryName())
+        OnSelChanged(m_tree->currentItem());
 }
 
 void CVorDPMEditorDlg::OnRemoveLibraries() {

@@ -16,6 +16,8 @@ public:
     static CVorDPMUiService* Instance();
     // Installs a driver (not owned); null puts the real dialogs back.
     static void Install(CVorDPMUiService* service);
+    // The installed driver, null when the real dialogs are in use.
+    static CVorDPMUiService* Installed();
 
     // A message box with the given buttons; returns the button pressed.
     virtual QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,

@@ -159,6 +159,18 @@ int CVorDPMLibraryManager::GetLocalProductCount() {
     return static_cast<int>(m_definitions.Names().size());
 }
 
+bool CVorDPMLibraryManager::WriteProductCounts() {
+    CVorDPMDPI* file = GetDPI();
+    CVorDPM_DPI_Info* info = nullptr;
+    if (!file || file->GetInfo(info) != VOR::eOk || !info) return false;
+    const int local = GetLocalProductCount();
+    const int included = GetIncludeProductCount();
+    info->SetLocalProductCount(local);
+    info->SetIncludeProductCount(included);
+    info->SetProductCount(local + included);
+    return true;
+}
+
 bool CVorDPMLibraryManager::IsChanged() const {
     return m_catalogs.IsChanged() || m_definitions.IsChanged() || (m_info && m_info->IsChanged()) ||
            (m_templates && m_templates->IsChanged());

@@ -53,6 +53,10 @@ public:
     virtual int GetIncludeProductCount();
     // Product definitions of this library.
     virtual int GetLocalProductCount();
+    // Writes the local, included and total product counts into the library's information
+    // record; only a count that differs marks the record changed. False when the information
+    // file cannot be read.
+    bool WriteProductCounts();
 
     bool IsChanged() const;
     bool Save();

@@ -39,7 +39,7 @@ protected:
     // Per table a group of rows and an empty group, saved and dropped so that the dialog reads
     // them from disk.
     void SetUp() override {
-        CVorDPMCommonManager* common = Store()->GetCommonManager();
+        CVorDPMCommonManager* common = Manager()->GetCommonManager();
         CVorDPMDPOProperty* properties = common->GetPropertyDPO();
         auto* sizes = Group<CVorDPM_DPOPROPERTY_Group>(properties);
         Rows propertyRows;
@@ -95,8 +95,8 @@ protected:
              {},
              {}},
         };
-        ASSERT_EQ(Store()->SaveWork(), 1);
-        Store()->DiscardChanges();
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Manager()->DiscardChanges();
     }
 
     // Adds a group named "组" and an empty group "空" after it; returns the first.
@@ -178,18 +178,17 @@ TEST_F(DPODlgTest, EachTableListsTheClickedGroupAndOkReturnsThePickedRow) {
         EXPECT_EQ(dialog.selectedId, c.id);
         EXPECT_EQ(dialog.selectedUnit, c.unit);
     }
-    EXPECT_TRUE(ui.messages.isEmpty());
-    EXPECT_FALSE(Store()->HasUnsavedChanges());
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
 }
 
 TEST_F(DPODlgTest, OkWithoutARowAsksAgain) {
     CVorDPMDPODlg dialog(CVorDPMDPODlg::UnitTable);
     dialog.show();
+    ui.ExpectMessages(QStringList(2, QStringLiteral("未选择项目, 请重新选择!")));
     Click(&dialog, VorDPMControlId::IDOK);
     ClickGroup(dialog, 0);
     Click(&dialog, VorDPMControlId::IDOK);
 
-    EXPECT_EQ(ui.messages, QStringList(2, QStringLiteral("未选择项目, 请重新选择!")));
     EXPECT_TRUE(dialog.isVisible());
 }
 

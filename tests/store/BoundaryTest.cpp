@@ -6,7 +6,7 @@
 #include <QFile>
 #include <functional>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ QStringList Entries(const QString& folder) {
 
 }  // namespace
 
-class BoundaryTest : public StoreTest {
+class BoundaryTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary();
@@ -41,18 +41,12 @@ protected:
             bolt->AddProduct(product);
         }
         ASSERT_EQ(Manager()->SaveWork(), 1);
-        m_outside = m_root.Home() + QStringLiteral("/outside");
+        m_outside = root.Home() + QStringLiteral("/outside");
         QDir().mkpath(m_outside);
     }
 
-    CVorDPMLibraryManager* Library(const char* name = "QXMaterial") {
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(QString::fromUtf8(name), library);
-        return library;
-    }
-
     QString InLibrary(const QString& file) const {
-        return m_root.File(QStringLiteral("QXMaterial/") + file);
+        return root.File(QStringLiteral("QXMaterial/") + file);
     }
 
     CVorDPMLibraryManager* m_library = nullptr;
@@ -67,7 +61,8 @@ TEST_F(BoundaryTest, AStoreFileLinkedToOutsideTheRootIsNeitherReadNorWritten) {
     Reopen();
 
     CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(Library()->GetDPD(QStringLiteral("Linked"), dpd), VOR::eOk);
+    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Linked"), dpd),
+              VOR::eOk);
     CKZList<CVorDPM_DPD_Property*> rows;
     EXPECT_NE(dpd->GetAllProperty(rows), VOR::eOk);
     EXPECT_TRUE(rows.IsEmpty());
@@ -85,10 +80,10 @@ TEST_F(BoundaryTest, ALibraryFolderLinkedToOutsideTheRootTakesNoFiles) {
     QDir().mkpath(folder);
     ASSERT_TRUE(QFile::copy(InLibrary(QStringLiteral("library.DPI")),
                             folder + QStringLiteral("/library.DPI")));
-    ASSERT_TRUE(QFile::link(folder, m_root.File(QStringLiteral("Linked"))));
+    ASSERT_TRUE(QFile::link(folder, root.File(QStringLiteral("Linked"))));
     Reopen();
 
-    CVorDPMLibraryManager* linked = Library("Linked");
+    CVorDPMLibraryManager* linked = Library(QStringLiteral("Linked"));
     ASSERT_NE(linked, nullptr);
     EXPECT_EQ(linked->GetDPI(), nullptr);
     CVorDPMDPC* catalog = nullptr;
@@ -99,7 +94,7 @@ TEST_F(BoundaryTest, ALibraryFolderLinkedToOutsideTheRootTakesNoFiles) {
         CVorDPMManager::GetLastErrorText().contains(QStringLiteral("outside the library root")));
     EXPECT_NE(Manager()->CopyLibrary(QStringLiteral("Linked"), QStringLiteral("Copied")), VOR::eOk);
     EXPECT_EQ(Entries(folder), QStringList{QStringLiteral("library.DPI")});
-    EXPECT_FALSE(QFile::exists(m_root.File(QStringLiteral("Copied"))));
+    EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("Copied"))));
 }
 
 // Ids and row references are ints: a file holding a larger number is refused as a whole
@@ -126,7 +121,9 @@ TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
         Exec(path, c.sql);
         const QByteArray damaged = ReadAll(path);
         CVorDPMDPD* dpd = nullptr;
-        ASSERT_EQ(Library()->GetDPD(QStringLiteral("Bolt"), dpd), VOR::eOk) << c.label;
+        ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd),
+                  VOR::eOk)
+            << c.label;
         CKZList<CVorDPM_DPD_Product*> products;
         EXPECT_NE(dpd->GetAllProduct(products), VOR::eOk) << c.label;
         EXPECT_TRUE(products.IsEmpty()) << c.label;
@@ -143,7 +140,7 @@ TEST_F(BoundaryTest, NoNewRowOnceTheLargestIdIsTaken) {
     Exec(path, "UPDATE product SET id = 2147483647 WHERE name = 'p2'");
     Reopen();
     CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(Library()->GetDPD(QStringLiteral("Bolt"), dpd), VOR::eOk);
+    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd), VOR::eOk);
     CKZList<CVorDPM_DPD_Product*> products;
     ASSERT_EQ(dpd->GetAllProduct(products), VOR::eOk);
     ASSERT_EQ(products.GetCount(), 2);

@@ -8,7 +8,7 @@
 #include <QProcess>
 #include <functional>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ QStringList ProductNames(const QString& path) {
 
 }  // namespace
 
-class ConcurrencyTest : public StoreTest {
+class ConcurrencyTest : public StoreTestBase {
 protected:
     void SetUp() override {
         ASSERT_TRUE(QFile::exists(Writer())) << Writer().toStdString();
@@ -61,8 +61,8 @@ protected:
 
     void Rebuild() {
         Reopen();
-        QDir(m_root.Path()).removeRecursively();
-        Manager()->SetDPMLibraryRootPath(m_root.Path());
+        QDir(root.Path()).removeRecursively();
+        Manager()->SetDPMLibraryRootPath(root.Path());
         Build();
     }
 
@@ -86,7 +86,7 @@ protected:
     // Runs the child to the end; its last line of output.
     QString RunChild(const QStringList& arguments) {
         QProcess child;
-        child.start(Writer(), QStringList{m_root.Path()} + arguments);
+        child.start(Writer(), QStringList{root.Path()} + arguments);
         child.waitForStarted();
         QByteArray output;
         while (child.state() != QProcess::NotRunning) {
@@ -99,7 +99,7 @@ protected:
     }
 
     QString PathOf(const QString& dpd) const {
-        return m_root.File(QStringLiteral("QXMaterial/%1.DPD").arg(dpd));
+        return root.File(QStringLiteral("QXMaterial/%1.DPD").arg(dpd));
     }
 };
 
@@ -163,7 +163,7 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
     for (const char* name : {"One", "Two"}) {
         CVorDPMDPD* dpd = MakeDefinition(library, QString::fromUtf8(name));
         const int property =
-            AddProperty(dpd, QString::fromUtf8(name), QStringLiteral("d"))->GetObjectId();
+            AddProperty(dpd, QStringLiteral("d"), QString::fromUtf8(name))->GetObjectId();
         for (int i = 0; i < 20000; ++i) {
             auto* serial = new CVorDPM_DPD_Serial;
             serial->SetValue(QString(1000, QLatin1Char('x')), property);
@@ -175,7 +175,7 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
         QProcess children[2];
         const char* sources[] = {"One", "Two"};
         for (int i = 0; i < 2; ++i) {
-            children[i].start(Writer(), {m_root.Path(), "copy-dpd", "QXMaterial", sources[i],
+            children[i].start(Writer(), {root.Path(), "copy-dpd", "QXMaterial", sources[i],
                                          QStringLiteral("New%1").arg(round)});
             children[i].waitForStarted();
             while (!children[i].canReadLine() && children[i].state() == QProcess::Running)
