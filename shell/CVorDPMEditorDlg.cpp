@@ -12,6 +12,7 @@
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMSaveWork.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
@@ -243,7 +244,7 @@ void CVorDPMEditorDlg::OnOpenFile() {
 }
 
 void CVorDPMEditorDlg::OnSaveWork() {
-    if (CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager()) manager->SaveWork();
+    VorDPMSaveWork::SaveOrTell(this);
 }
 
 void CVorDPMEditorDlg::OnNewLibrary() {
