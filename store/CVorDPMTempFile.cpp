@@ -9,6 +9,8 @@
 #include <QRegularExpression>
 #include <QUuid>
 
+#include "VorDPMRootBoundary.h"
+
 namespace {
 
 const QString kJournalSuffix = QStringLiteral("-journal");
@@ -56,6 +58,8 @@ CVorDPMTempFile::~CVorDPMTempFile() {
 }
 
 void CVorDPMTempFile::RemoveStale(const QString& folder) {
+    // A folder that leads out of the root is none of the store's business.
+    if (!QDir(folder).exists() || !VorDPMRootBoundary::Check(folder)) return;
     const QDir dir(folder);
     const QStringList names = dir.entryList({QStringLiteral("*.new-*")}, QDir::Files);
     for (const QString& name : names) {
