@@ -27,12 +27,13 @@ struct TextField {
     const char* label;
     const QString& (CVorDPM_DPI_Info::*get)() const;
     void (CVorDPM_DPI_Info::*set)(const QString&);
+    bool multiLine = false;  // edited in a box of several lines
 };
 const TextField kTextFields[] = {
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "公司名称"), &CVorDPM_DPI_Info::GetCompanyName,
      &CVorDPM_DPI_Info::SetCompanyName},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "描述"), &CVorDPM_DPI_Info::GetDescription,
-     &CVorDPM_DPI_Info::SetDescription},
+     &CVorDPM_DPI_Info::SetDescription, true},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "关键字"), &CVorDPM_DPI_Info::GetKeyword,
      &CVorDPM_DPI_Info::SetKeyword},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "作者"), &CVorDPM_DPI_Info::GetAuthor,
@@ -189,8 +190,11 @@ void CDPMlibraryPage::OnEditText() {
     if (index < 0 || !info) return;
     const TextField& field = kTextFields[index];
     QString text = (info->*field.get)();
-    if (!CVorDPMUiService::Instance()->InputText(this, Label(field.label), tr("请输入:"), text))
-        return;
+    CVorDPMUiService* ui = CVorDPMUiService::Instance();
+    const bool typed = field.multiLine
+                           ? ui->InputLongText(this, Label(field.label), tr("请输入:"), text)
+                           : ui->InputText(this, Label(field.label), tr("请输入:"), text);
+    if (!typed) return;
     if (text == (info->*field.get)()) return;
     Modify([&](CVorDPM_DPI_Info& record) { (record.*field.set)(text); });
     Reload();

@@ -5,13 +5,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 
 #include "CDPMSheet.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMNames.h"
 #include "VorDPMSaveWork.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMDeletLibDlg.h"
@@ -29,10 +29,10 @@ const QRect kTreeRect(6, 7, 90, 290);
 const QSize kDialogSize(447, 316);
 constexpr int kSheetGap = 12;
 
-// Characters a new catalog name may not hold: it becomes a file name.
-const QRegularExpression& InvalidCatalogCharacters() {
-    static const QRegularExpression pattern(QStringLiteral(R"([\\"/:;*?<>\[\]|])"));
-    return pattern;
+// Characters a new catalog name may not hold: those of every stored name, and ; [ ].
+const QString& InvalidCatalogCharacters() {
+    static const QString characters = VorDPMNames::ForbiddenCharacters() + QStringLiteral(";[]");
+    return characters;
 }
 
 }  // namespace
@@ -279,7 +279,7 @@ void CVorDPMEditorDlg::OnNewCatalog() {
     if (!CVorDPMUiService::Instance()->InputText(this, tr("产品目录名称"), tr("请输入:"), name))
         return;
     if (name.isEmpty()) return ShowMessage(tr("请输入产品目录名称！"));
-    if (name.contains(InvalidCatalogCharacters()))
+    if (VorDPMNames::ContainsAny(name, InvalidCatalogCharacters()))
         return ShowMessage(tr("文件名含有无效的字符, 请重新输入!"));
     QTreeWidgetItem* node = SelectedNode();
     CVorDPMLibraryManager* library = FindLibrary(node);

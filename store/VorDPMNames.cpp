@@ -20,6 +20,16 @@ bool HasLoneSurrogate(const QString& name) {
 
 }  // namespace
 
+const QString& VorDPMNames::ForbiddenCharacters() {
+    static const QString characters = QStringLiteral("\\/:*?\"<>|");
+    return characters;
+}
+
+bool VorDPMNames::ContainsAny(const QString& text, const QString& characters) {
+    return std::any_of(text.begin(), text.end(),
+                       [&characters](QChar c) { return characters.contains(c); });
+}
+
 bool VorDPMNames::IsValidName(const QString& name) {
     // A leading dot hides the file from listings (and ".recycle" is the store's own folder).
     if (name.isEmpty() || name.startsWith(QLatin1Char('.'))) return false;
@@ -27,7 +37,7 @@ bool VorDPMNames::IsValidName(const QString& name) {
     if (HasLoneSurrogate(name)) return false;
     for (const QChar c : name) {
         if (c.unicode() < 0x20 || c.unicode() == 0x7f) return false;
-        if (QStringLiteral("\\/:*?\"<>|").contains(c)) return false;
+        if (ForbiddenCharacters().contains(c)) return false;
     }
     static const QRegularExpression reserved(
         QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\\..*)?$"),

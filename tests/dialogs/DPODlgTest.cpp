@@ -218,4 +218,26 @@ TEST_F(DPODlgTest, GrowingTheDialogGivesTheTreeThreeTenthsOfTheWidth) {
     EXPECT_EQ(List(dialog)->geometry(), list.adjusted(30, 0, 100, 50));
 }
 
+TEST_F(DPODlgTest, LongTextsWidenTheirColumnsAndEveryColumnCanBeRead) {
+    CVorDPMDPOProperty* properties = Manager()->GetCommonManager()->GetPropertyDPO();
+    CKZList<CVorDPM_DPOPROPERTY_Group*> groups;
+    properties->GetAllGroup(groups, 0);
+    ASSERT_GT(groups.GetCount(), 0);
+    properties->AddContent(NewRow<CVorDPM_DPOPROPERTY_Content>(
+        groups.GetAt(0), "公称压力等级（按国家标准管道法兰系列划分）",
+        "用于选择法兰与阀门的压力等级，单位为兆帕，按国家标准划分"));
+    CVorDPMDPODlg dialog(CVorDPMDPODlg::PropertyTable);
+    dialog.show();
+    ClickGroup(dialog, 0);
+
+    CVorDPMlistCtrlBase* list = List(dialog);
+    for (int c : {1, 6}) {
+        const QString text = list->GetItemText(0, c);
+        EXPECT_GE(list->columnWidth(c), list->fontMetrics().horizontalAdvance(text)) << c;
+    }
+    const int last = list->GetColumnCount() - 1;
+    EXPECT_LE(list->columnViewportPosition(last) + list->columnWidth(last),
+              list->viewport()->width());
+}
+
 }  // namespace

@@ -146,6 +146,10 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     ClickRow(Report(), 0);
     ui.ExpectInput(QStringLiteral("启星材料"));
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ClickRow(Report(), 1);
+    ui.ExpectInput(QStringLiteral("第一行\n第二行"));
+    Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    EXPECT_EQ(ui.longInputTitles, QStringList{"描述"});
     ClickRow(Report(), 3);
     ui.ExpectInput(std::nullopt);  // cancelled: nothing changes
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
@@ -153,7 +157,7 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     const QRect author = Report()->visualRect(Report()->model()->index(3, 1));
     QTest::mouseClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
     QTest::mouseDClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
-    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "作者", "作者"}));
+    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "描述", "作者", "作者"}));
     EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
     EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
 
@@ -167,6 +171,7 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     ASSERT_TRUE(info);
     EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星材料"));
     EXPECT_EQ(info->GetAuthor(), QStringLiteral("李四"));
+    EXPECT_EQ(info->GetDescription(), QStringLiteral("第一行\n第二行"));
     EXPECT_EQ(info->GetLocalProductCount(), 1);
     EXPECT_EQ(info->GetIncludeProductCount(), 0);
     EXPECT_EQ(info->GetProductCount(), 1);

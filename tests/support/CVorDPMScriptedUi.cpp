@@ -94,6 +94,12 @@ bool CVorDPMScriptedUi::InputText(QWidget*, const QString& title, const QString&
     return true;
 }
 
+bool CVorDPMScriptedUi::InputLongText(QWidget* parent, const QString& title, const QString& prompt,
+                                      QString& text) {
+    longInputTitles.append(title);
+    return InputText(parent, title, prompt, text);
+}
+
 QString CVorDPMScriptedUi::NextFile(const QString& caption) {
     const std::optional<Expectation> expected = Next(Kind::File, caption);
     return expected ? expected->text : QString();

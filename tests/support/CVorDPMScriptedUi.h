@@ -23,7 +23,7 @@ public:
     // One message box for each text, in order, each answered with `answer`.
     void ExpectMessages(const QStringList& texts,
                         QMessageBox::StandardButton answer = QMessageBox::Ok);
-    // An input box, answered with the typed text; nullopt cancels it.
+    // An input box (of one line or several), answered with the typed text; nullopt cancels it.
     void ExpectInput(std::optional<QString> typed);
     // A file or folder dialog, answered with the path; an empty path cancels it.
     void ExpectFile(const QString& path);
@@ -38,12 +38,15 @@ public:
     QStringList messages;
     QStringList captions;
     QStringList inputTitles;
+    QStringList longInputTitles;  // of the input boxes of several lines
     QStringList dialogClasses;
 
     QMessageBox::StandardButton Ask(QWidget* parent, const QString& text, const QString& caption,
                                     QMessageBox::StandardButtons buttons) override;
     bool InputText(QWidget* parent, const QString& title, const QString& prompt,
                    QString& text) override;
+    bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
+                       QString& text) override;
     QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString ExistingDirectory(QWidget* parent, const QString& caption,
