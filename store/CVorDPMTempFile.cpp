@@ -1,5 +1,6 @@
 #include "CVorDPMTempFile.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QUuid>
+#include <cstring>
 
 #include "VorDPMRootBoundary.h"
 
@@ -42,6 +44,19 @@ void RemoveIfUnheld(const QString& path) {
     ::close(fd);
 }
 
+// The names in `folder` that look like temporary files or their journals. Read with readdir
+// alone: a library may hold tens of thousands of files, and nothing else about them is needed.
+QStringList CandidateNames(const QString& folder) {
+    QStringList names;
+    DIR* dir = ::opendir(QFile::encodeName(folder).constData());
+    if (!dir) return names;
+    while (const dirent* entry = ::readdir(dir)) {
+        if (std::strstr(entry->d_name, ".new-")) names.append(QFile::decodeName(entry->d_name));
+    }
+    ::closedir(dir);
+    return names;
+}
+
 }  // namespace
 
 CVorDPMTempFile::CVorDPMTempFile(const QString& target)
@@ -58,10 +73,10 @@ CVorDPMTempFile::~CVorDPMTempFile() {
 }
 
 void CVorDPMTempFile::RemoveStale(const QString& folder) {
+    const QStringList names = CandidateNames(folder);
     // A folder that leads out of the root is none of the store's business.
-    if (!QDir(folder).exists() || !VorDPMRootBoundary::Check(folder)) return;
+    if (names.isEmpty() || !VorDPMRootBoundary::Check(folder)) return;
     const QDir dir(folder);
-    const QStringList names = dir.entryList({QStringLiteral("*.new-*")}, QDir::Files);
     for (const QString& name : names) {
         if (IsTemporaryName(name)) {
             RemoveIfUnheld(dir.filePath(name));
