@@ -164,21 +164,18 @@ TEST_F(LibraryTest, WithoutTheUsersTrashRemovedFilesGoToTheRecycleFolder) {
 }
 
 // A new library's information record is in its file from the start: looking at it, or writing
-// the counts it already has, leaves nothing to save.
+// the counts it already has (as the editor does on closing), leaves nothing to save.
 TEST_F(LibraryTest, ANewLibrarysInformationRecordNeedsNoSaving) {
     CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Fresh"));
-    CVorDPM_DPI_Info* info = nullptr;
-    ASSERT_NE(library->GetDPI(), nullptr);
-    ASSERT_EQ(library->GetDPI()->GetInfo(info), VOR::eOk);
-    info->SetLocalProductCount(library->GetLocalProductCount());
-    info->SetIncludeProductCount(library->GetIncludeProductCount());
-    info->SetProductCount(0);
+    ASSERT_TRUE(library->WriteProductCounts());
     EXPECT_FALSE(Manager()->HasUnsavedChanges());
     Reopen();
-    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("Fresh"), library), VOR::eOk);
-    ASSERT_EQ(library->GetDPI()->GetInfo(info), VOR::eOk);
-    info->SetProductCount(0);
+    library = Library(QStringLiteral("Fresh"));
+    ASSERT_NE(library, nullptr);
+    ASSERT_TRUE(library->WriteProductCounts());
     EXPECT_FALSE(Manager()->HasUnsavedChanges());
-    info->SetProductCount(3);
+    // A count that really differs is a change.
+    MakeDefinition(library, QStringLiteral("Bolt"));
+    ASSERT_TRUE(library->WriteProductCounts());
     EXPECT_TRUE(Manager()->HasUnsavedChanges());
 }
