@@ -278,15 +278,12 @@ TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
         child.write("go\n");
         child.waitForBytesWritten();
     };
-    // Each child removes what the one before left, so the first leftover ends the rounds.
-    for (int delayMs : {5, 20, 50, 100, 200}) {
-        QProcess child;
-        startCopy(child, QStringLiteral("Killed%1").arg(delayMs));
-        QThread::msleep(delayMs);
-        child.kill();
-        child.waitForFinished();
-        if (!temporaries().isEmpty()) break;
-    }
+    // Killed as soon as its temporary file appears, so in the middle of writing it.
+    QProcess killed;
+    startCopy(killed, QStringLiteral("Killed"));
+    while (temporaries().isEmpty() && killed.state() == QProcess::Running) QThread::msleep(1);
+    killed.kill();
+    killed.waitForFinished();
     ASSERT_FALSE(temporaries().isEmpty()) << "no copy was killed while it wrote";
 
     Reopen();
