@@ -206,10 +206,6 @@
         <translation>The file &quot;%1&quot; is not a picture that can be read.</translation>
     </message>
     <message>
-        <source>保存失败: %1</source>
-        <translation>Saving failed: %1</translation>
-    </message>
-    <message>
         <source>产品库&quot;%1&quot;的版本信息</source>
         <translation>Versions of the library &quot;%1&quot;</translation>
     </message>
@@ -987,6 +983,10 @@
         <source>文件夹&quot;%1&quot;不存在，是否创建？</source>
         <translation>The folder &quot;%1&quot; does not exist. Create it?</translation>
     </message>
+    <message>
+        <source>产品库有未保存的修改，是否保存？</source>
+        <translation>The libraries have unsaved changes. Save them?</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMTreeCtrlEx</name>
@@ -1116,6 +1116,13 @@
     <message>
         <source>取消</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>VorDPMSaveWork</name>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
     </message>
 </context>
 </TS>
