@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "CDPMSeriesModel.h"
 #include "CVorDPMEditorDlg.h"
@@ -99,7 +100,7 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &CDPMDataPage::OnTreeDoubleClick);
     connect(m_tree, &QTreeWidget::itemChanged, this, &CDPMDataPage::OnRenameEnd);
     connect(m_tree->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
-            [this] { m_renaming = nullptr; });
+            &CDPMDataPage::OnRenameClosed);
     connect(m_report->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &CDPMDataPage::OnReportSelChanged);
     UpdateCommandUi();
@@ -262,18 +263,27 @@ void CDPMDataPage::OnRenameProduct() {
     m_tree->editItem(node);
 }
 
+// An edit that ended without a change (Escape, or the same text) leaves the label as it was.
+void CDPMDataPage::OnRenameClosed() {
+    QTreeWidgetItem* node = std::exchange(m_renaming, nullptr);
+    // Cleared first: changing the flags reports the node as changed.
+    if (node) node->setFlags(node->flags() & ~Qt::ItemIsEditable);
+}
+
 // The label keeps the new text only when the store renamed the definition.
 void CDPMDataPage::OnRenameEnd(QTreeWidgetItem* node) {
     if (!node || node != m_renaming) return;
-    m_renaming = nullptr;
-    node->setFlags(node->flags() & ~Qt::ItemIsEditable);
+    OnRenameClosed();
     const QString name = node->text(0);
     if (name == m_renamedFrom) return;
     CVorDPMDPD* dpd = CVorDPMTreeCtrlEx::GetItemDPD(node);
     CVorDPMLibraryManager* library = dpd ? dpd->GetVorDPMLibraryManager() : nullptr;
     QString problem = library ? VorDPMProductNames::Problem(*library, name, m_renamedFrom)
                               : tr("产品库\"%1\"不存在。").arg(LibraryName());
-    if (problem.isEmpty() && library->RenameDPD(dpd->GetDPDName(), name) != VOR::eOk)
+    // A copy: the definition's own name changes during the rename, while the store still
+    // looks for entries naming the old one.
+    const QString from = dpd ? dpd->GetDPDName() : QString();
+    if (problem.isEmpty() && library->RenameDPD(from, name) != VOR::eOk)
         problem = tr("重命名失败: %1").arg(CVorDPMManager::GetLastErrorText());
     if (!problem.isEmpty()) {
         node->setText(0, m_renamedFrom);

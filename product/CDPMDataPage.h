@@ -74,6 +74,7 @@ private:
     void OnTreeContextMenu(const QPoint& position);
     void OnTreeDoubleClick(QTreeWidgetItem* node);
     void OnRenameEnd(QTreeWidgetItem* node);
+    void OnRenameClosed();
 
     void OnRemoveProduct();
     void OnRenameProduct();
