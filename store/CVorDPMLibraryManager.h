@@ -9,10 +9,11 @@
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
 #include "CVorDPMDPI.h"
-#include "CVorDPMFileSet.h"
 #include "CVorDPMTemplateManager.h"
 
 class CVorDPMManager;
+template <class T>
+class CVorDPMFileSet;
 
 class VORDPM_API CVorDPMLibraryManager {
 public:
@@ -87,8 +88,8 @@ private:
     CVorDPMManager* m_manager;
     QString m_name;
     QString m_folder;
-    CVorDPMFileSet<CVorDPMDPC> m_catalogs;
-    CVorDPMFileSet<CVorDPMDPD> m_definitions;
+    std::unique_ptr<CVorDPMFileSet<CVorDPMDPC>> m_catalogs;
+    std::unique_ptr<CVorDPMFileSet<CVorDPMDPD>> m_definitions;
     std::unique_ptr<CVorDPMDPI> m_info;
     std::unique_ptr<CVorDPMTemplateManager> m_templates;
 };

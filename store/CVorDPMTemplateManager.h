@@ -3,9 +3,12 @@
 #pragma once
 
 #include <QStringList>
+#include <memory>
 
 #include "CVorDPMDPT.h"
-#include "CVorDPMFileSet.h"
+
+template <class T>
+class CVorDPMFileSet;
 
 class VORDPM_API CVorDPMTemplateManager {
 public:
@@ -32,9 +35,9 @@ public:
     // A new template with the rows of `from`: eNotFound, or the statuses of CreateDPT.
     VOR::ErrorStatus CopyDPT(const QString& from, const QString& to);
 
-    bool IsChanged() const { return m_templates.IsChanged(); }
-    bool Save() { return m_templates.Save(); }
+    bool IsChanged() const;
+    bool Save();
 
 private:
-    CVorDPMFileSet<CVorDPMDPT> m_templates;
+    std::unique_ptr<CVorDPMFileSet<CVorDPMDPT>> m_templates;
 };
