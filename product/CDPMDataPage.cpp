@@ -278,7 +278,7 @@ void CDPMDataPage::OnRenameEnd(QTreeWidgetItem* node) {
     if (name == m_renamedFrom) return;
     CVorDPMDPD* dpd = CVorDPMTreeCtrlEx::GetItemDPD(node);
     CVorDPMLibraryManager* library = dpd ? dpd->GetVorDPMLibraryManager() : nullptr;
-    QString problem = library ? VorDPMProductNames::Problem(*library, name, m_renamedFrom)
+    QString problem = library ? VorDPMProductNames::Problem(library, name, m_renamedFrom)
                               : tr("产品库\"%1\"不存在。").arg(LibraryName());
     // A copy: the definition's own name changes during the rename, while the store still
     // looks for entries naming the old one.

@@ -22,14 +22,15 @@ const QString& InvalidCharacters() {
 
 }  // namespace
 
-QString Problem(const CVorDPMLibraryManager& library, const QString& name,
+QString Problem(const CVorDPMLibraryManager* library, const QString& name,
                 const QString& renamedFrom) {
     if (name.isEmpty()) return Tr("请输入产品名称");
     if (VorDPMNames::ContainsAny(name, InvalidCharacters()))
         return Tr("名字不能包含下列任何字符：") + QLatin1Char('\n') +
                VorDPMNames::ForbiddenCharacters();
     const bool sameName = name.compare(renamedFrom, Qt::CaseInsensitive) == 0;
-    if (!sameName && library.HasDPD(name)) return name + Tr("已存在，请指定其他产品名！");
+    if (library && !sameName && library->HasDPD(name))
+        return name + Tr("已存在，请指定其他产品名！");
     return QString();
 }
 
