@@ -1,6 +1,7 @@
 #include "query/CVorDPMData.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTreeWidget>
 
 #include "CVorDPMDPC.h"
@@ -224,12 +225,19 @@ int CVorDPMData::GetALLExteriorDPD(const QString& library, CKZList<CVorDPMDPD*>&
     QStringList definitions;
     manager->GetAllDPCName(catalogs);
     manager->GetAllDPDName(definitions);
+    // The catalogued names are gathered once: asking each catalog about each definition
+    // compares every entry with every definition, which takes seconds in a big library.
+    QSet<QString> catalogued;
     for (const QString& name : std::as_const(catalogs)) {
         CVorDPMDPC* catalog = nullptr;
         manager->GetDPC(name, catalog);
-        if (!catalog) continue;
-        definitions.removeIf([catalog](const QString& dpd) { return catalog->HasDPD(dpd) != 0; });
+        CKZList<CVorDPM_DPC_Content*> entries;
+        if (catalog) catalog->GetAllContent(entries, 0);
+        for (const CVorDPM_DPC_Content* entry : entries)
+            catalogued.insert(entry->GetDPD().toCaseFolded());
     }
+    definitions.removeIf(
+        [&catalogued](const QString& dpd) { return catalogued.contains(dpd.toCaseFolded()); });
     for (const QString& name : std::as_const(definitions)) {
         CVorDPMDPD* dpd = nullptr;
         manager->GetDPD(name, dpd);

@@ -1,0 +1,219 @@
+// Speed of the product data page on big libraries: selecting a definition of 100,000 series
+// rows (the report with every row named, and the picture), with the definition read before and
+// straight from disk; and building the page's tree for a library of 10,000 definitions.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTreeView>
+#include <memory>
+
+#include "BenchScratch.h"
+#include "CBinaryData.h"
+#include "CVorDPMManager.h"
+#include "CVorDPMTreeCtrlEx.h"
+#include "product/CDPMDataPage.h"
+
+namespace {
+
+constexpr int kSeriesRows = 100000;
+constexpr int kProperties = 20;
+constexpr int kDefinitions = 10000;
+constexpr int kClassifications = 10;  // level-0 texts of the catalog, each with as many level-1
+const QString kLibrary = QStringLiteral("Bench");
+const QString kLarge = QStringLiteral("Large");
+const QString kLargeCatalog = QStringLiteral("Big");
+const QString kCatalog = QStringLiteral("Catalog");
+
+CVorDPMManager* Manager() {
+    return CVorDPMManager::GetVorDPMManager();
+}
+
+void Require(bool condition, const char* what) {
+    if (!condition) qFatal("benchmark data: %s", what);
+}
+
+QString DefinitionName(int index) {
+    return QStringLiteral("D%1").arg(index, 5, 10, QLatin1Char('0'));
+}
+
+CBinaryData Picture() {
+    QImage image(256, 128, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return CBinaryData(bytes);
+}
+
+// The definition of 100,000 rows, alone in the catalog "Big": 20 properties, one product named
+// by two of them, one picture that every row shows.
+void WriteLargeDefinition(CVorDPMLibraryManager& library) {
+    CVorDPMDPD* dpd = nullptr;
+    Require(library.CreateDPD(kLarge, dpd) == VOR::eOk, "large definition");
+    std::vector<int> properties;
+    for (int p = 0; p < kProperties; ++p) {
+        auto* property = new CVorDPM_DPD_Property;
+        property->SetPropertyId(p + 1);
+        property->SetPropertyAlias(QStringLiteral("属性%1").arg(p));
+        property->SetParamAlias(QStringLiteral("P%1").arg(p));
+        dpd->AddProperty(property);
+        properties.push_back(property->GetObjectId());
+    }
+    auto* product = new CVorDPM_DPD_Product;
+    product->SetName(QStringLiteral("产品"));
+    product->SetNameRule(QStringLiteral("L P0 P1"));
+    dpd->AddProduct(product);
+    auto* image = new CVorDPM_DPD_Image;
+    image->SetName(QStringLiteral("图"));
+    image->SetImage(Picture());
+    dpd->AddImage(image);
+    for (int r = 0; r < kSeriesRows; ++r) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetProductId(product->GetObjectId());
+        serial->SetImageId(image->GetObjectId());
+        for (int p = 0; p < kProperties; ++p)
+            serial->SetValue(QString::number(r * kProperties + p), properties[p]);
+        dpd->AddSerial(serial);
+    }
+    CVorDPMDPC* catalog = nullptr;
+    Require(library.CreateDPC(kLargeCatalog, catalog) == VOR::eOk, "catalog Big");
+    auto* entry = new CVorDPM_DPC_Content;
+    entry->SetDPD(kLarge);
+    catalog->AddContent(entry);
+}
+
+// 10,000 definitions (one written, the others copied from it: the tree needs their names
+// only), half of them in one catalog under two classification levels.
+void WriteManyDefinitions(CVorDPMLibraryManager& library) {
+    CVorDPMDPD* first = nullptr;
+    Require(library.CreateDPD(DefinitionName(0), first) == VOR::eOk, "definition");
+    Require(Manager()->SaveWork() == 1, "save");
+    for (int i = 1; i < kDefinitions; ++i)
+        QFile::copy(first->GetDPDFullPath(),
+                    QDir(library.GetFolder()).filePath(DefinitionName(i) + QStringLiteral(".DPD")));
+    CVorDPMDPC* catalog = nullptr;
+    Require(library.CreateDPC(kCatalog, catalog) == VOR::eOk, "catalog");
+    for (int i = 0; i < kDefinitions / 2; ++i) {
+        auto* entry = new CVorDPM_DPC_Content;
+        entry->SetDPD(DefinitionName(i));
+        entry->SetType(CVorDPM_DPC_Content::FirstType,
+                       QStringLiteral("类%1").arg(i % kClassifications));
+        entry->SetType(CVorDPM_DPC_Content::SecondType,
+                       QStringLiteral("组%1").arg(i / kClassifications % kClassifications));
+        catalog->AddContent(entry);
+    }
+}
+
+// VORDPM_BENCH_ROOT names a folder to keep the data in between runs; without it a temporary
+// folder is used and the data are written once per run.
+class PageBenchData {
+public:
+    PageBenchData() {
+        const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
+        const QString home = kept.isEmpty() ? m_dir.path() : kept;
+        Manager()->SetDPMLibraryRootPath(home + QStringLiteral("/pageroot"));
+        CVorDPMLibraryManager* library = nullptr;
+        Manager()->GetLibrary(kLibrary, library);
+        if (library) return;
+        QElapsedTimer timer;
+        timer.start();
+        Require(Manager()->CreateLibrary(kLibrary, library) == VOR::eOk, "library");
+        WriteLargeDefinition(*library);
+        WriteManyDefinitions(*library);
+        Require(Manager()->SaveWork() == 1, "save");
+        Manager()->DiscardChanges();
+        qInfo("benchmark data written in %lld ms", static_cast<long long>(timer.elapsed()));
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+QTreeWidgetItem* LargeNode(CDPMDataPage& page) {
+    const QList<QTreeWidgetItem*> found =
+        page.GetTreeCtrl()->findItems(kLarge, Qt::MatchExactly | Qt::MatchRecursive);
+    Require(!found.isEmpty(), "node of the large definition");
+    return found.first();
+}
+
+std::unique_ptr<CDPMDataPage> ShownPage() {
+    auto page = std::make_unique<CDPMDataPage>();
+    page->resize(900, 650);
+    page->show();
+    QApplication::processEvents();
+    return page;
+}
+
+// The selection with the definition's rows already read (a second look at it).
+void BM_SelectLargeDefinition(benchmark::State& state) {
+    const std::unique_ptr<CDPMDataPage> page = ShownPage();
+    page->SetCurrentPath(kLibrary + QLatin1Char('/') + kLargeCatalog);
+    QTreeWidgetItem* node = LargeNode(*page);
+    for (auto _ : state) {
+        state.PauseTiming();
+        page->GetTreeCtrl()->setCurrentItem(nullptr);
+        QApplication::processEvents();
+        state.ResumeTiming();
+        page->GetTreeCtrl()->setCurrentItem(node);
+        QApplication::processEvents();
+    }
+    Require(page->GetReportCtrl()->model()->rowCount() == kSeriesRows, "all rows shown");
+}
+BENCHMARK(BM_SelectLargeDefinition)->Unit(benchmark::kMillisecond)->MinTime(2.0);
+
+// The selection that first reads the definition from disk.
+void BM_SelectLargeDefinitionFromDisk(benchmark::State& state) {
+    const std::unique_ptr<CDPMDataPage> page = ShownPage();
+    for (auto _ : state) {
+        state.PauseTiming();
+        page->SetCurrentPath(QString());
+        Manager()->DiscardChanges();
+        page->SetCurrentPath(kLibrary + QLatin1Char('/') + kLargeCatalog);
+        QTreeWidgetItem* node = LargeNode(*page);
+        QApplication::processEvents();
+        state.ResumeTiming();
+        page->GetTreeCtrl()->setCurrentItem(node);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_SelectLargeDefinitionFromDisk)->Unit(benchmark::kMillisecond)->MinTime(3.0);
+
+// The whole library: every catalog with its classifications and products, then "未分类".
+void BM_BuildLibraryTree(benchmark::State& state) {
+    const std::unique_ptr<CDPMDataPage> page = ShownPage();
+    for (auto _ : state) {
+        state.PauseTiming();
+        page->SetCurrentPath(QString());
+        if (state.range(0)) Manager()->DiscardChanges();
+        QApplication::processEvents();
+        state.ResumeTiming();
+        page->SetCurrentPath(kLibrary);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(BM_BuildLibraryTree)
+    ->Arg(0)
+    ->Arg(1)
+    ->ArgNames({"cold"})
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(2.0);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    BenchScratch::RunHeadlessUnlessTold();
+    QTemporaryDir scratch;
+    BenchScratch::RedirectUserFolders(scratch.path());
+    QApplication application(argc, argv);
+    const PageBenchData data;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
