@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "CDPMSeriesModel.h"
+#include "CVorDPMCacheTableMangerCollect.h"
+#include "CVorDPMCommandManager.h"
 #include "CVorDPMEditorDlg.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMTreeCtrlEx.h"
@@ -19,6 +21,8 @@
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMPictureCtrl.h"
 #include "library/CVorDPMVersionDlg.h"
+#include "product/CVorDPMCreateProductDlg.h"
+#include "product/CVorDPMNewProductDlg.h"
 #include "product/VorDPMProductNames.h"
 #include "query/CVorDPMData.h"
 
@@ -60,7 +64,6 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     // Editing starts only through "产品重命名"; a double click opens the product instead.
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_tree->setExpandsOnDoubleClick(false);
 
     // A flat grid of one height per row, so that 100,000 rows scroll without measuring each.
     m_report->setModel(m_series);
@@ -196,6 +199,12 @@ void CDPMDataPage::UpdateCommandUi() {
 bool CDPMDataPage::OnCommand(int commandId) {
     if (!CanRun(commandId)) return false;
     switch (commandId) {
+        case ID_ADD_PRODUCT:
+            OnAddProduct();
+            break;
+        case ID_EDIT_PRODUCT:
+            OnEditProduct();
+            break;
         case ID_REMOVE_PRODUCT:
             OnRemoveProduct();
             break;
@@ -231,7 +240,48 @@ void CDPMDataPage::OnTreeContextMenu(const QPoint& position) {
     CreateProductMenu()->exec(m_tree->viewport()->mapToGlobal(position));
 }
 
-void CDPMDataPage::OnTreeDoubleClick(QTreeWidgetItem*) {}
+// Unlike the button, a double click brackets the edit in a command of its own and drops the
+// definition's cache tables afterwards.
+void CDPMDataPage::OnTreeDoubleClick(QTreeWidgetItem* node) {
+    CVorDPMDPD* dpd = nullptr;
+    if (!m_tree->GetSelItemDPD(node, dpd)) return;
+    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
+    commands->StartCommand();
+    const QString name = dpd->GetDPDName();
+    if (OpenEditor(dpd)) {
+        RefreshTree();
+        CVorDPMCacheTableMangerCollect::GetInstance()->RemoveDPMCacheTableManger(name);
+    }
+    commands->EndCommand();
+}
+
+// The new product is entered under the classification of the selected node and selected.
+void CDPMDataPage::OnAddProduct() {
+    CVorDPMNewProductDlg dialog(LibraryName(), SelectedCatalogPath(), m_pPreviewDrawCallback,
+                                m_pPreviewCloseCallback, m_pPreviewMoveCallback, this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
+    RefreshTree();
+    const QString name = dialog.GetCreatedDPD()->GetDPDName();
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* found = nullptr;
+        if (!m_tree->FindFistMatchDPD(m_tree->topLevelItem(i), found, name)) continue;
+        m_tree->setCurrentItem(found);
+        break;
+    }
+    RefreshCatalogPage();
+}
+
+// The create-product dialog brackets its own edits; this path opens no command of its own.
+void CDPMDataPage::OnEditProduct() {
+    if (OpenEditor(SelectedDefinition())) RefreshTree();
+}
+
+bool CDPMDataPage::OpenEditor(CVorDPMDPD* dpd) {
+    if (!dpd) return false;
+    CVorDPMCreateProductDlg dialog(dpd, m_pPreviewDrawCallback, m_pPreviewCloseCallback,
+                                   m_pPreviewMoveCallback, this);
+    return CVorDPMUiService::Instance()->Exec(&dialog) == QDialog::Accepted;
+}
 
 void CDPMDataPage::OnRemoveProduct() {
     CVorDPMLibraryManager* library = Library();

@@ -76,6 +76,10 @@ private:
     void OnRenameEnd(QTreeWidgetItem* node);
     void OnRenameClosed();
 
+    void OnAddProduct();
+    void OnEditProduct();
+    // Opens the create-product dialog on a definition; true when it ended with "保存关闭".
+    bool OpenEditor(CVorDPMDPD* dpd);
     void OnRemoveProduct();
     void OnRenameProduct();
     void OnVersion();
