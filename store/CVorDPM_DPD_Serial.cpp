@@ -76,10 +76,13 @@ QByteArray Escape(const QString& value) {
 }  // namespace
 
 QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
+    return ValueIn(m_values, propertyObjectId);
+}
+
+QString CVorDPM_DPD_Serial::ValueIn(const QByteArray& packed, int propertyObjectId) {
     PackedEntry entry;
     if (!FindEntry(
-            m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
-            entry))
+            packed, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; }, entry))
         return {};
     return Unescape(entry.value, entry.valueLength);
 }

@@ -17,6 +17,8 @@ class VORDPM_API CVorDPM_DPD_Serial : public CVorDPMObject {
 public:
     // Value of the property with that object id; empty when none is set.
     QString GetValue(int propertyObjectId) const;
+    // The same, read from packed values as GetPackedValues gives them.
+    static QString ValueIn(const QByteArray& packed, int propertyObjectId);
     // Sets the value of one property; an empty value removes it.
     void SetValue(const QString& value, int propertyObjectId);
     // The packed values as stored: UTF-8 lines "<property id>=<value>", with "\\" and newline
