@@ -11,6 +11,7 @@
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMNewProductDlg.h"
 #include "product/ProductTestBase.h"
+#include "template/CVorDPMSaveAsTemplateDlg.h"
 
 namespace {
 
@@ -226,6 +227,35 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
         page->SetCurrentPath(QStringLiteral("QXMaterial/管道"));
         Select(QStringLiteral("阀门A"));
     }
+}
+
+TEST_F(NewProductTest, CreateDialogOffersSaveAsTemplateAndTheVersionHistory) {
+    CVorDPMDPD* valve = Definition(QStringLiteral("阀门A"));
+    CreateDlg dialog(valve, nullptr, nullptr, nullptr);
+    dialog.show();
+    ui.ExpectDialog(Filling([](QDialog* save) {
+        EXPECT_EQ(save->windowTitle(), QStringLiteral("另存为模板"));
+        EXPECT_EQ(
+            Control<CVorDPMTreeComboBox>(save, CVorDPMSaveAsTemplateDlg::IDC_LOCATION)->text(),
+            QStringLiteral("QXMaterial"));
+        Control<QComboBox>(save, CVorDPMSaveAsTemplateDlg::IDC_TEMPLATE_NAME)
+            ->setEditText(QStringLiteral("阀门模板"));
+        Click(save, VorDPMControlId::IDOK);
+    }));
+    Click(&dialog, CreateDlg::IDC_SAVE_AS_TEMPLATE);
+    QString versionCaption;
+    ui.ExpectDialog([&](QDialog* versions) {
+        versionCaption = versions->windowTitle();
+        return QDialog::Rejected;
+    });
+    Click(&dialog, CreateDlg::IDC_VERSION);
+    ui.VerifyAllUsed();
+    EXPECT_EQ(versionCaption, QStringLiteral("产品\"阀门A\"的版本信息"));
+    EXPECT_EQ(ui.dialogClasses, QStringList({"CVorDPMSaveAsTemplateDlg", "CVorDPMVersionDlg"}));
+    QStringList templates;
+    Library(QStringLiteral("QXMaterial"))->GetVorDPMTemplateManager()->GetAllDPTName(templates);
+    EXPECT_EQ(templates, QStringList{"阀门模板"});
+    EXPECT_TRUE(dialog.isVisible());
 }
 
 }  // namespace
