@@ -3,11 +3,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 
+#include "BenchLibraryRoot.h"
 #include "CVorDPMManager.h"
 #include "query/CVorDPMData.h"
 #include "shell/CVorDPMTreeCtrlEx.h"
@@ -28,17 +26,8 @@ CVorDPMManager* Manager() {
 // written to disk once per run, or once for all runs in a kept root.
 class TreeBenchData {
 public:
-    // VORDPM_BENCH_ROOT names a root to keep between runs (writing the library takes
-    // a while); without it a temporary folder is used.
-    TreeBenchData() {
-        const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
-        const QString home = kept.isEmpty() ? m_dir.path() : kept;
-        qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/config")).toUtf8());
-        qputenv("XDG_DATA_HOME", (home + QStringLiteral("/data")).toUtf8());
-        Manager()->SetDPMLibraryRootPath(home + QStringLiteral("/root"));
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(kLibrary, library);
-        if (!library) Write();
+    TreeBenchData() : m_root(QStringLiteral("root")) {
+        if (!BenchLibraryRoot::Has(kLibrary)) Write();
     }
 
 private:
@@ -51,10 +40,7 @@ private:
         // One product file written by the store, the others copied from it: the tree only
         // needs names, and copying is far quicker than writing each file.
         CreateDPD(*library, ProductName(0));
-        const QDir folder(library->GetFolder());
-        for (int i = 1; i < kProducts; ++i)
-            QFile::copy(folder.filePath(ProductName(0) + QStringLiteral(".DPD")),
-                        folder.filePath(ProductName(i) + QStringLiteral(".DPD")));
+        BenchLibraryRoot::CopyProductFile(*library, ProductName(0), kProducts, ProductName);
         for (int c = 0; c < kCatalogs; ++c) FillCatalog(*library, c);
         if (Manager()->SaveWork() != 1) qFatal("cannot save the benchmark data");
         Manager()->DiscardChanges();
@@ -83,7 +69,7 @@ private:
         }
     }
 
-    QTemporaryDir m_dir;
+    BenchLibraryRoot m_root;
 };
 
 TreeBenchData& Data() {

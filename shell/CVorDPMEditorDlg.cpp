@@ -12,6 +12,7 @@
 #include "CVorDPMTreeCtrlEx.h"
 #include "CVorDPMUiService.h"
 #include "VorDPMNames.h"
+#include "VorDPMSaveWork.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
@@ -67,6 +68,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // The menu bar is part of the window on every platform, as the layout below expects.
     m_menuBar->setNativeMenuBar(false);
+    connect(m_contentPage, &CDPMContentPage::Modified, this, [this] { m_modified = true; });
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -249,7 +251,7 @@ void CVorDPMEditorDlg::OnOpenFile() {
 }
 
 void CVorDPMEditorDlg::OnSaveWork() {
-    if (CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager()) manager->SaveWork();
+    if (VorDPMSaveWork::SaveOrTell(this).isEmpty()) m_modified = false;
 }
 
 void CVorDPMEditorDlg::OnNewLibrary() {

@@ -1,7 +1,10 @@
 #include "CVorDPMTable.h"
 
+#include <climits>
+
 #include "CVorDPMDBBase.h"
 #include "CVorDPMMemoryFiler.h"
+#include "VorDPMLastError.h"
 
 CVorDPMTable::CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info)
     : m_file(file), m_info(info) {}
@@ -36,7 +39,7 @@ void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
     row->m_table = this;
     m_rows.push_back(row);
     m_byId.emplace(objectId, row);
-    if (objectId >= m_nextId) m_nextId = objectId + 1;
+    if (objectId >= m_nextId) m_nextId = static_cast<qint64>(objectId) + 1;
 }
 
 namespace {
@@ -57,7 +60,14 @@ VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
         KeepRefused(row);
         return VOR::eFail;
     }
-    AdoptLoaded(row, m_nextId);
+    if (m_nextId > INT_MAX) {
+        VorDPMLastError::Set(QStringLiteral("%1: table %2 has no free object id left")
+                                 .arg(m_file ? m_file->GetFilePath() : QString(),
+                                      QString::fromLatin1(m_info.tableName)));
+        KeepRefused(row);
+        return VOR::eFail;
+    }
+    AdoptLoaded(row, static_cast<int>(m_nextId));
     NoteChanged(row);
     return VOR::eOk;
 }

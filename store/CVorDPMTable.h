@@ -1,6 +1,7 @@
 // One table of a store file held in memory: rows in table order, lookup by id, change tracking.
 #pragma once
 
+#include <QtGlobal>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -26,7 +27,8 @@ public:
     // Takes a row read from the file; it keeps its id and counts as unchanged.
     void AdoptLoaded(CVorDPMObject* row, int objectId);
     // Takes a new row: gives it the next free id and marks it for writing.
-    // A row of another class or one that already belongs to a table is refused.
+    // A row of another class or one that already belongs to a table is refused, and so is
+    // any row once the ids are used up.
     VOR::ErrorStatus Add(CVorDPMObject* row);
     // Takes ownership of a row that a caller handed over but that no table accepted.
     static void KeepRefused(CVorDPMObject* row);
@@ -65,5 +67,6 @@ private:
     std::vector<CVorDPMObject*> m_rows;
     std::unordered_map<int, CVorDPMObject*> m_byId;
     std::vector<CVorDPMObject*> m_changed;
-    int m_nextId = 1;
+    // 64 bits so that the id after the largest int is seen as unavailable, never wrapped.
+    qint64 m_nextId = 1;
 };
