@@ -6,6 +6,7 @@
 
 #include "CVorDPMManager.h"
 #include "CVorDPMUiService.h"
+#include "catalog/CVorDPMContentAdder.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMHistoryComboBox.h"
 #include "controls/CVorDPMTreeComboBox.h"
@@ -100,17 +101,10 @@ void CVorDPMNewProductDlg::EnterIntoCatalog(CVorDPMLibraryManager& library,
     CVorDPMDPC* catalog = nullptr;
     library.GetDPC(catalogName, catalog);
     if (!catalog) return;
-    auto* entry = new CVorDPM_DPC_Content;
-    entry->SetDPD(product);
-    entry->SetType(CVorDPM_DPC_Content::FirstType, level0);
-    entry->SetType(CVorDPM_DPC_Content::SecondType, level1);
-    entry->SetType(CVorDPM_DPC_Content::ThirdType, level2);
-    // Never handed to the store when the catalog holds the product so already.
-    if (CVorDPMData::HasDPCRecord(catalog, entry)) {
-        delete entry;
-        return;
-    }
-    if (catalog->AddContent(entry) != VOR::eOk) return;
+    // The routine that enters included products into a catalog, so that both refuse a
+    // product the catalog holds under the same classification.
+    const CVorDPMContentAdder adder(catalog, level0, level1, level2);
+    if (adder.Add(product) != CVorDPMContentAdder::Added) return;
     if (!CVorDPMManager::GetVorDPMManager()->SaveWork())
         CVorDPMUiService::Instance()->ShowMessage(
             this, tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText()));
