@@ -6,15 +6,13 @@
 
 #include <QApplication>
 #include <QBuffer>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QImage>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTreeView>
 #include <memory>
 
+#include "BenchLibraryRoot.h"
 #include "BenchScratch.h"
 #include "CBinaryData.h"
 #include "CVorDPMCommandManager.h"
@@ -100,9 +98,7 @@ void WriteManyDefinitions(CVorDPMLibraryManager& library) {
     CVorDPMDPD* first = nullptr;
     Require(library.CreateDPD(DefinitionName(0), first) == VOR::eOk, "definition");
     Require(Manager()->SaveWork() == 1, "save");
-    for (int i = 1; i < kDefinitions; ++i)
-        QFile::copy(first->GetDPDFullPath(),
-                    QDir(library.GetFolder()).filePath(DefinitionName(i) + QStringLiteral(".DPD")));
+    BenchLibraryRoot::CopyProductFile(library, DefinitionName(0), kDefinitions, DefinitionName);
     CVorDPMDPC* catalog = nullptr;
     Require(library.CreateDPC(kCatalog, catalog) == VOR::eOk, "catalog");
     for (int i = 0; i < kDefinitions / 2; ++i) {
@@ -116,30 +112,19 @@ void WriteManyDefinitions(CVorDPMLibraryManager& library) {
     }
 }
 
-// VORDPM_BENCH_ROOT names a folder to keep the data in between runs; without it a temporary
-// folder is used and the data are written once per run.
-class PageBenchData {
-public:
-    PageBenchData() {
-        const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
-        const QString home = kept.isEmpty() ? m_dir.path() : kept;
-        Manager()->SetDPMLibraryRootPath(home + QStringLiteral("/pageroot"));
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(kLibrary, library);
-        if (library) return;
-        QElapsedTimer timer;
-        timer.start();
-        Require(Manager()->CreateLibrary(kLibrary, library) == VOR::eOk, "library");
-        WriteLargeDefinition(*library);
-        WriteManyDefinitions(*library);
-        Require(Manager()->SaveWork() == 1, "save");
-        Manager()->DiscardChanges();
-        qInfo("benchmark data written in %lld ms", static_cast<long long>(timer.elapsed()));
-    }
-
-private:
-    QTemporaryDir m_dir;
-};
+// The benchmark's library, written on the first run into a kept root (VORDPM_BENCH_ROOT).
+void WriteLibraryOnce() {
+    if (BenchLibraryRoot::Has(kLibrary)) return;
+    QElapsedTimer timer;
+    timer.start();
+    CVorDPMLibraryManager* library = nullptr;
+    Require(Manager()->CreateLibrary(kLibrary, library) == VOR::eOk, "library");
+    WriteLargeDefinition(*library);
+    WriteManyDefinitions(*library);
+    Require(Manager()->SaveWork() == 1, "save");
+    Manager()->DiscardChanges();
+    qInfo("benchmark data written in %lld ms", static_cast<long long>(timer.elapsed()));
+}
 
 QTreeWidgetItem* LargeNode(CDPMDataPage& page) {
     const QList<QTreeWidgetItem*> found =
@@ -244,10 +229,9 @@ BENCHMARK(BM_SaveContinueAfterOneRow)->Unit(benchmark::kMillisecond)->MinTime(2.
 
 int main(int argc, char** argv) {
     BenchScratch::RunHeadlessUnlessTold();
-    QTemporaryDir scratch;
-    BenchScratch::RedirectUserFolders(scratch.path());
+    const BenchLibraryRoot root(QStringLiteral("pageroot"));
     QApplication application(argc, argv);
-    const PageBenchData data;
+    WriteLibraryOnce();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
