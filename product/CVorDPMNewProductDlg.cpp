@@ -86,9 +86,7 @@ void CVorDPMNewProductDlg::OnNext() {
 bool CVorDPMNewProductDlg::ChosenTemplate(CVorDPMDPT*& dpt) {
     dpt = nullptr;
     if (m_template->text().isEmpty()) return true;
-    const CVorDPMDPT* chosen = VorDPMTemplateTree::TemplateOf(m_template->GetSelectedItem());
-    if (!chosen) return false;
-    chosen->GetVorDPMTemplateManager()->GetDPT(chosen->GetDPTName(), dpt);
+    dpt = VorDPMTemplateTree::LiveTemplateOf(m_template->GetSelectedItem());
     return dpt != nullptr;
 }
 

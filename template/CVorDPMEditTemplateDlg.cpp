@@ -43,7 +43,7 @@ bool CVorDPMEditTemplateDlg::OnInitDialog() {
 // A location node (a library, or "平台模板") is no template.
 void CVorDPMEditTemplateDlg::OnOK() {
     QTreeWidgetItem* node = m_template->GetSelectedItem();
-    CVorDPMDPT* dpt = VorDPMTemplateTree::TemplateOf(node);
+    CVorDPMDPT* dpt = VorDPMTemplateTree::LiveTemplateOf(node);
     if (!dpt || node->text(0).isEmpty())
         return CVorDPMUiService::Instance()->ShowMessage(this, tr("请选择正确的模板"));
     CVorDPMCreateTemplateDlg editor(dpt, m_pPreviewDrawCallback, m_pPreviewCloseCallback,

@@ -62,6 +62,13 @@ CVorDPMDPT* TemplateOf(const QTreeWidgetItem* node) {
     return dynamic_cast<CVorDPMDPT*>(CVorDPMTreeCtrlEx::GetItemData(node));
 }
 
+CVorDPMDPT* LiveTemplateOf(const QTreeWidgetItem* node) {
+    const CVorDPMDPT* shown = TemplateOf(node);
+    CVorDPMDPT* live = nullptr;
+    if (shown) shown->GetVorDPMTemplateManager()->GetDPT(shown->GetDPTName(), live);
+    return live;
+}
+
 CVorDPMTemplateManager* ManagerOf(const QString& location) {
     CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
     if (!manager) return nullptr;

@@ -25,6 +25,9 @@ void FillTemplates(CVorDPMTreeCtrlEx& tree);
 
 // The template a node carries, or null.
 CVorDPMDPT* TemplateOf(const QTreeWidgetItem* node);
+// The same, looked up again in its manager: null also when the template was removed since the
+// tree was filled (the store keeps the removed object alive, but it is no template any more).
+CVorDPMDPT* LiveTemplateOf(const QTreeWidgetItem* node);
 // The template manager of a location: the platform's for "平台模板", else the library's of
 // that name; null when there is no such library.
 CVorDPMTemplateManager* ManagerOf(const QString& location);

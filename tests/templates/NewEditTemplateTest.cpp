@@ -82,20 +82,30 @@ TEST_F(TemplateTest, NewTemplateChecksLocationAndNameThenCreatesAndOpensIt) {
 
 TEST_F(TemplateTest, EditTemplateOpensOnlyATemplate) {
     MakeTemplate(QString(), QStringLiteral("P1"));
+    MakeTemplate(QString(), QStringLiteral("P2"));
     MakeTemplate(QStringLiteral("QXMEP"), QStringLiteral("P1"));
     const struct {
         const char* typed;
         int top;  // the node to click: top-level index, child index (-1: the top node)
         int child;
-    } refused[] = {{"", -1, -1}, {nullptr, 1, -1}, {nullptr, 0, -1}, {"无此模板", -1, -1}};
+        bool removed;  // the template is removed once the dialog is open
+    } refused[] = {{"", -1, -1, false},
+                   {nullptr, 1, -1, false},
+                   {nullptr, 0, -1, false},
+                   {"无此模板", -1, -1, false},
+                   {nullptr, 0, 1, true}};
     for (const auto& c : refused) {
         CVorDPMEditTemplateDlg dialog(nullptr, nullptr, nullptr);
         dialog.show();
+        if (c.removed) {
+            ASSERT_EQ(Templates(QString())->RemoveDPT(QStringLiteral("P2")), VOR::eOk);
+        }
         CVorDPMTreeComboBox* chooser = dialog.GetTemplateChooser();
+        QTreeWidgetItem* top = c.typed ? nullptr : chooser->GetTreeCtrl()->topLevelItem(c.top);
         if (c.typed)
             chooser->setText(QString::fromUtf8(c.typed));
         else
-            chooser->SelectItem(chooser->GetTreeCtrl()->topLevelItem(c.top));
+            chooser->SelectItem(c.child < 0 ? top : top->child(c.child));
         ui.ExpectMessage(QStringLiteral("请选择正确的模板"));
         Click(&dialog, CVorDPMEditTemplateDlg::IDC_OK);
         ui.VerifyAllUsed();
