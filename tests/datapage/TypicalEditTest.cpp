@@ -2,7 +2,6 @@
 // the main dialog, a product is added on the product data page from a template, its five
 // tables are filled through the record editor (the shape's script picked in the script editor,
 // with a preview), "保存关闭" saves it, and the catalog and the file on disk hold every value.
-#include <QAction>
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
@@ -18,7 +17,6 @@
 #include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMNewProductDlg.h"
-#include "product/CVorDPMPropertyGridDelegate.h"
 #include "product/ProductTestBase.h"
 #include "query/CVorDPMData.h"
 #include "script/CVorDPMScriptEdit.h"
@@ -38,6 +36,7 @@ void CountPreview(QRect, QWidget*, const QString&, const char*,
 struct RecordEditor : ProductTestBase {
     using ProductTestBase::Grid;
     using ProductTestBase::GridEdits;
+    using ProductTestBase::PressButton;
     using ProductTestBase::TypeInto;
 };
 
@@ -65,17 +64,6 @@ protected:
         g_previews = 0;
     }
 
-    // Presses the in-place button of the record editor's item `caption`.
-    static void PressItemButton(QDialog* editor, const QString& caption) {
-        CVorDPMPropertyGrid* grid = RecordEditor::Grid(editor);
-        QWidget* inplace = grid->EditValue(grid->FindItem(caption));
-        ASSERT_TRUE(inplace) << caption.toStdString();
-        auto* button =
-            inplace->findChild<QAction*>(CVorDPMPropertyGridDelegate::kInplaceButtonName);
-        ASSERT_TRUE(button) << caption.toStdString();
-        button->trigger();
-    }
-
     void NewRecord(QDialog* create, int table, std::function<int(QDialog*)> editor) {
         ui.ExpectDialog(std::move(editor));
         QTest::mouseClick(Control<QToolButton>(create, Panel::ButtonId(table, 0)), Qt::LeftButton);
@@ -89,7 +77,7 @@ protected:
         NewRecord(create, Panel::Pictures, Filling([this](QDialog* editor) {
                       RecordEditor::TypeInto(RecordEditor::Grid(editor), "名字", "正视图");
                       ui.ExpectFile(picturePath);
-                      PressItemButton(editor, QStringLiteral("图片"));
+                      RecordEditor::PressButton(*editor, QStringLiteral("图片"));
                       Click(editor, VorDPMControlId::IDOK);
                   }));
         NewRecord(create, Panel::Shapes, Filling([this](QDialog* editor) {
@@ -102,7 +90,7 @@ protected:
                           Click(scripts, CVorDPMScriptEdit::IDC_PREVIEW);
                           Click(scripts, VorDPMControlId::IDOK);
                       }));
-                      PressItemButton(editor, QStringLiteral("DPS ID"));
+                      RecordEditor::PressButton(*editor, QStringLiteral("DPS ID"));
                       Click(editor, VorDPMControlId::IDOK);
                   }));
         NewRecord(create, Panel::Products,
