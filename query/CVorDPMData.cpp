@@ -1,6 +1,7 @@
 #include "query/CVorDPMData.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTreeWidget>
 
 #include "CVorDPMDPC.h"
@@ -63,17 +64,38 @@ bool SameIgnoringCase(const QString& a, const QString& b) {
 void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
                 QString& name) {
     name += parts.first();
-    int values = 1;
+    // The properties that the rule names, once per naming token; their values are then read
+    // in one pass over the packed row.
+    std::vector<int> named;
     ForEachLiveRow<CVorDPM_DPD_Property>(*dpd, [&](const CVorDPM_DPD_Property* property) {
         const QString& param = property->GetParamAlias();
-        for (qsizetype i = 1; i < parts.size(); ++i) {
-            if (!SameIgnoringCase(parts[i], param)) continue;
-            const QString value = serial.GetValue(property->GetObjectId());
-            if (value.isEmpty()) continue;
-            if (++values > 2) name += QLatin1Char('*');
-            name += value;
-        }
+        for (qsizetype i = 1; i < parts.size(); ++i)
+            if (SameIgnoringCase(parts[i], param)) named.push_back(property->GetObjectId());
     });
+    int values = 1;
+    for (const QString& value : serial.GetValues(named)) {
+        if (value.isEmpty()) continue;
+        if (++values > 2) name += QLatin1Char('*');
+        name += value;
+    }
+}
+
+// The product names of the live entries of every catalog of the library, case-folded: a
+// catalog holds a product when an entry names it without regard to case.
+QSet<QString> CataloguedProducts(CVorDPMLibraryManager& library) {
+    QStringList catalogs;
+    library.GetAllDPCName(catalogs);
+    QSet<QString> products;
+    for (const QString& name : std::as_const(catalogs)) {
+        CVorDPMDPC* catalog = nullptr;
+        library.GetDPC(name, catalog);
+        if (!catalog) continue;
+        CKZList<CVorDPM_DPC_Content*> entries;
+        catalog->GetAllContent(entries, 0);
+        for (const CVorDPM_DPC_Content* entry : entries)
+            products.insert(entry->GetDPD().toCaseFolded());
+    }
+    return products;
 }
 
 }  // namespace
@@ -220,17 +242,13 @@ int CVorDPMData::GetALLExteriorDPD(const QString& library, CKZList<CVorDPMDPD*>&
     CVorDPMLibraryManager* manager = nullptr;
     GetLibraryManger(library, manager);
     if (!manager) return 0;
-    QStringList catalogs;
+    // The products every catalog names, gathered once: asking each catalog about each
+    // definition would cost definitions times entries.
+    const QSet<QString> catalogued = CataloguedProducts(*manager);
     QStringList definitions;
-    manager->GetAllDPCName(catalogs);
     manager->GetAllDPDName(definitions);
-    for (const QString& name : std::as_const(catalogs)) {
-        CVorDPMDPC* catalog = nullptr;
-        manager->GetDPC(name, catalog);
-        if (!catalog) continue;
-        definitions.removeIf([catalog](const QString& dpd) { return catalog->HasDPD(dpd) != 0; });
-    }
     for (const QString& name : std::as_const(definitions)) {
+        if (catalogued.contains(name.toCaseFolded())) continue;
         CVorDPMDPD* dpd = nullptr;
         manager->GetDPD(name, dpd);
         if (dpd) out.AddTail(dpd);

@@ -5,17 +5,17 @@
 CVorDPMCacheTableManger::CVorDPMCacheTableManger(CVorDPMDPDBase& definition) {
     CKZList<CVorDPM_DPD_Property*> properties;
     definition.GetAllProperty(properties);
-    for (const CVorDPM_DPD_Property* property : properties)
+    std::vector<int> propertyIds;
+    for (const CVorDPM_DPD_Property* property : properties) {
         m_columns.append(property->GetParamAlias());
+        propertyIds.push_back(property->GetObjectId());
+    }
     CKZList<CVorDPM_DPD_Serial*> serials;
     definition.GetAllSerial(serials);
     m_rows.reserve(serials.GetCount());
     for (const CVorDPM_DPD_Serial* serial : serials) {
-        QStringList values;
-        for (const CVorDPM_DPD_Property* property : properties)
-            values.append(serial->GetValue(property->GetObjectId()));
         m_rowByKey.insert(serial->GetKey(), static_cast<int>(m_rows.size()));
-        m_rows.push_back(values);
+        m_rows.push_back(serial->GetValues(propertyIds));
     }
 }
 

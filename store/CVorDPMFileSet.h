@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QHash>
 #include <QStringList>
@@ -23,12 +24,17 @@ public:
 
     CVorDPMFileSet(const QString& folder, const QString& extension, const QString& root,
                    Factory factory)
-        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {
-        Scan();
-    }
+        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {}
 
-    const QStringList& Names() const { return m_names; }
-    bool Has(const QString& name) const { return m_byFoldedName.contains(name.toCaseFolded()); }
+    // Sorted as every listing of the store (VorDPMNames::Less).
+    const QStringList& Names() const {
+        Scan();
+        return m_names;
+    }
+    bool Has(const QString& name) const {
+        Scan();
+        return m_byFoldedName.contains(name.toCaseFolded());
+    }
     QString PathOf(const QString& name) const {
         return QDir(m_folder).filePath(name + m_extension);
     }
@@ -123,29 +129,41 @@ public:
     }
 
 private:
-    void Scan() {
-        QStringList names;
-        const QStringList files =
-            QDir(m_folder).entryList({QLatin1Char('*') + m_extension}, QDir::Files);
-        for (const QString& file : files) names.append(file.left(file.size() - m_extension.size()));
-        VorDPMNames::Sort(names);
-        m_names = names;
-        for (const QString& name : m_names) m_byFoldedName.insert(name.toCaseFolded(), name);
+    // Lists the folder on the first question about names, not when the set is made: a search
+    // of a library's catalogs never pays for listing its many definitions. The folder is read
+    // unsorted (a name filter and a sorted listing would each cost a pass) and sorted once.
+    void Scan() const {
+        if (m_scanned) return;
+        m_scanned = true;
+        QDirIterator files(m_folder, QDir::Files);
+        while (files.hasNext()) {
+            files.next();
+            const QString file = files.fileName();
+            // As a "*.DPD" filter of a folder listing: any case, and not the bare extension.
+            if (file.size() > m_extension.size() && file.endsWith(m_extension, Qt::CaseInsensitive))
+                m_names.append(file.left(file.size() - m_extension.size()));
+        }
+        VorDPMNames::Sort(m_names);
+        m_byFoldedName.reserve(m_names.size());
+        for (const QString& name : std::as_const(m_names))
+            m_byFoldedName.insert(name.toCaseFolded(), name);
     }
 
     // The name as the file is called, found without regard to case; empty when there is none.
     QString Canonical(const QString& name) const {
+        Scan();
         return m_byFoldedName.value(name.toCaseFolded());
     }
 
     void AddName(const QString& name) {
-        m_names.append(name);
-        VorDPMNames::Sort(m_names);
+        Scan();
+        VorDPMNames::InsertSorted(m_names, name);
         m_byFoldedName.insert(name.toCaseFolded(), name);
     }
 
     void RemoveName(const QString& canonical) {
-        m_names.removeOne(canonical);
+        Scan();
+        VorDPMNames::RemoveSorted(m_names, canonical);
         m_byFoldedName.remove(canonical.toCaseFolded());
     }
 
@@ -174,8 +192,9 @@ private:
     QString m_extension;
     QString m_root;
     Factory m_factory;
-    QStringList m_names;
-    QHash<QString, QString> m_byFoldedName;
+    mutable bool m_scanned = false;
+    mutable QStringList m_names;
+    mutable QHash<QString, QString> m_byFoldedName;
     std::map<QString, std::unique_ptr<T>> m_loaded;
     // Removed files' objects: kept so that pointers handed out earlier stay valid.
     std::vector<std::unique_ptr<T>> m_retired;

@@ -1,6 +1,7 @@
 #include "CVorDPMTable.h"
 
 #include "CVorDPMDBBase.h"
+#include "CVorDPMKeyIndex.h"
 #include "CVorDPMMemoryFiler.h"
 
 CVorDPMTable::CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info)
@@ -15,6 +16,7 @@ void CVorDPMTable::Clear() {
     m_rows.clear();
     m_byId.clear();
     m_changed.clear();
+    if (m_keyIndex) m_keyIndex->Drop();
 }
 
 bool CVorDPMTable::IsReadable() const {
@@ -37,6 +39,7 @@ void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
     m_rows.push_back(row);
     m_byId.emplace(objectId, row);
     if (objectId >= m_nextId) m_nextId = objectId + 1;
+    if (m_keyIndex) m_keyIndex->Added(row);
 }
 
 namespace {
@@ -79,6 +82,8 @@ void CVorDPMTable::Restore(CVorDPMObject* row, const CVorDPMObject& image) {
     row->VorDPMInFields(&filer);
     row->m_deleted = image.m_deleted;
     row->MarkChanged();
+    // The fields were put back behind the setters' backs: any key may have changed.
+    if (row->m_table && row->m_table->m_keyIndex) row->m_table->m_keyIndex->Drop();
 }
 
 CVorDPMObject* CVorDPMTable::Find(int objectId) const {
@@ -86,6 +91,19 @@ CVorDPMObject* CVorDPMTable::Find(int objectId) const {
     const auto found = m_byId.find(objectId);
     if (found == m_byId.end() || found->second->IsDeleted()) return nullptr;
     return found->second;
+}
+
+void CVorDPMTable::IndexByKey(std::function<QString(const CVorDPMObject&)> keyOf) {
+    m_keyIndex = std::make_unique<CVorDPMKeyIndex>(std::move(keyOf));
+}
+
+CVorDPMObject* CVorDPMTable::FindByKey(const QString& key) const {
+    if (!m_keyIndex || !IsReadable()) return nullptr;
+    return m_keyIndex->Find(key, m_rows);
+}
+
+void CVorDPMTable::KeyChanged(CVorDPMObject* row, const QString& oldKey) {
+    if (m_keyIndex) m_keyIndex->KeyChanged(row, oldKey);
 }
 
 int CVorDPMTable::LiveCount() const {

@@ -1,6 +1,8 @@
 // One table of a store file held in memory: rows in table order, lookup by id, change tracking.
 #pragma once
 
+#include <QString>
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -10,6 +12,7 @@
 #include "VorDPMExport.h"
 
 class CVorDPMDBBase;
+class CVorDPMKeyIndex;
 
 class VORDPM_API CVorDPMTable {
 public:
@@ -37,6 +40,12 @@ public:
 
     // Live (not deleted) row by id, or null.
     CVorDPMObject* Find(int objectId) const;
+    // Makes the rows findable by a text key; the file that owns the table sets this up.
+    void IndexByKey(std::function<QString(const CVorDPMObject&)> keyOf);
+    // The first live row in table order whose key equals `key`, or null (also without a key).
+    CVorDPMObject* FindByKey(const QString& key) const;
+    // Called by a row of the table whose key changed.
+    void KeyChanged(CVorDPMObject* row, const QString& oldKey);
     // Every row, deleted ones included; reads the file first if it was not read yet.
     const std::vector<CVorDPMObject*>& AllRows() const;
     int LiveCount() const;
@@ -65,5 +74,6 @@ private:
     std::vector<CVorDPMObject*> m_rows;
     std::unordered_map<int, CVorDPMObject*> m_byId;
     std::vector<CVorDPMObject*> m_changed;
+    std::unique_ptr<CVorDPMKeyIndex> m_keyIndex;
     int m_nextId = 1;
 };

@@ -1,7 +1,9 @@
 #include "CVorDPM_DPD_Serial.h"
 
 #include <cstring>
+#include <utility>
 
+#include "CVorDPMTable.h"
 #include "VorDPMFieldIO.h"
 
 VORDPM_DEFINE_ROW(CVorDPM_DPD_Serial, "serial",
@@ -75,6 +77,13 @@ QByteArray Escape(const QString& value) {
 
 }  // namespace
 
+void CVorDPM_DPD_Serial::SetKey(const QString& key) {
+    if (m_Key == key) return;
+    const QString old = std::exchange(m_Key, key);
+    MarkChanged();
+    if (GetTable()) GetTable()->KeyChanged(this, old);
+}
+
 QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
     PackedEntry entry;
     if (!FindEntry(
@@ -82,6 +91,25 @@ QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
             entry))
         return {};
     return Unescape(entry.value, entry.valueLength);
+}
+
+QStringList CVorDPM_DPD_Serial::GetValues(const std::vector<int>& propertyObjectIds) const {
+    QStringList values(static_cast<qsizetype>(propertyObjectIds.size()));
+    // A property listed in the row twice keeps its first value, as GetValue reads it.
+    std::vector<bool> filled(propertyObjectIds.size(), false);
+    PackedEntry unused;
+    FindEntry(
+        m_values,
+        [&](const PackedEntry& e) {
+            for (size_t i = 0; i < propertyObjectIds.size(); ++i) {
+                if (propertyObjectIds[i] != e.propertyId || filled[i]) continue;
+                values[static_cast<qsizetype>(i)] = Unescape(e.value, e.valueLength);
+                filled[i] = true;
+            }
+            return false;
+        },
+        unused);
+    return values;
 }
 
 void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {
