@@ -16,7 +16,9 @@ constexpr int kDefinitions = 10000;
 constexpr int kSeries = 100000;
 constexpr int kProperties = 20;
 
-CVorDPMManager* Manager() { return CVorDPMManager::GetVorDPMManager(); }
+CVorDPMManager* Manager() {
+    return CVorDPMManager::GetVorDPMManager();
+}
 
 // One temporary root for the whole run: a library "Big" with kDefinitions empty definitions,
 // and a library "Data" with a large and a small definition.
@@ -47,8 +49,9 @@ private:
         library->CreateDPD(QStringLiteral("P00000"), first);
         // Copying the file is the quick way to a large library; the store only lists names.
         for (int i = 1; i < kDefinitions; ++i)
-            QFile::copy(first->GetDPDFullPath(),
-                        m_dir.filePath(QStringLiteral("Big/P%1.DPD").arg(i, 5, 10, QLatin1Char('0'))));
+            QFile::copy(
+                first->GetDPDFullPath(),
+                m_dir.filePath(QStringLiteral("Big/P%1.DPD").arg(i, 5, 10, QLatin1Char('0'))));
     }
 
     void MakeDefinition(const QString& name, int rows) {
@@ -130,8 +133,9 @@ void BM_PlainSQLiteRead100kRows(benchmark::State& state) {
         std::vector<QByteArray> rows;
         rows.reserve(kSeries);
         while (sqlite3_step(statement) == SQLITE_ROW) {
-            benchmark::DoNotOptimize(sqlite3_column_int(statement, 0) + sqlite3_column_int(statement, 2) +
-                                     sqlite3_column_int(statement, 3) + sqlite3_column_int(statement, 4));
+            benchmark::DoNotOptimize(
+                sqlite3_column_int(statement, 0) + sqlite3_column_int(statement, 2) +
+                sqlite3_column_int(statement, 3) + sqlite3_column_int(statement, 4));
             benchmark::DoNotOptimize(sqlite3_column_text(statement, 1));
             rows.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, 5)),
                               sqlite3_column_bytes(statement, 5));
@@ -160,10 +164,14 @@ void SaveOneChangedRow(benchmark::State& state, const QString& name) {
     }
 }
 
-void BM_SaveOneRowOf100kRows(benchmark::State& state) { SaveOneChangedRow(state, QStringLiteral("Large")); }
+void BM_SaveOneRowOf100kRows(benchmark::State& state) {
+    SaveOneChangedRow(state, QStringLiteral("Large"));
+}
 BENCHMARK(BM_SaveOneRowOf100kRows)->Unit(benchmark::kMillisecond);
 
-void BM_SaveOneRowOf10Rows(benchmark::State& state) { SaveOneChangedRow(state, QStringLiteral("Small")); }
+void BM_SaveOneRowOf10Rows(benchmark::State& state) {
+    SaveOneChangedRow(state, QStringLiteral("Small"));
+}
 BENCHMARK(BM_SaveOneRowOf10Rows)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QHash>
 #include <QStringList>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "CVorDPMFileStore.h"
+#include "VorDPMFolderListing.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMTrash.h"
@@ -130,19 +130,12 @@ public:
 
 private:
     // Lists the folder on the first question about names, not when the set is made: a search
-    // of a library's catalogs never pays for listing its many definitions. The folder is read
-    // unsorted (a name filter and a sorted listing would each cost a pass) and sorted once.
+    // of a library's catalogs never pays for the names of its many definitions. The folder is
+    // read unsorted and sorted once.
     void Scan() const {
         if (m_scanned) return;
         m_scanned = true;
-        QDirIterator files(m_folder, QDir::Files);
-        while (files.hasNext()) {
-            files.next();
-            const QString file = files.fileName();
-            // As a "*.DPD" filter of a folder listing: any case, and not the bare extension.
-            if (file.size() > m_extension.size() && file.endsWith(m_extension, Qt::CaseInsensitive))
-                m_names.append(file.left(file.size() - m_extension.size()));
-        }
+        m_names = VorDPMFolderListing::FileNames(m_folder, m_extension);
         VorDPMNames::Sort(m_names);
         m_byFoldedName.reserve(m_names.size());
         for (const QString& name : std::as_const(m_names))

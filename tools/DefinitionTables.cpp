@@ -14,9 +14,12 @@ template <class Row, class Fetch, class Cells>
 void DefinitionTables::Add(const QString& name, const QStringList& columns, Fetch&& fetch,
                            Cells&& cells) {
     Table table(name, columns);
-    CKZList<Row*> rows;
-    fetch(rows);
-    for (const Row* row : rows) table.rows.append(cells(*row));
+    table.forEachRow = [fetch = std::forward<Fetch>(fetch),
+                        cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
+        CKZList<Row*> rows;
+        fetch(rows);
+        for (const Row* row : rows) visit(cells(*row));
+    };
     m_tables.push_back(std::move(table));
 }
 
@@ -25,7 +28,7 @@ void DefinitionTables::AddProperties(CVorDPMDPD& dpd) {
         QStringLiteral("properties"),
         {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit", "DefValue",
          "SerialCheck", "SystemProperty", "Description"},
-        [&](auto& rows) { dpd.GetAllProperty(rows, 0); },
+        [&dpd](auto& rows) { dpd.GetAllProperty(rows, 0); },
         [](const CVorDPM_DPD_Property& r) -> QVariantList {
             return {r.GetObjectId(),   r.GetPropertyId(),  r.GetPropertyAlias(),
                     r.GetParamAlias(), r.GetChapter(),     r.GetUnit(),
@@ -39,7 +42,7 @@ void DefinitionTables::AddPictures(CVorDPMDPD& dpd) {
         QStringLiteral("pictures"),
         {"id", "Name", "Description", "ImageBytes", "Block2dBytes", "Block3dBytes", "BlockSysBytes",
          "IsUsingBlock"},
-        [&](auto& rows) { dpd.GetAllImage(rows, 0); },
+        [&dpd](auto& rows) { dpd.GetAllImage(rows, 0); },
         [](const CVorDPM_DPD_Image& r) -> QVariantList {
             return {r.GetObjectId(),           r.GetName(),
                     r.GetDescription(),        r.GetImage().GetSize(),
@@ -52,7 +55,7 @@ void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Shape>(
         QStringLiteral("shapes"),
         {"id", "Name", "Description", "DPSId", "Param", "ParamType", "ParamIndex"},
-        [&](auto& rows) { dpd.GetAllShape(rows, 0); },
+        [&dpd](auto& rows) { dpd.GetAllShape(rows, 0); },
         [](const CVorDPM_DPD_Shape& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(),      r.GetDescription(), r.GetDPSId(),
                     r.GetParam(),    r.GetParamType(), r.GetParamIndex()};
@@ -62,7 +65,7 @@ void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
 void DefinitionTables::AddProducts(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Product>(
         QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
-        [&](auto& rows) { dpd.GetAllProduct(rows, 0); },
+        [&dpd](auto& rows) { dpd.GetAllProduct(rows, 0); },
         [](const CVorDPM_DPD_Product& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(), r.GetNameRule(), r.GetDescription()};
         });
@@ -74,15 +77,17 @@ void DefinitionTables::AddSeries(CVorDPMDPD& dpd) {
     dpd.GetAllProperty(properties, 0);
     QStringList columns{"id", "Key", "ProductId", "ImageId", "ShapeId"};
     const qsizetype valuesFrom = columns.size();
-    for (const CVorDPM_DPD_Property* property : properties)
+    std::vector<int> propertyIds;
+    for (const CVorDPM_DPD_Property* property : properties) {
         columns.append(property->GetParamAlias());
+        propertyIds.push_back(property->GetObjectId());
+    }
     Add<CVorDPM_DPD_Serial>(
-        QStringLiteral("series"), columns, [&](auto& rows) { dpd.GetAllSerial(rows, 0); },
-        [&](const CVorDPM_DPD_Serial& r) {
+        QStringLiteral("series"), columns, [&dpd](auto& rows) { dpd.GetAllSerial(rows, 0); },
+        [propertyIds](const CVorDPM_DPD_Serial& r) {
             QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(), r.GetImageId(),
                              r.GetShapeId()};
-            for (const CVorDPM_DPD_Property* property : properties)
-                row.append(r.GetValue(property->GetObjectId()));
+            for (const QString& value : r.GetValues(propertyIds)) row.append(value);
             return row;
         });
     m_tables.back().valueColumnsFrom = valuesFrom;

@@ -1,17 +1,22 @@
 // The five tables of a product definition (properties, pictures, shapes, products, series rows)
-// as named columns of values, ready to be printed as text or JSON. Binary fields are given by
+// as named columns of values, whose rows are made one at a time as they are printed as text or
+// JSON. Binary fields are given by
 // their size in bytes; series rows carry one value column per property, by parameter name.
 #pragma once
 
 #include <QList>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <vector>
 
 class CVorDPMDPD;
 
 class DefinitionTables {
 public:
+    // One row's cells in column order: whole numbers and texts.
+    using RowVisitor = std::function<void(const QVariantList& cells)>;
+
     struct Table {
         Table(const QString& tableName, const QStringList& tableColumns)
             : name(tableName), columns(tableColumns) {}
@@ -20,7 +25,9 @@ public:
         QStringList columns;
         // Columns from this index on hold property values (series rows only).
         qsizetype valueColumnsFrom = -1;
-        QList<QVariantList> rows;
+        // Visits the rows in table order. Each row is made when it is visited and dropped
+        // after, so that printing a table of any size takes little memory.
+        std::function<void(const RowVisitor&)> forEachRow;
     };
 
     explicit DefinitionTables(CVorDPMDPD& dpd);
