@@ -26,18 +26,6 @@ void UnlinkEntries(CKZList<CVorDPM_DPC_Content*>& list, Predicate&& drop) {
     }
 }
 
-// Calls `visit` for each live row of one table of `file`, in table order: what the matching
-// GetAll call lists, without building a list. Naming every row of a large table reads the
-// property rows once per row, where a list of them would be allocated and freed each time.
-template <class Row, class Visit>
-void ForEachLiveRow(const CVorDPMDBBase& file, Visit&& visit) {
-    for (const auto& table : file.Tables()) {
-        if (&table->Info() != &Row::ClassInfo()) continue;
-        for (const CVorDPMObject* row : table->AllRows())
-            if (!row->IsDeleted()) visit(static_cast<const Row*>(row));
-    }
-}
-
 // The rule split into its tokens. Every series row of a product shares one rule, so naming a
 // whole table splits each rule once rather than once per row.
 const QStringList& RuleParts(const QString& rule) {
@@ -67,7 +55,9 @@ void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QString
     // The properties that the rule names, once per naming token; their values are then read
     // in one pass over the packed row.
     std::vector<int> named;
-    ForEachLiveRow<CVorDPM_DPD_Property>(*dpd, [&](const CVorDPM_DPD_Property* property) {
+    // Naming every row of a large table reads the property rows in place once per row, where a
+    // list of them would be allocated and freed each time.
+    dpd->ForEachLiveRow<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property* property) {
         const QString& param = property->GetParamAlias();
         for (qsizetype i = 1; i < parts.size(); ++i)
             if (SameIgnoringCase(parts[i], param)) named.push_back(property->GetObjectId());

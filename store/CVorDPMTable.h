@@ -4,7 +4,6 @@
 #include <QString>
 #include <functional>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "CKZList.h"
@@ -50,13 +49,18 @@ public:
     const std::vector<CVorDPMObject*>& AllRows() const;
     int LiveCount() const;
 
+    // Calls `visit(T*)` for each live row in table order; false when the file cannot be read.
+    template <class T, class Visitor>
+    bool ForEachLive(Visitor&& visit) const {
+        if (!IsReadable()) return false;
+        for (CVorDPMObject* row : m_rows)
+            if (!row->IsDeleted()) visit(static_cast<T*>(row));
+        return true;
+    }
     // Appends the live rows; false when the file cannot be read.
     template <class T>
     bool AppendLive(CKZList<T*>& out) const {
-        if (!IsReadable()) return false;
-        for (CVorDPMObject* row : m_rows)
-            if (!row->IsDeleted()) out.AddTail(static_cast<T*>(row));
-        return true;
+        return ForEachLive<T>([&out](T* row) { out.AddTail(row); });
     }
     // Deletes every row (after a failed read).
     void Clear();
@@ -71,8 +75,9 @@ private:
 
     CVorDPMDBBase* m_file;
     const CVorDPMClassInfo& m_info;
+    // In table order, which is object id order (rows are read by id and added with rising
+    // ids), so a row is found by id with a binary search and no map per row.
     std::vector<CVorDPMObject*> m_rows;
-    std::unordered_map<int, CVorDPMObject*> m_byId;
     std::vector<CVorDPMObject*> m_changed;
     std::unique_ptr<CVorDPMKeyIndex> m_keyIndex;
     int m_nextId = 1;

@@ -10,52 +10,45 @@ DefinitionTables::DefinitionTables(CVorDPMDPD& dpd) {
     AddSeries(dpd);
 }
 
-template <class Row, class Fetch, class Cells>
-void DefinitionTables::Add(const QString& name, const QStringList& columns, Fetch&& fetch,
+template <class Row, class Cells>
+void DefinitionTables::Add(CVorDPMDPD& dpd, const QString& name, const QStringList& columns,
                            Cells&& cells) {
     Table table(name, columns);
-    table.forEachRow = [fetch = std::forward<Fetch>(fetch),
-                        cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
-        CKZList<Row*> rows;
-        fetch(rows);
-        for (const Row* row : rows) visit(cells(*row));
+    table.forEachRow = [&dpd, cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
+        dpd.ForEachLiveRow<Row>([&](const Row* row) { visit(cells(*row)); });
     };
     m_tables.push_back(std::move(table));
 }
 
 void DefinitionTables::AddProperties(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Property>(
-        QStringLiteral("properties"),
-        {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit", "DefValue",
-         "SerialCheck", "SystemProperty", "Description"},
-        [&dpd](auto& rows) { dpd.GetAllProperty(rows, 0); },
-        [](const CVorDPM_DPD_Property& r) -> QVariantList {
-            return {r.GetObjectId(),   r.GetPropertyId(),  r.GetPropertyAlias(),
-                    r.GetParamAlias(), r.GetChapter(),     r.GetUnit(),
-                    r.GetDefValue(),   r.GetSerialCheck(), r.GetSystemProperty(),
-                    r.GetDescription()};
-        });
+    Add<CVorDPM_DPD_Property>(dpd, QStringLiteral("properties"),
+                              {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit",
+                               "DefValue", "SerialCheck", "SystemProperty", "Description"},
+                              [](const CVorDPM_DPD_Property& r) -> QVariantList {
+                                  return {r.GetObjectId(),       r.GetPropertyId(),
+                                          r.GetPropertyAlias(),  r.GetParamAlias(),
+                                          r.GetChapter(),        r.GetUnit(),
+                                          r.GetDefValue(),       r.GetSerialCheck(),
+                                          r.GetSystemProperty(), r.GetDescription()};
+                              });
 }
 
 void DefinitionTables::AddPictures(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Image>(
-        QStringLiteral("pictures"),
-        {"id", "Name", "Description", "ImageBytes", "Block2dBytes", "Block3dBytes", "BlockSysBytes",
-         "IsUsingBlock"},
-        [&dpd](auto& rows) { dpd.GetAllImage(rows, 0); },
-        [](const CVorDPM_DPD_Image& r) -> QVariantList {
-            return {r.GetObjectId(),           r.GetName(),
-                    r.GetDescription(),        r.GetImage().GetSize(),
-                    r.GetBlock2d().GetSize(),  r.GetBlock3d().GetSize(),
-                    r.GetBlockSys().GetSize(), r.GetIsUsingBlock()};
-        });
+    Add<CVorDPM_DPD_Image>(dpd, QStringLiteral("pictures"),
+                           {"id", "Name", "Description", "ImageBytes", "Block2dBytes",
+                            "Block3dBytes", "BlockSysBytes", "IsUsingBlock"},
+                           [](const CVorDPM_DPD_Image& r) -> QVariantList {
+                               return {r.GetObjectId(),           r.GetName(),
+                                       r.GetDescription(),        r.GetImage().GetSize(),
+                                       r.GetBlock2d().GetSize(),  r.GetBlock3d().GetSize(),
+                                       r.GetBlockSys().GetSize(), r.GetIsUsingBlock()};
+                           });
 }
 
 void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Shape>(
-        QStringLiteral("shapes"),
+        dpd, QStringLiteral("shapes"),
         {"id", "Name", "Description", "DPSId", "Param", "ParamType", "ParamIndex"},
-        [&dpd](auto& rows) { dpd.GetAllShape(rows, 0); },
         [](const CVorDPM_DPD_Shape& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(),      r.GetDescription(), r.GetDPSId(),
                     r.GetParam(),    r.GetParamType(), r.GetParamIndex()};
@@ -64,8 +57,7 @@ void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
 
 void DefinitionTables::AddProducts(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Product>(
-        QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
-        [&dpd](auto& rows) { dpd.GetAllProduct(rows, 0); },
+        dpd, QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
         [](const CVorDPM_DPD_Product& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(), r.GetNameRule(), r.GetDescription()};
         });
@@ -82,13 +74,13 @@ void DefinitionTables::AddSeries(CVorDPMDPD& dpd) {
         columns.append(property->GetParamAlias());
         propertyIds.push_back(property->GetObjectId());
     }
-    Add<CVorDPM_DPD_Serial>(
-        QStringLiteral("series"), columns, [&dpd](auto& rows) { dpd.GetAllSerial(rows, 0); },
-        [propertyIds](const CVorDPM_DPD_Serial& r) {
-            QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(), r.GetImageId(),
-                             r.GetShapeId()};
-            for (const QString& value : r.GetValues(propertyIds)) row.append(value);
-            return row;
-        });
+    Add<CVorDPM_DPD_Serial>(dpd, QStringLiteral("series"), columns,
+                            [propertyIds](const CVorDPM_DPD_Serial& r) {
+                                QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(),
+                                                 r.GetImageId(), r.GetShapeId()};
+                                for (const QString& value : r.GetValues(propertyIds))
+                                    row.append(value);
+                                return row;
+                            });
     m_tables.back().valueColumnsFrom = valuesFrom;
 }

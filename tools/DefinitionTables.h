@@ -35,9 +35,9 @@ public:
     const std::vector<Table>& Tables() const { return m_tables; }
 
 private:
-    // Appends a table with one row per row of the definition that `fetch` lists.
-    template <class Row, class Fetch, class Cells>
-    void Add(const QString& name, const QStringList& columns, Fetch&& fetch, Cells&& cells);
+    // Appends a table with one row per live row of the definition's table of class `Row`.
+    template <class Row, class Cells>
+    void Add(CVorDPMDPD& dpd, const QString& name, const QStringList& columns, Cells&& cells);
 
     void AddProperties(CVorDPMDPD& dpd);
     void AddPictures(CVorDPMDPD& dpd);

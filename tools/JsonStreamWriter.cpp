@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr qsizetype kFlushSize = 1 << 20;
+constexpr qsizetype kFlushSize = 1 << 16;
 
 bool NeedsEscape(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == '"' || c == '\\';
@@ -41,7 +41,7 @@ void AppendEscaped(QByteArray& out, char c) {
 }  // namespace
 
 JsonStreamWriter::JsonStreamWriter(QIODevice& out) : m_out(out) {
-    m_buffer.reserve(kFlushSize + 4096);
+    m_buffer.reserve(2 * kFlushSize);
 }
 
 JsonStreamWriter::~JsonStreamWriter() {
