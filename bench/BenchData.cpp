@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "BenchScratch.h"
 #include "CVorDPMManager.h"
 
 namespace {
@@ -18,8 +19,7 @@ CVorDPMManager* Manager() {
 QString BenchData::UseRoot(const QTemporaryDir& temporary, const QString& name) {
     const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
     const QString home = QDir(kept.isEmpty() ? temporary.path() : kept).filePath(name);
-    qputenv("XDG_CONFIG_HOME", (home + QStringLiteral("/config")).toUtf8());
-    qputenv("XDG_DATA_HOME", (home + QStringLiteral("/data")).toUtf8());
+    BenchScratch::RedirectUserFolders(home);
     const QString root = home + QStringLiteral("/root");
     if (Manager()->SetDPMLibraryRootPath(root) != 1) qFatal("cannot use %s", qPrintable(root));
     return root;

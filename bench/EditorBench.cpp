@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <memory>
 
+#include "BenchScratch.h"
 #include "CVorDPMEditorDlg.h"
 #include "CVorDPMManager.h"
 #include "sample/SampleLibrary.h"
@@ -35,11 +36,8 @@ BENCHMARK(BM_OpenMainWindow)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
 int main(int argc, char** argv) {
     QTemporaryDir scratch;
-    // Window placements and the remembered root go into the scratch folder, not the user's.
-    qputenv("XDG_CONFIG_HOME", (scratch.path() + QStringLiteral("/config")).toUtf8());
-    qputenv("XDG_DATA_HOME", (scratch.path() + QStringLiteral("/data")).toUtf8());
-    qputenv("QT_QPA_PLATFORM",
-            qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    BenchScratch::RedirectUserFolders(scratch.path());
+    BenchScratch::RunHeadlessUnlessTold();
     QApplication application(argc, argv);
     g_root = scratch.path() + QStringLiteral("/root");
     QString error;

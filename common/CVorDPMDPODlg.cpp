@@ -3,7 +3,10 @@
 #include <QCoreApplication>
 #include <QGroupBox>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
+#include <algorithm>
+#include <cmath>
 #include <iterator>
 
 #include "CVorDPMManager.h"
@@ -17,6 +20,10 @@ namespace {
 
 // The dialog's layout in dialog units.
 const QRect kSize(0, 0, 333, 239);
+// The share of the dialog's growth in width that goes to the list.
+constexpr double kListGrowth = 0.7;
+// What a cell needs beside its text: the delegate's margins and the grid line.
+constexpr int kCellPadding = 12;
 const QRect kGroupBox(7, 7, 95, 205);
 const QRect kTree(14, 19, 81, 186);
 const QRect kListBox(107, 7, 219, 205);
@@ -179,11 +186,11 @@ bool CVorDPMDPODlg::OnInitDialog() {
     m_listBox->setTitle(Tr(texts.listBox));
     FillGroups();
 
-    const QPointF left(0.3, 1.0);
+    const QPointF left(1.0 - kListGrowth, 1.0);
     SetResize(m_groupBox, CVorDPMAnchorResizer::TopLeft, left);
     SetResize(m_tree, CVorDPMAnchorResizer::TopLeft, left);
-    SetResize(m_listBox, QPointF(0.3, 0.0), CVorDPMAnchorResizer::BottomRight);
-    SetResize(m_list, QPointF(0.3, 0.0), CVorDPMAnchorResizer::BottomRight);
+    SetResize(m_listBox, QPointF(1.0 - kListGrowth, 0.0), CVorDPMAnchorResizer::BottomRight);
+    SetResize(m_list, QPointF(1.0 - kListGrowth, 0.0), CVorDPMAnchorResizer::BottomRight);
     for (int id : {VorDPMControlId::IDOK, VorDPMControlId::IDCANCEL})
         SetResize(VorDPMControlId::Find<QPushButton>(this, id), CVorDPMAnchorResizer::BottomRight,
                   CVorDPMAnchorResizer::BottomRight);
@@ -256,6 +263,27 @@ void CVorDPMDPODlg::FillList(const std::vector<QStringList>& rows) {
         m_list->InsertItem(r, rows[r].value(0));
         for (int c = 1; c < rows[r].size(); ++c) m_list->SetItemText(r, c, rows[r][c]);
     }
+    FitColumns();
+}
+
+void CVorDPMDPODlg::FitColumns() {
+    const std::vector<Column>& columns = kModes[m_mode].columns;
+    int total = 0;
+    for (int c = 0; c < static_cast<int>(columns.size()); ++c) {
+        int width = columns[c].width;
+        for (int r = 0; r < m_list->GetItemCount(); ++r)
+            width =
+                std::max(width, m_list->fontMetrics().horizontalAdvance(m_list->GetItemText(r, c)) +
+                                    kCellPadding);
+        m_list->setColumnWidth(c, width);
+        total += width;
+    }
+    if (m_fitted) return;
+    m_fitted = true;
+    const int missing =
+        total + m_list->verticalScrollBar()->sizeHint().width() - m_list->viewport()->width();
+    // The list takes only its anchor's share of the dialog's growth.
+    if (missing > 0) resize(width() + static_cast<int>(std::ceil(missing / kListGrowth)), height());
 }
 
 void CVorDPMDPODlg::OnOK() {

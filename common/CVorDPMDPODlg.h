@@ -53,6 +53,9 @@ private:
     void OnOK();
     void FillGroups();
     void FillList(const std::vector<QStringList>& rows);
+    // Widens the columns whose texts do not fit, and on the first fill the dialog as well, so
+    // that every column can be read.
+    void FitColumns();
     std::vector<Group> GroupsOfTable() const;
     std::vector<QStringList> RowsOfGroup(int groupId) const;
     bool HasTable() const;
@@ -63,4 +66,5 @@ private:
     CVorDPMlistCtrlBase* m_list;
     CVorDPMCommonManager* m_common = nullptr;
     int m_mode = PropertyTable;
+    bool m_fitted = false;
 };

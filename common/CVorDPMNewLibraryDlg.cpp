@@ -7,13 +7,9 @@
 
 #include "CVorDPMManager.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMNames.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMLibraryNames.h"
-
-namespace {
-// Checked and shown to the user in this order.
-const QString kForbidden = QStringLiteral("\\/:*?\"<>|");
-}  // namespace
 
 CVorDPMNewLibraryDlg::CVorDPMNewLibraryDlg(QWidget* parent)
     : QDialog(parent), m_nameEdit(new QLineEdit(this)) {
@@ -33,7 +29,7 @@ CVorDPMNewLibraryDlg::CVorDPMNewLibraryDlg(QWidget* parent)
 
 bool CVorDPMNewLibraryDlg::RemoveForbiddenCharacters(QString& name) {
     bool found = false;
-    for (const QChar c : kForbidden) {
+    for (const QChar c : VorDPMNames::ForbiddenCharacters()) {
         if (!name.contains(c)) continue;
         found = true;
         name.remove(c);
@@ -50,7 +46,8 @@ void CVorDPMNewLibraryDlg::OnOK() {
     m_libraryName = m_nameEdit->text();
     if (RemoveForbiddenCharacters(m_libraryName)) {
         m_nameEdit->setText(m_libraryName);
-        ui->ShowMessage(this, tr("名字不能包含下列任何字符：") + QLatin1Char('\n') + kForbidden);
+        ui->ShowMessage(this, tr("名字不能包含下列任何字符：") + QLatin1Char('\n') +
+                                  VorDPMNames::ForbiddenCharacters());
         return;
     }
     if (LibraryExists(m_libraryName)) {

@@ -1,5 +1,6 @@
 #include "CVorDPMSetLibRoot.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -60,6 +61,11 @@ void CVorDPMSetLibRoot::OnBrowse() {
 void CVorDPMSetLibRoot::OnOK() {
     QString path = m_pathEdit->text();
     if (path.isEmpty()) return;
+    // A mistyped path would otherwise become a new, empty root without a word.
+    if (!QDir(path).exists()) {
+        const QString question = tr("文件夹\"%1\"不存在，是否创建？").arg(QDir::cleanPath(path));
+        if (!CVorDPMUiService::Instance()->Confirm(this, question)) return;
+    }
     // The root is kept as a folder path ending in the separator.
     if (!path.endsWith(QLatin1Char('/'))) path += QLatin1Char('/');
     CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();

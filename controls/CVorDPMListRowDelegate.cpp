@@ -22,8 +22,11 @@ void CVorDPMListRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem
     painter->fillRect(option.rect, fill);
     painter->setFont(option.font);
     painter->setPen(text);
-    painter->drawText(option.rect, Qt::AlignCenter | Qt::TextSingleLine,
-                      index.data(Qt::DisplayRole).toString());
+    // A text wider than its cell ends in "…" (the full text is in the tooltip).
+    const QRect box = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+    const QString shown = option.fontMetrics.elidedText(index.data(Qt::DisplayRole).toString(),
+                                                        Qt::ElideRight, box.width());
+    painter->drawText(box, Qt::AlignCenter | Qt::TextSingleLine, shown);
     painter->restore();
 }
 

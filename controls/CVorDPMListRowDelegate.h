@@ -10,6 +10,8 @@ class CVorDPMListRowDelegate : public QStyledItemDelegate {
 public:
     // The fill of a selected row while the list does not have the keyboard focus.
     static constexpr QRgb kInactiveSelection = 0xF0F0F0;
+    // Room left free at either end of a cell's text.
+    static constexpr int kTextMargin = 2;
 
     using QStyledItemDelegate::QStyledItemDelegate;
 

@@ -10,6 +10,7 @@
 #include <iterator>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMUiService.h"
@@ -25,12 +26,13 @@ struct TextField {
     const char* label;
     const QString& (CVorDPM_DPI_Info::*get)() const;
     void (CVorDPM_DPI_Info::*set)(const QString&);
+    bool multiLine = false;  // edited in a box of several lines
 };
 const TextField kTextFields[] = {
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "公司名称"), &CVorDPM_DPI_Info::GetCompanyName,
      &CVorDPM_DPI_Info::SetCompanyName},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "描述"), &CVorDPM_DPI_Info::GetDescription,
-     &CVorDPM_DPI_Info::SetDescription},
+     &CVorDPM_DPI_Info::SetDescription, true},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "关键字"), &CVorDPM_DPI_Info::GetKeyword,
      &CVorDPM_DPI_Info::SetKeyword},
     {QT_TRANSLATE_NOOP("CDPMlibraryPage", "作者"), &CVorDPM_DPI_Info::GetAuthor,
@@ -103,21 +105,6 @@ int CDPMlibraryPage::SetCurrentPath(const QString& path) {
     return 1;
 }
 
-CVorDPM_DPI_Info* CDPMlibraryPage::LibraryInfo(CVorDPMLibraryManager& library) {
-    CVorDPMDPI* file = library.GetDPI();
-    CVorDPM_DPI_Info* info = nullptr;
-    if (file) file->GetInfo(info);
-    return info;
-}
-
-void CDPMlibraryPage::WriteProductCounts(CVorDPMLibraryManager& library, CVorDPM_DPI_Info& info) {
-    const int local = library.GetLocalProductCount();
-    const int included = library.GetIncludeProductCount();
-    info.SetLocalProductCount(local);
-    info.SetIncludeProductCount(included);
-    info.SetProductCount(local + included);
-}
-
 // Looked up by name each time: the store may have dropped the objects since (a new root).
 CVorDPMLibraryManager* CDPMlibraryPage::Library() const {
     CVorDPMLibraryManager* library = nullptr;
@@ -131,7 +118,9 @@ CVorDPM_DPI_Info* CDPMlibraryPage::Info(QString* problem) const {
         if (problem && !m_library.isEmpty()) *problem = tr("产品库\"%1\"不存在。").arg(m_library);
         return nullptr;
     }
-    CVorDPM_DPI_Info* info = LibraryInfo(*library);
+    CVorDPMDPI* file = library->GetDPI();
+    CVorDPM_DPI_Info* info = nullptr;
+    if (file) file->GetInfo(info);
     if (!info && problem)
         *problem = tr("无法读取产品库\"%1\"的信息文件: %2")
                        .arg(m_library, CVorDPMManager::GetLastErrorText());
@@ -163,8 +152,12 @@ void CDPMlibraryPage::ShowInfo(const CVorDPM_DPI_Info& info) {
 void CDPMlibraryPage::ShowProblem(const QString& problem) {
     m_report->AddAllRecords({}, true, false);
     m_picture->Clear();
-    m_status->setText(problem);
-    m_status->setVisible(!problem.isEmpty());
+    ShowStatus(problem);
+}
+
+void CDPMlibraryPage::ShowStatus(const QString& text) {
+    m_status->setText(text);
+    m_status->setVisible(!text.isEmpty());
 }
 
 // 0-based index into the texts, or -1 when no text row is selected.
@@ -184,11 +177,10 @@ void CDPMlibraryPage::UpdateCommandUi() {
 void CDPMlibraryPage::Modify(const std::function<void(CVorDPM_DPI_Info&)>& change) {
     CVorDPM_DPI_Info* info = Info();
     if (!info) return;
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
-    commands->AddModifiedObject(info);
+    CVorDPMCommandScope command;
+    CVorDPMCommandManager::GetInstance()->AddModifiedObject(info);
     change(*info);
-    commands->EndCommand();
+    command.Commit();
 }
 
 void CDPMlibraryPage::OnEditText() {
@@ -197,8 +189,11 @@ void CDPMlibraryPage::OnEditText() {
     if (index < 0 || !info) return;
     const TextField& field = kTextFields[index];
     QString text = (info->*field.get)();
-    if (!CVorDPMUiService::Instance()->InputText(this, Label(field.label), tr("请输入:"), text))
-        return;
+    CVorDPMUiService* ui = CVorDPMUiService::Instance();
+    const bool typed = field.multiLine
+                           ? ui->InputLongText(this, Label(field.label), tr("请输入:"), text)
+                           : ui->InputText(this, Label(field.label), tr("请输入:"), text);
+    if (!typed) return;
     if (text == (info->*field.get)()) return;
     Modify([&](CVorDPM_DPI_Info& record) { (record.*field.set)(text); });
     Reload();
@@ -223,12 +218,13 @@ void CDPMlibraryPage::OnLoadPicture() {
 void CDPMlibraryPage::OnSave() {
     CVorDPMLibraryManager* library = Library();
     if (!library) return;
-    Modify([&](CVorDPM_DPI_Info& record) { WriteProductCounts(*library, record); });
+    Modify([&](CVorDPM_DPI_Info&) { library->WriteProductCounts(); });
     Reload();
     CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
-    if (manager->SaveWork() != 1)
-        CVorDPMUiService::Instance()->ShowMessage(
-            this, tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText()));
+    if (manager->SaveWork() == 1) return ShowStatus(tr("已保存。"));
+    const QString failure = tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText());
+    ShowStatus(failure);
+    CVorDPMUiService::Instance()->ShowMessage(this, failure);
 }
 
 void CDPMlibraryPage::OnVersion() {

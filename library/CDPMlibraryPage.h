@@ -39,14 +39,10 @@ public:
     CVorDPMPictureCtrl* GetPictureCtrl() const { return m_picture; }
     const QString& GetCurrentPath() const { return m_currentPath; }
 
-    // The information record of a library, made empty when it has none; null when the
-    // library's information file cannot be read.
-    static CVorDPM_DPI_Info* LibraryInfo(CVorDPMLibraryManager& library);
-    // Writes the library's local and included product counts and their sum into `info`.
-    static void WriteProductCounts(CVorDPMLibraryManager& library, CVorDPM_DPI_Info& info);
-
 private:
     void Reload();
+    // A line of text below the report: why nothing is shown, or how a save went.
+    void ShowStatus(const QString& text);
     // The selected library and its record; a reason for the user when there is none.
     CVorDPMLibraryManager* Library() const;
     CVorDPM_DPI_Info* Info(QString* problem = nullptr) const;

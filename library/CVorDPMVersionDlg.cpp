@@ -9,6 +9,10 @@
 #include "common/VorDPMControlId.h"
 #include "library/CVorDPMVersionEditDlg.h"
 
+namespace {
+constexpr int kTimeColumn = 2;
+}  // namespace
+
 CVorDPMVersionDlg::CVorDPMVersionDlg(CVorDPMDBBase* file, const QString& title, QWidget* parent)
     : CVorDPMDialogBase(IDD, parent),
       m_file(file),
@@ -17,7 +21,11 @@ CVorDPMVersionDlg::CVorDPMVersionDlg(CVorDPMDBBase* file, const QString& title, 
       m_edit(VorDPMControlId::AddButton(this, IDC_EDIT_VERSION, tr("修改版本"))) {
     setWindowTitle(title);
     VorDPMControlId::Set(m_list, IDC_VERSION_LIST);
+    // The time column fits a whole "yyyy-MM-dd hh:mm:ss"; the others keep the default width.
+    const int timeWidth =
+        fontMetrics().horizontalAdvance(QStringLiteral("8888-88-88 88:88:88")) + 24;
     m_list->SetColumnHeads({tr("版本"), tr("作者"), tr("时间"), tr("描述")});
+    m_list->setColumnWidth(kTimeColumn, timeWidth);
     QPushButton* close = VorDPMControlId::AddButton(this, VorDPMControlId::IDOK, tr("关闭"));
 
     auto* buttons = new QHBoxLayout;

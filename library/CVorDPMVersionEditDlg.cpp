@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
 #include "CVorDPMDBBase.h"
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
@@ -16,6 +17,8 @@
 namespace {
 
 constexpr double kMaxVersion = 99999.99;
+// How times are shown and typed.
+const QString kTimeFormat = QStringLiteral("yyyy-MM-dd hh:mm:ss");
 
 // A new version continues from the highest one by a whole number.
 double NextVersionNumber(CVorDPMDBBase& file) {
@@ -59,7 +62,7 @@ CVorDPMVersionEditDlg::CVorDPMVersionEditDlg(CVorDPMDBBase* file, CVorDPM_Versio
         return;
     }
     if (file) m_number->setValue(NextVersionNumber(*file));
-    m_time->setText(QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")));
+    m_time->setText(QDateTime::currentDateTime().toString(kTimeFormat));
 }
 
 void CVorDPMVersionEditDlg::Fill(const CVorDPM_Version& version) {
@@ -78,6 +81,13 @@ void CVorDPMVersionEditDlg::Store(CVorDPM_Version& version) const {
 
 void CVorDPMVersionEditDlg::OnOK() {
     if (!m_file) return;
+    // An empty time stands for one not known (older records have none).
+    const QString time = m_time->text();
+    if (!time.isEmpty() && !QDateTime::fromString(time, kTimeFormat).isValid()) {
+        CVorDPMUiService::Instance()->ShowMessage(
+            this, tr("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。"));
+        return;
+    }
     if (m_version ? ChangeVersion() : AddVersion()) accept();
 }
 
@@ -89,32 +99,30 @@ bool CVorDPMVersionEditDlg::AddVersion() {
         CVorDPMUiService::Instance()->ShowMessage(this, refused);
         return false;
     }
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
+    CVorDPMCommandScope command;
     CVorDPM_Version* added = version.release();
     if (m_file->AddVersion(added) != VOR::eOk) {
-        commands->AbortCommand();
+        command.Abort();
         CVorDPMUiService::Instance()->ShowMessage(this, tr("添加版本失败!"));
         return false;
     }
-    commands->AddNewlyCreatedObject(added, 0);
-    commands->EndCommand();
+    CVorDPMCommandManager::GetInstance()->AddNewlyCreatedObject(added, 0);
+    command.Commit();
     return true;
 }
 
 // The record is changed in place and checked afterwards, so that keeping its own number passes;
-// a refused change is rolled back.
+// a refused change is rolled back before the user is told.
 bool CVorDPMVersionEditDlg::ChangeVersion() {
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    commands->StartCommand();
-    commands->AddModifiedObject(m_version);
+    CVorDPMCommandScope command;
+    CVorDPMCommandManager::GetInstance()->AddModifiedObject(m_version);
     Store(*m_version);
     const QString refused = CheckMessage(m_file->IsValid(m_version));
     if (refused.isEmpty()) {
-        commands->EndCommand();
+        command.Commit();
         return true;
     }
-    commands->AbortCommand();
+    command.Abort();
     CVorDPMUiService::Instance()->ShowMessage(this, refused);
     return false;
 }

@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
           libsqlite3-dev liblua5.4-dev libgtest-dev libgmock-dev libbenchmark-dev
-          fonts-wqy-microhei xvfb xauth)
+          fonts-wqy-microhei xvfb xauth clang-format)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -9,6 +9,8 @@ public:
                                     QMessageBox::StandardButtons buttons) override;
     bool InputText(QWidget* parent, const QString& title, const QString& prompt,
                    QString& text) override;
+    bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
+                       QString& text) override;
     QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString ExistingDirectory(QWidget* parent, const QString& caption,

@@ -5,13 +5,13 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QRegularExpression>
 
 #include "CDPMSheet.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMNames.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
@@ -28,10 +28,10 @@ const QRect kTreeRect(6, 7, 90, 290);
 const QSize kDialogSize(447, 316);
 constexpr int kSheetGap = 12;
 
-// Characters a new catalog name may not hold: it becomes a file name.
-const QRegularExpression& InvalidCatalogCharacters() {
-    static const QRegularExpression pattern(QStringLiteral(R"([\\"/:;*?<>\[\]|])"));
-    return pattern;
+// Characters a new catalog name may not hold: those of every stored name, and ; [ ].
+const QString& InvalidCatalogCharacters() {
+    static const QString characters = VorDPMNames::ForbiddenCharacters() + QStringLiteral(";[]");
+    return characters;
 }
 
 }  // namespace
@@ -72,8 +72,7 @@ CVorDPMEditorDlg::~CVorDPMEditorDlg() {
     for (const QString& name : names) {
         CVorDPMLibraryManager* library = nullptr;
         CVorDPMData::GetLibraryManger(name, library);
-        CVorDPM_DPI_Info* info = library ? CDPMlibraryPage::LibraryInfo(*library) : nullptr;
-        if (info) CDPMlibraryPage::WriteProductCounts(*library, *info);
+        if (library) library->WriteProductCounts();
     }
 }
 
@@ -251,6 +250,9 @@ void CVorDPMEditorDlg::OnNewLibrary() {
     CVorDPMNewLibraryDlg dialog(this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
     m_tree->AppendItem(dialog.GetLibraryName(), CVorDPMTreeCtrlEx::ImageLibrary, nullptr, nullptr);
+    // The tree may already show that name, with the pages saying the library does not exist.
+    if (CurrentPath.section(QLatin1Char('/'), 0, 0) == dialog.GetLibraryName())
+        OnSelChanged(m_tree->currentItem());
 }
 
 void CVorDPMEditorDlg::OnRemoveLibraries() {
@@ -276,7 +278,7 @@ void CVorDPMEditorDlg::OnNewCatalog() {
     if (!CVorDPMUiService::Instance()->InputText(this, tr("产品目录名称"), tr("请输入:"), name))
         return;
     if (name.isEmpty()) return ShowMessage(tr("请输入产品目录名称！"));
-    if (name.contains(InvalidCatalogCharacters()))
+    if (VorDPMNames::ContainsAny(name, InvalidCatalogCharacters()))
         return ShowMessage(tr("文件名含有无效的字符, 请重新输入!"));
     QTreeWidgetItem* node = SelectedNode();
     CVorDPMLibraryManager* library = FindLibrary(node);

@@ -82,7 +82,8 @@ QVariant CVorDPMReportModel::data(const QModelIndex& index, int role) const {
         if (item->number < 0 || item->number >= m_icons.size()) return QVariant();
         return m_icons[item->number];
     }
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return item->text;
+    if (role == Qt::DisplayRole || role == Qt::EditRole || role == Qt::ToolTipRole)
+        return item->text;
     return QVariant();
 }
 
@@ -90,4 +91,25 @@ QVariant CVorDPMReportModel::headerData(int section, Qt::Orientation orientation
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return QVariant();
     if (section < 0 || section >= m_heads.size()) return QVariant();
     return m_heads[section];
+}
+
+void CVorDPMReportModel::SetEditableColumns(const QList<int>& columns) {
+    m_editableColumns = columns;
+}
+
+Qt::ItemFlags CVorDPMReportModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    const CVorDPMReportRecord* record = GetRecord(index.row());
+    const CVorDPMReportRecord::Item* item = record ? record->GetItem(index.column()) : nullptr;
+    if (item && item->kind == CVorDPMReportRecord::Item::Text &&
+        m_editableColumns.contains(index.column()))
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool CVorDPMReportModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
+    if (!GetRecord(index.row())->SetItemText(index.column(), value.toString())) return false;
+    emit dataChanged(index, index, {Qt::DisplayRole, Qt::EditRole});
+    return true;
 }

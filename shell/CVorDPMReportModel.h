@@ -35,16 +35,21 @@ public:
     const QStringList& GetColumnHeads() const { return m_heads; }
     // Icons that picture items show by their number.
     void SetIcons(const QList<QIcon>& icons);
+    // Columns whose text items the user may edit in place; none unless set.
+    void SetEditableColumns(const QList<int>& columns);
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
 private:
     std::vector<std::unique_ptr<CVorDPMReportRecord>> m_records;
     QStringList m_heads;
     QList<QIcon> m_icons;
+    QList<int> m_editableColumns;
     bool m_refilling = false;
 };

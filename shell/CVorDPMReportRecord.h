@@ -30,6 +30,14 @@ public:
         return &m_items[static_cast<size_t>(column)];
     }
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
+    // Changes the caption of a text item; false when the column holds no text item.
+    bool SetItemText(int column, const QString& text) {
+        if (column < 0 || column >= GetItemCount()) return false;
+        Item& item = m_items[static_cast<size_t>(column)];
+        if (item.kind != Item::Text) return false;
+        item.text = text;
+        return true;
+    }
 
 private:
     std::vector<Item> m_items;

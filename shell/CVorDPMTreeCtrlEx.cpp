@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QMouseEvent>
 #include <QStringList>
 #include <QTreeWidgetItemIterator>
 #include <unordered_map>
@@ -471,4 +472,12 @@ Qt::CheckState CVorDPMTreeCtrlEx::GetCheckState(const QTreeWidgetItem* node) {
 void CVorDPMTreeCtrlEx::SetChecked(QTreeWidgetItem* node, bool checked) {
     if (node && node->flags().testFlag(Qt::ItemIsUserCheckable))
         node->setCheckState(0, checked ? Qt::Checked : Qt::Unchecked);
+}
+
+void CVorDPMTreeCtrlEx::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        event->accept();
+        return;
+    }
+    QTreeWidget::mousePressEvent(event);
 }

@@ -98,6 +98,9 @@ signals:
 protected:
     void InitalImageList();
     void PreSubclassWindow();
+    // A right click opens the owner's menu but leaves the selection as it is: the menu's
+    // commands work on the selected node.
+    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     class ChildIndex;

@@ -13,6 +13,10 @@ CVorDPMUiService* CVorDPMUiService::Instance() {
     return g_installed ? g_installed : &real;
 }
 
+CVorDPMUiService* CVorDPMUiService::Installed() {
+    return g_installed;
+}
+
 void CVorDPMUiService::Install(CVorDPMUiService* service) {
     g_installed = service;
 }

@@ -16,6 +16,8 @@ public:
     static CVorDPMUiService* Instance();
     // Installs a driver (not owned); null puts the real dialogs back.
     static void Install(CVorDPMUiService* service);
+    // The installed driver, null when the real dialogs are in use.
+    static CVorDPMUiService* Installed();
 
     // A message box with the given buttons; returns the button pressed.
     virtual QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
@@ -24,6 +26,9 @@ public:
     // The input box: title, prompt and the text (in: default, out: typed). False when cancelled.
     virtual bool InputText(QWidget* parent, const QString& title, const QString& prompt,
                            QString& text) = 0;
+    // The same for a text of several lines.
+    virtual bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
+                               QString& text) = 0;
     // File dialogs; an empty result means cancelled. `filter` uses Qt's "Name (*.x)" form.
     virtual QString OpenFileName(QWidget* parent, const QString& caption,
                                  const QString& filter) = 0;

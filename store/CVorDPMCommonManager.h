@@ -1,5 +1,6 @@
 // The library-independent common tables at the library root: properties, units and built-in
-// parameters. Each is read on first use and made empty when the root has none yet.
+// parameters. Each is read on first use and made empty when the root has none yet. Owned by the
+// store (see CVorDPMManager for invalidation and threading).
 #pragma once
 
 #include <QString>
@@ -14,7 +15,8 @@ public:
     explicit CVorDPMCommonManager(const QString& root);
     ~CVorDPMCommonManager();
 
-    // Null when the file exists but cannot be read (the reason is the store's last error).
+    // Null when the file exists but cannot be read (the reason is the store's last error);
+    // the table and its rows belong to the store.
     CVorDPMDPOProperty* GetPropertyDPO();
     CVorDPMDPOUnit* GetUnitDPO();
     CVorDPMDPOInnerParam* GetInnerParamDPO();

@@ -1,4 +1,14 @@
 // A store file held in memory: its tables, its version records and its saving.
+//
+// Row access, the same for every table of every file:
+// - GetAll…(out): appends the live rows (never those marked deleted) in the file's order; eOk,
+//   or eFileError when the file cannot be read (nothing appended; GetLastErrorText says why).
+// - Get…(id or key, out): eOk with `out` set to the live row, or eNotFound (also for a deleted
+//   row or an unreadable file) with `out` left as it was.
+// - Add…(row): the store takes the row whatever the result (never delete it); eOk, or eFail
+//   for a null row, a row of another table or a row already added, or an unreadable file.
+// Rows belong to the file and stay valid until a root switch or DiscardChanges (see
+// CVorDPMManager). The store is single-threaded.
 #pragma once
 
 #include <QString>
@@ -18,7 +28,7 @@ public:
 
     VOR::ErrorStatus GetAllVersion(CKZList<CVorDPM_Version*>& out, int filter = 0);
     VOR::ErrorStatus GetVersion(double version, CVorDPM_Version*& out, int filter = 0);
-    // The version with the highest number.
+    // The version with the highest number; eNotFound when the file has none.
     VOR::ErrorStatus GetLastVersion(CVorDPM_Version*& out, int filter = 0);
     // Takes the record; 2001 when that version number exists, 2002 when it is not positive.
     VOR::ErrorStatus AddVersion(CVorDPM_Version*& version);

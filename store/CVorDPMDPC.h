@@ -1,5 +1,6 @@
 // A product catalog: entries that place product definitions under up to three classification
-// levels, and references to catalogs of other libraries.
+// levels, and references to catalogs of other libraries. Get…, GetAll… and Add… follow the row
+// access rules of CVorDPMDBBase.
 #pragma once
 
 #include "CVorDPMDBBase.h"
@@ -30,9 +31,12 @@ public:
     VOR::ErrorStatus RemoveContent(const QString& dpdName);
     // Nonzero when a live entry names that definition (compared without regard to case).
     int HasDPD(const QString& dpdName);
+    // The definition an entry names, in this catalog's library: the statuses of
+    // CVorDPMLibraryManager::GetDPD, or eFail for a null entry.
     VOR::ErrorStatus GetDPD(const CVorDPM_DPC_Content* content, CVorDPMDPD*& out);
 
     VOR::ErrorStatus GetAllInclude(CKZList<CVorDPM_DPC_Include*>& out, int filter = 0);
+    // The live reference to that library's catalog, both compared without regard to case.
     VOR::ErrorStatus GetInclude(const QString& library, const QString& catalog,
                                 CVorDPM_DPC_Include*& out, int filter = 0);
     VOR::ErrorStatus AddInclude(CVorDPM_DPC_Include* include);

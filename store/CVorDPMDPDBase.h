@@ -1,5 +1,6 @@
 // The six tables of a product definition (properties, pictures, shapes, products, series rows
-// and scripts) with their row checks; shared by definitions and templates.
+// and scripts) with their row checks; shared by definitions and templates. Get…, GetAll… and
+// Add… follow the row access rules of CVorDPMDBBase.
 #pragma once
 
 #include "CVorDPMDBBase.h"
@@ -24,7 +25,7 @@ public:
     virtual VOR::ErrorStatus GetAllProperty(CKZList<CVorDPM_DPD_Property*>& out, int filter = 0);
     virtual VOR::ErrorStatus AddProperty(CVorDPM_DPD_Property* row);
 
-    // By the row's text key.
+    // By the row's text key (exact); eNotFound when no live row has it.
     virtual VOR::ErrorStatus GetSerial(const QString& key, CVorDPM_DPD_Serial*& out,
                                        int filter = 0);
     virtual VOR::ErrorStatus GetSerial(int id, CVorDPM_DPD_Serial*& out, int filter = 0);

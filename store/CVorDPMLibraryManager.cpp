@@ -4,6 +4,7 @@
 #include <QFile>
 #include <set>
 
+#include "CVorDPMFileSet.h"
 #include "CVorDPMManager.h"
 
 CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QString& name,
@@ -11,75 +12,77 @@ CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QStr
     : m_manager(manager),
       m_name(name),
       m_folder(folder),
-      m_catalogs(folder, QStringLiteral(".DPC"), manager->GetDPMLibraryRootPath(),
-                 [this](const QString& dpc, const QString& path) {
-                     return std::make_unique<CVorDPMDPC>(dpc, path, this);
-                 }),
-      m_definitions(folder, QStringLiteral(".DPD"), manager->GetDPMLibraryRootPath(),
-                    [this](const QString& dpd, const QString& path) {
-                        return std::make_unique<CVorDPMDPD>(dpd, path, this);
-                    }) {}
+      m_catalogs(std::make_unique<CVorDPMFileSet<CVorDPMDPC>>(
+          folder, QStringLiteral(".DPC"), manager->GetDPMLibraryRootPath(),
+          [this](const QString& dpc, const QString& path) {
+              return std::make_unique<CVorDPMDPC>(dpc, path, this);
+          })),
+      m_definitions(std::make_unique<CVorDPMFileSet<CVorDPMDPD>>(
+          folder, QStringLiteral(".DPD"), manager->GetDPMLibraryRootPath(),
+          [this](const QString& dpd, const QString& path) {
+              return std::make_unique<CVorDPMDPD>(dpd, path, this);
+          })) {}
 
 CVorDPMLibraryManager::~CVorDPMLibraryManager() = default;
 
 int CVorDPMLibraryManager::GetAllDPCName(QStringList& out) const {
-    out.append(m_catalogs.Names());
+    out.append(m_catalogs->Names());
     return 1;
 }
 
 int CVorDPMLibraryManager::GetAllDPDName(QStringList& out) const {
-    out.append(m_definitions.Names());
+    out.append(m_definitions->Names());
     return 1;
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::GetDPC(const QString& name, CVorDPMDPC*& out) {
-    return m_catalogs.Get(name, out);
+    return m_catalogs->Get(name, out);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::GetDPD(const QString& name, CVorDPMDPD*& out) {
-    return m_definitions.Get(name, out);
+    return m_definitions->Get(name, out);
 }
 
 int CVorDPMLibraryManager::HasDPD(const QString& name) const {
-    return m_definitions.Has(name) ? 1 : 0;
+    return m_definitions->Has(name) ? 1 : 0;
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CreateDPC(const QString& name, CVorDPMDPC*& out) {
-    return m_catalogs.Create(name, out);
+    return m_catalogs->Create(name, out);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::RemoveDPC(const QString& name) {
-    return m_catalogs.Remove(name);
+    return m_catalogs->Remove(name);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::RenameDPC(const QString& from, const QString& to) {
-    return m_catalogs.Rename(from, to);
+    return m_catalogs->Rename(from, to);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CopyDPC(const QString& source, const QString& to) {
-    return m_catalogs.Copy(source, to);
+    return m_catalogs->Copy(source, to);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CreateDPD(const QString& name, CVorDPMDPD*& out) {
-    return m_definitions.Create(name, out);
+    return m_definitions->Create(name, out);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CreateDPD(const QString& name, CVorDPMDPT* pattern,
                                                   CVorDPMDPD*& out) {
     if (!pattern) return VOR::eFail;
-    return m_definitions.Create(name, out, pattern);
+    return m_definitions->Create(name, out, pattern);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::RemoveDPD(const QString& name) {
-    return m_definitions.Remove(name);
+    return m_definitions->Remove(name);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::RenameDPD(const QString& from, const QString& to) {
-    const VOR::ErrorStatus renamed = m_definitions.Rename(from, to);
+    const VOR::ErrorStatus renamed = m_definitions->Rename(from, to);
     if (renamed != VOR::eOk) return renamed;
-    for (const QString& name : m_catalogs.Names()) {
+    for (const QString& name : m_catalogs->Names()) {
         CVorDPMDPC* catalog = nullptr;
-        if (m_catalogs.Get(name, catalog) != VOR::eOk) continue;
+        if (m_catalogs->Get(name, catalog) != VOR::eOk) continue;
         CKZList<CVorDPM_DPC_Content*> entries;
         catalog->GetAllContent(entries);
         for (CVorDPM_DPC_Content* entry : entries)
@@ -89,7 +92,7 @@ VOR::ErrorStatus CVorDPMLibraryManager::RenameDPD(const QString& from, const QSt
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CopyDPD(const QString& source, const QString& to) {
-    return m_definitions.Copy(source, to);
+    return m_definitions->Copy(source, to);
 }
 
 VOR::ErrorStatus CVorDPMLibraryManager::CopyDPDAsDPT(const QString& dpd,
@@ -134,9 +137,9 @@ CVorDPMTemplateManager* CVorDPMLibraryManager::GetVorDPMTemplateManager() {
 int CVorDPMLibraryManager::GetIncludeProductCount() {
     std::set<std::pair<QString, QString>> counted;
     int count = 0;
-    for (const QString& name : m_catalogs.Names()) {
+    for (const QString& name : m_catalogs->Names()) {
         CVorDPMDPC* catalog = nullptr;
-        if (m_catalogs.Get(name, catalog) != VOR::eOk) continue;
+        if (m_catalogs->Get(name, catalog) != VOR::eOk) continue;
         CKZList<CVorDPM_DPC_Include*> includes;
         catalog->GetAllInclude(includes);
         for (CVorDPM_DPC_Include* include : includes) {
@@ -156,17 +159,29 @@ int CVorDPMLibraryManager::GetIncludeProductCount() {
 }
 
 int CVorDPMLibraryManager::GetLocalProductCount() {
-    return static_cast<int>(m_definitions.Names().size());
+    return static_cast<int>(m_definitions->Names().size());
+}
+
+bool CVorDPMLibraryManager::WriteProductCounts() {
+    CVorDPMDPI* file = GetDPI();
+    CVorDPM_DPI_Info* info = nullptr;
+    if (!file || file->GetInfo(info) != VOR::eOk || !info) return false;
+    const int local = GetLocalProductCount();
+    const int included = GetIncludeProductCount();
+    info->SetLocalProductCount(local);
+    info->SetIncludeProductCount(included);
+    info->SetProductCount(local + included);
+    return true;
 }
 
 bool CVorDPMLibraryManager::IsChanged() const {
-    return m_catalogs.IsChanged() || m_definitions.IsChanged() || (m_info && m_info->IsChanged()) ||
-           (m_templates && m_templates->IsChanged());
+    return m_catalogs->IsChanged() || m_definitions->IsChanged() ||
+           (m_info && m_info->IsChanged()) || (m_templates && m_templates->IsChanged());
 }
 
 bool CVorDPMLibraryManager::Save() {
-    bool ok = m_catalogs.Save();
-    ok = m_definitions.Save() && ok;
+    bool ok = m_catalogs->Save();
+    ok = m_definitions->Save() && ok;
     if (m_info) ok = m_info->Save() == VOR::eOk && ok;
     if (m_templates) ok = m_templates->Save() && ok;
     return ok;

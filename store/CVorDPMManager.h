@@ -1,5 +1,13 @@
 // Root of the store: the library root folder, its libraries, the platform templates and the
 // common tables. One per process, reached through GetVorDPMManager().
+//
+// The store is single-threaded: every call, and every use of an object it hands out, must come
+// from one thread (the host's GUI thread). It takes no locks.
+//
+// Ownership: every object the store hands out (libraries, catalogs, definitions, templates,
+// rows) stays owned by the store; callers never delete it. All of them are invalidated together
+// by a root switch (SetDPMLibraryRootPath) and by DiscardChanges; removing or renaming a file
+// keeps its object alive until then.
 #pragma once
 
 #include <QStringList>
@@ -13,32 +21,47 @@
 
 class VORDPM_API CVorDPMManager {
 public:
+    // The one store of the process; never null.
     static CVorDPMManager* GetVorDPMManager();
 
     QString GetDPMLibraryRootPath() const { return m_root; }
     // Switches to another root (created when missing), drops everything loaded from the old one
-    // and remembers the choice; nonzero on success.
+    // (pending changes included: save first) and remembers the choice; 1 on success, 0 when
+    // the folder cannot be made, with the old root kept.
     int SetDPMLibraryRootPath(const QString& path);
 
+    // Appends the names of the root's libraries, sorted case-insensitively; always 1.
     int GetAllLibraryName(QStringList& out) const;
+    // The library of that name, found without regard to case; eOk, or eNotFound with `out`
+    // left as it was.
     VOR::ErrorStatus GetLibrary(const QString& name, CVorDPMLibraryManager*& out);
+    // Creates the library's folder and information file. eOk with `out` set; eInvalidName,
+    // eNameExists (also for a name differing only in case), or eFileError with `out` left as
+    // it was (null when the information file could not be written).
     VOR::ErrorStatus CreateLibrary(const QString& name, CVorDPMLibraryManager*& out);
-    // Moves the library folder to the trash; nonzero on success.
+    // Moves the library folder to the trash; 1 on success, 0 when no such library exists or
+    // the folder cannot be moved. Pointers to its objects stay valid until a root switch.
     int RemoveLibrary(const QString& name);
-    // Saves the library's pending changes, then renames its folder.
+    // Saves the library's pending changes, then renames its folder; eOk, eNotFound,
+    // eInvalidName, eNameExists or eFileError. The library's objects stay valid.
     VOR::ErrorStatus RenameLibrary(const QString& from, const QString& to);
-    // Copies the library folder as saved on disk.
+    // Copies the library folder as saved on disk (pending changes are not copied); eOk,
+    // eNotFound, eInvalidName, eNameExists or eFileError (nothing is left of a failed copy).
     VOR::ErrorStatus CopyLibrary(const QString& source, const QString& to);
 
+    // The platform templates at the root; never null, made on first use.
     CVorDPMTemplateManager* GetTemplateManager();
+    // The common tables at the root; never null, made on first use (its tables may still
+    // fail to read: see CVorDPMCommonManager).
     CVorDPMCommonManager* GetCommonManager();
 
     // Writes every changed file, each in one transaction; 1 when all writes succeeded.
     int SaveWork();
     bool HasUnsavedChanges() const;
     // Forgets every pending change by dropping what was loaded; files are read again on use.
+    // Every object handed out before is destroyed: drop all pointers first.
     void DiscardChanges();
-    // The reason for the most recent failure of any store operation.
+    // The reason for the most recent failure of any store operation, naming the file.
     static QString GetLastErrorText();
 
     // The root a new process starts with: VORDPM_ROOT, else the remembered choice, else

@@ -3,12 +3,22 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+const QString& VorDPMNames::ForbiddenCharacters() {
+    static const QString characters = QStringLiteral("\\/:*?\"<>|");
+    return characters;
+}
+
+bool VorDPMNames::ContainsAny(const QString& text, const QString& characters) {
+    return std::any_of(text.begin(), text.end(),
+                       [&characters](QChar c) { return characters.contains(c); });
+}
+
 bool VorDPMNames::IsValidName(const QString& name) {
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..")) return false;
     if (name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' '))) return false;
     for (const QChar c : name) {
         if (c.unicode() < 0x20 || c.unicode() == 0x7f) return false;
-        if (QStringLiteral("\\/:*?\"<>|").contains(c)) return false;
+        if (ForbiddenCharacters().contains(c)) return false;
     }
     static const QRegularExpression reserved(
         QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\\..*)?$"),

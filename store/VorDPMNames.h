@@ -8,6 +8,11 @@
 
 namespace VorDPMNames {
 
+// The characters that no name of the store may hold, in the order the editor lists them to the
+// user: \ / : * ? " < > |. Dialogs that refuse more characters add theirs to these.
+VORDPM_API const QString& ForbiddenCharacters();
+// True when `text` holds any of `characters`.
+VORDPM_API bool ContainsAny(const QString& text, const QString& characters);
 // False for names that would leave their folder or that Windows cannot hold as a file name:
 // empty, ".", "..", control characters, \ / : * ? " < > |, a trailing dot or space, and the
 // reserved device names (CON, PRN, AUX, NUL, COM1-9, LPT1-9).

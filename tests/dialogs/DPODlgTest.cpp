@@ -39,7 +39,7 @@ protected:
     // Per table a group of rows and an empty group, saved and dropped so that the dialog reads
     // them from disk.
     void SetUp() override {
-        CVorDPMCommonManager* common = Store()->GetCommonManager();
+        CVorDPMCommonManager* common = Manager()->GetCommonManager();
         CVorDPMDPOProperty* properties = common->GetPropertyDPO();
         auto* sizes = Group<CVorDPM_DPOPROPERTY_Group>(properties);
         Rows propertyRows;
@@ -95,8 +95,8 @@ protected:
              {},
              {}},
         };
-        ASSERT_EQ(Store()->SaveWork(), 1);
-        Store()->DiscardChanges();
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Manager()->DiscardChanges();
     }
 
     // Adds a group named "组" and an empty group "空" after it; returns the first.
@@ -178,18 +178,17 @@ TEST_F(DPODlgTest, EachTableListsTheClickedGroupAndOkReturnsThePickedRow) {
         EXPECT_EQ(dialog.selectedId, c.id);
         EXPECT_EQ(dialog.selectedUnit, c.unit);
     }
-    EXPECT_TRUE(ui.messages.isEmpty());
-    EXPECT_FALSE(Store()->HasUnsavedChanges());
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
 }
 
 TEST_F(DPODlgTest, OkWithoutARowAsksAgain) {
     CVorDPMDPODlg dialog(CVorDPMDPODlg::UnitTable);
     dialog.show();
+    ui.ExpectMessages(QStringList(2, QStringLiteral("未选择项目, 请重新选择!")));
     Click(&dialog, VorDPMControlId::IDOK);
     ClickGroup(dialog, 0);
     Click(&dialog, VorDPMControlId::IDOK);
 
-    EXPECT_EQ(ui.messages, QStringList(2, QStringLiteral("未选择项目, 请重新选择!")));
     EXPECT_TRUE(dialog.isVisible());
 }
 
@@ -217,6 +216,28 @@ TEST_F(DPODlgTest, GrowingTheDialogGivesTheTreeThreeTenthsOfTheWidth) {
 
     EXPECT_EQ(Tree(dialog)->geometry(), tree.adjusted(0, 0, 30, 50));
     EXPECT_EQ(List(dialog)->geometry(), list.adjusted(30, 0, 100, 50));
+}
+
+TEST_F(DPODlgTest, LongTextsWidenTheirColumnsAndEveryColumnCanBeRead) {
+    CVorDPMDPOProperty* properties = Manager()->GetCommonManager()->GetPropertyDPO();
+    CKZList<CVorDPM_DPOPROPERTY_Group*> groups;
+    properties->GetAllGroup(groups, 0);
+    ASSERT_GT(groups.GetCount(), 0);
+    properties->AddContent(NewRow<CVorDPM_DPOPROPERTY_Content>(
+        groups.GetAt(0), "公称压力等级（按国家标准管道法兰系列划分）",
+        "用于选择法兰与阀门的压力等级，单位为兆帕，按国家标准划分"));
+    CVorDPMDPODlg dialog(CVorDPMDPODlg::PropertyTable);
+    dialog.show();
+    ClickGroup(dialog, 0);
+
+    CVorDPMlistCtrlBase* list = List(dialog);
+    for (int c : {1, 6}) {
+        const QString text = list->GetItemText(0, c);
+        EXPECT_GE(list->columnWidth(c), list->fontMetrics().horizontalAdvance(text)) << c;
+    }
+    const int last = list->GetColumnCount() - 1;
+    EXPECT_LE(list->columnViewportPosition(last) + list->columnWidth(last),
+              list->viewport()->width());
 }
 
 }  // namespace

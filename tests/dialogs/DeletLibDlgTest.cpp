@@ -41,14 +41,13 @@ TEST_F(DialogTest, LibraryRemovalMovesTheChosenLibrariesToTheTrash) {
     for (const RemoveCase& c : cases) {
         SCOPED_TRACE(c.what);
         TempRoot fresh;
-        ui.messages.clear();
-        ui.buttons = {c.answer, c.answer};
+        ui.ExpectMessages(c.messages, c.answer);
         CreateLibraries({QStringLiteral("Alpha"), QStringLiteral("Beta"), QStringLiteral("Gamma")});
         CreateCatalog(QStringLiteral("Alpha"), QStringLiteral("目录"));
         CVorDPMDeletLibDlg dialog;
         dialog.show();
         auto* list = Control<QListWidget>(&dialog, CVorDPMDeletLibDlg::IDC_LIBRARY_LIST);
-        if (!c.goneBefore.isEmpty()) Store()->RemoveLibrary(c.goneBefore);
+        if (!c.goneBefore.isEmpty()) Manager()->RemoveLibrary(c.goneBefore);
         for (int row : c.clicks) {
             if (row < 0) {
                 Click(&dialog, CVorDPMDeletLibDlg::IDC_REMOVE);
@@ -59,7 +58,7 @@ TEST_F(DialogTest, LibraryRemovalMovesTheChosenLibrariesToTheTrash) {
         }
         Click(&dialog, CVorDPMDeletLibDlg::IDC_REMOVE);
 
-        EXPECT_EQ(ui.messages, c.messages);
+        ui.VerifyAllUsed();
         EXPECT_EQ(dialog.GetRemovedLibraries(), c.removed);
         QStringList listed;
         for (int row = 0; row < list->count(); ++row) listed.append(list->item(row)->text());

@@ -30,7 +30,7 @@ protected:
     static QStringList Catalogs(const QString& library) {
         CVorDPMLibraryManager* manager = nullptr;
         QStringList names;
-        if (Store()->GetLibrary(library, manager) == VOR::eOk) manager->GetAllDPCName(names);
+        if (Manager()->GetLibrary(library, manager) == VOR::eOk) manager->GetAllDPCName(names);
         return names;
     }
 };
@@ -67,11 +67,11 @@ TEST_F(NewContentDlgTest, OkCreatesTheCatalogOrSaysWhyNot) {
     };
     for (const OkCase& c : cases) {
         SCOPED_TRACE(c.what);
-        ui.messages.clear();
         auto dialog = Open(c.library, c.name);
+        ui.ExpectMessages(c.messages);
         Click(dialog.get(), VorDPMControlId::IDOK);
 
-        EXPECT_EQ(ui.messages, c.messages);
+        ui.VerifyAllUsed();
         EXPECT_EQ(Accepted(*dialog), c.closes);
         EXPECT_EQ(Catalogs(QStringLiteral("Beta")), c.catalogsOfBeta);
         EXPECT_TRUE(Catalogs(QStringLiteral("Alpha")).isEmpty());
@@ -81,6 +81,7 @@ TEST_F(NewContentDlgTest, OkCreatesTheCatalogOrSaysWhyNot) {
 
 TEST_F(NewContentDlgTest, ExistingNameLeavesTheDialogOpenForAnotherName) {
     auto dialog = Open(1, QStringLiteral("现有"));
+    ui.ExpectMessage(QStringLiteral("该产品目录名已存在!"));
     Click(dialog.get(), VorDPMControlId::IDOK);
     Type(dialog.get(), CVorDPMNewContentDlg::IDC_CATALOG_NAME, QStringLiteral("管件"));
     Click(dialog.get(), VorDPMControlId::IDOK);
@@ -94,11 +95,10 @@ TEST_F(NewContentDlgTest, ExistingNameLeavesTheDialogOpenForAnotherName) {
 
 TEST_F(NewContentDlgTest, LibraryGoneSinceOpeningKeepsTheDialogOpenSilently) {
     auto dialog = Open(0, QStringLiteral("新目录"));
-    ASSERT_EQ(Store()->RemoveLibrary(QStringLiteral("Alpha")), 1);
+    ASSERT_EQ(Manager()->RemoveLibrary(QStringLiteral("Alpha")), 1);
     Click(dialog.get(), VorDPMControlId::IDOK);
 
     EXPECT_TRUE(dialog->isVisible());
-    EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_FALSE(QFileInfo::exists(root.File(QStringLiteral("Alpha"))));
 }
 

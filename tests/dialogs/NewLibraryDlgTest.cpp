@@ -29,15 +29,15 @@ TEST_F(DialogTest, NewLibraryOkChecksTheNameAndCreatesOnlyWhenTheStoreAgrees) {
     };
     for (const NameCase& c : cases) {
         SCOPED_TRACE(c.what);
-        ui.messages.clear();
         const QStringList before = LibraryNames();
         CVorDPMNewLibraryDlg dialog;
         dialog.show();
         Type(&dialog, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, c.typed);
+        const bool created = c.message.isEmpty();
+        if (!created) ui.ExpectMessage(c.message);
         Click(&dialog, VorDPMControlId::IDOK);
 
-        const bool created = c.message.isEmpty();
-        EXPECT_EQ(ui.messages, created ? QStringList() : QStringList{c.message});
+        ui.VerifyAllUsed();
         EXPECT_EQ(Control<QLineEdit>(&dialog, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME)->text(),
                   c.editAfter);
         EXPECT_EQ(Accepted(dialog), created);
@@ -50,6 +50,7 @@ TEST_F(DialogTest, NewLibraryCleanedNameIsCreatedOnDiskOnTheSecondOk) {
     CVorDPMNewLibraryDlg dialog;
     dialog.show();
     Type(&dialog, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, QStringLiteral("管道/库"));
+    ui.ExpectMessage(kForbidden);
     Click(&dialog, VorDPMControlId::IDOK);
     EXPECT_TRUE(LibraryNames().isEmpty());
     Click(&dialog, VorDPMControlId::IDOK);
@@ -58,7 +59,7 @@ TEST_F(DialogTest, NewLibraryCleanedNameIsCreatedOnDiskOnTheSecondOk) {
     EXPECT_EQ(dialog.GetLibraryName(), QStringLiteral("管道库"));
     EXPECT_TRUE(QFileInfo(root.File(QStringLiteral("管道库/library.DPI"))).isFile());
     // A fresh scan of the root finds it.
-    Store()->SetDPMLibraryRootPath(root.Path());
+    Manager()->SetDPMLibraryRootPath(root.Path());
     EXPECT_EQ(LibraryNames(), QStringList{QStringLiteral("管道库")});
 }
 

@@ -25,15 +25,15 @@ TEST_F(SetLibRootTest, OkSwitchesTheStoreToTheTypedFolderAndRemembersIt) {
         CVorDPMSetLibRoot fresh;
         fresh.show();
         Type(&fresh, CVorDPMSetLibRoot::IDC_ROOT_PATH, typed);
+        const QString expected = QDir::cleanPath(typed);
+        ui.ExpectMessage(QStringLiteral("文件夹\"%1\"不存在，是否创建？").arg(expected));
         Click(&fresh, VorDPMControlId::IDOK);
 
-        const QString expected = QDir::cleanPath(typed);
         EXPECT_TRUE(Accepted(fresh));
-        EXPECT_EQ(Store()->GetDPMLibraryRootPath(), expected);
+        EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), expected);
         // What the store reads at its next start.
         EXPECT_EQ(QSettings("VorDPM", "VorDPM").value("Store/LibraryRoot").toString(), expected);
     }
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 TEST_F(SetLibRootTest, EmptyOrUnusablePathKeepsTheDialogOpenAndTheRoot) {
@@ -42,26 +42,46 @@ TEST_F(SetLibRootTest, EmptyOrUnusablePathKeepsTheDialogOpenAndTheRoot) {
     QFile(file).open(QIODevice::WriteOnly);
     const std::pair<QString, QStringList> cases[] = {
         {QString(), {}},
-        {file + QStringLiteral("/sub"), {QStringLiteral("设置失败")}},
+        {file + QStringLiteral("/sub"),
+         {QStringLiteral("文件夹\"%1/sub\"不存在，是否创建？").arg(file),
+          QStringLiteral("设置失败")}},
     };
     for (const auto& [typed, messages] : cases) {
-        ui.messages.clear();
         Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, typed);
+        ui.ExpectMessages(messages);
         Click(&dialog, VorDPMControlId::IDOK);
 
-        EXPECT_EQ(ui.messages, messages);
+        ui.VerifyAllUsed();
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+        EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
     }
 }
 
+TEST_F(SetLibRootTest, AMissingFolderIsCreatedOnlyWhenTheUserAgrees) {
+    const QString missing = root.Home() + QStringLiteral("/new/parts");
+    Type(&dialog, CVorDPMSetLibRoot::IDC_ROOT_PATH, missing);
+    const QString question = QStringLiteral("文件夹\"%1\"不存在，是否创建？").arg(missing);
+    ui.ExpectMessage(question, QMessageBox::Cancel);
+    Click(&dialog, VorDPMControlId::IDOK);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(QDir(root.Home() + QStringLiteral("/new")).exists());
+    EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
+
+    ui.ExpectMessage(question, QMessageBox::Ok);
+    Click(&dialog, VorDPMControlId::IDOK);
+    EXPECT_TRUE(Accepted(dialog));
+    EXPECT_TRUE(QDir(missing).exists());
+    EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), missing);
+}
+
 TEST_F(SetLibRootTest, BrowseFillsTheEditWithTheChosenFolderAndCancelKeepsIt) {
-    ui.files = {root.Home() + QStringLiteral("/chosen"), QString()};
+    ui.ExpectFile(root.Home() + QStringLiteral("/chosen"));
+    ui.ExpectFile(QString());
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
     Click(&dialog, CVorDPMSetLibRoot::IDC_BROWSE);
 
     EXPECT_EQ(edit->text(), root.Home() + QStringLiteral("/chosen"));
-    EXPECT_EQ(Store()->GetDPMLibraryRootPath(), root.Path());
+    EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
 }
 
 }  // namespace

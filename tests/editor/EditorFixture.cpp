@@ -1,7 +1,5 @@
 #include "EditorFixture.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -10,14 +8,10 @@
 #include "CVorDPMTreeCtrlEx.h"
 
 void EditorFixture::SetUp() {
-    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
-    CVorDPMLibraryManager* library = nullptr;
-    ASSERT_EQ(manager->CreateLibrary(QStringLiteral("QXMaterial"), library), VOR::eOk);
-    CVorDPMDPC* catalog = nullptr;
-    ASSERT_EQ(library->CreateDPC(QStringLiteral("目录"), catalog), VOR::eOk);
-    ASSERT_EQ(library->CreateDPC(QStringLiteral("管道"), catalog), VOR::eOk);
-    ASSERT_EQ(manager->CreateLibrary(QStringLiteral("Other"), library), VOR::eOk);
-    ASSERT_EQ(library->CreateDPC(QStringLiteral("X"), catalog), VOR::eOk);
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("QXMaterial"));
+    MakeCatalog(library, QStringLiteral("目录"));
+    MakeCatalog(library, QStringLiteral("管道"));
+    MakeCatalog(MakeLibrary(QStringLiteral("Other")), QStringLiteral("X"));
 }
 
 CVorDPMEditorDlg& EditorFixture::Dialog() {
@@ -85,28 +79,4 @@ QStringList EditorFixture::RootTexts() {
 
 QString EditorFixture::CatalogFile(const QString& library, const QString& catalog) const {
     return root.File(library + QLatin1Char('/') + catalog + QStringLiteral(".DPC"));
-}
-
-CVorDPMLibraryManager* EditorFixture::Library(const QString& name) {
-    CVorDPMLibraryManager* library = nullptr;
-    CVorDPMManager::GetVorDPMManager()->GetLibrary(name, library);
-    return library;
-}
-
-std::function<int(QDialog*)> EditorFixture::Filling(std::function<void(QDialog*)> fill) {
-    return [fill](QDialog* nested) {
-        nested->show();
-        fill(nested);
-        if (nested->isVisible()) nested->reject();
-        return nested->result();
-    };
-}
-
-void EditorFixture::Type(QWidget* widget, const QString& text) {
-    for (const QChar c : text) {
-        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(widget, &press);
-        QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(widget, &release);
-    }
 }

@@ -5,32 +5,17 @@
 #include <gtest/gtest.h>
 
 #include <QString>
-#include <functional>
 #include <memory>
-#include <ostream>
 
 #include "CVorDPMEditorDlg.h"
-#include "support/CVorDPMScriptedUi.h"
-#include "support/TempRoot.h"
+#include "support/GuiTestBase.h"
 
-class CVorDPMLibraryManager;
-class QDialog;
 class QTreeWidgetItem;
 
-// Lets failures show the texts.
-inline void PrintTo(const QString& text, std::ostream* out) {
-    *out << '"' << text.toStdString() << '"';
-}
-
-class EditorFixture : public ::testing::Test {
-public:
-    // Types `text` into `widget` key by key; unlike QTest::keyClicks also Chinese text.
-    static void Type(QWidget* widget, const QString& text);
-    // A nested-dialog answer: shows the dialog, lets `fill` work its real controls, and
-    // returns its result; a dialog that is still open afterwards is cancelled.
-    static std::function<int(QDialog*)> Filling(std::function<void(QDialog*)> fill);
-
+class EditorFixture : public GuiTestBase {
 protected:
+    using GuiTestBase::Click;
+
     void SetUp() override;
 
     // The dialog, shown (and so initialised) on first use.
@@ -47,9 +32,6 @@ protected:
     QStringList RootTexts();
 
     QString CatalogFile(const QString& library, const QString& catalog) const;
-    static CVorDPMLibraryManager* Library(const QString& name);
 
-    TempRoot root;
-    CVorDPMScriptedUi ui;
     std::unique_ptr<CVorDPMEditorDlg> dialog;
 };

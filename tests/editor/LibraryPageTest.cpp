@@ -14,6 +14,7 @@
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPM_DPI_Info.h"
 #include "EditorFixture.h"
+#include "common/CVorDPMNewLibraryDlg.h"
 #include "library/CDPMlibraryPage.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "library/CVorDPMVersionEditDlg.h"
@@ -39,18 +40,6 @@ void ClickRow(CVorDPMReportCtrlBase* report, int row) {
     QTest::mouseClick(report->viewport(), Qt::LeftButton, {}, cell.center());
 }
 
-template <class T>
-T* Control(const QWidget* parent, int id) {
-    return parent->findChild<T*>(QString::number(id));
-}
-
-void ClickButton(const QWidget* parent, int id) {
-    auto* button = Control<QPushButton>(parent, id);
-    ASSERT_TRUE(button) << id;
-    ASSERT_TRUE(button->isEnabled()) << id;
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
 // Reads the record again from the file on disk, after dropping what the store holds.
 CVorDPM_DPI_Info* InfoFromDisk(const QString& library) {
     CVorDPMManager::GetVorDPMManager()->DiscardChanges();
@@ -63,19 +52,22 @@ struct VersionInput {
     double number;
     QString author;
     QString description;
+    QString time = {};  // empty: the time the dialog proposes
 };
 
 // Answers the version edit dialog by typing into its controls and pressing OK.
 std::function<int(QDialog*)> TypingVersion(const VersionInput& input) {
-    return EditorFixture::Filling([input](QDialog* edit) {
-        Control<QDoubleSpinBox>(edit, CVorDPMVersionEditDlg::IDC_VERSION)->setValue(input.number);
-        auto* author = Control<QLineEdit>(edit, CVorDPMVersionEditDlg::IDC_AUTHOR);
-        author->clear();
-        EditorFixture::Type(author, input.author);
-        auto* description = Control<QPlainTextEdit>(edit, CVorDPMVersionEditDlg::IDC_DESCRIPTION);
+    return GuiTestBase::Filling([input](QDialog* edit) {
+        GuiTestBase::Control<QDoubleSpinBox>(edit, CVorDPMVersionEditDlg::IDC_VERSION)
+            ->setValue(input.number);
+        GuiTestBase::Type(edit, CVorDPMVersionEditDlg::IDC_AUTHOR, input.author);
+        auto* description =
+            GuiTestBase::Control<QPlainTextEdit>(edit, CVorDPMVersionEditDlg::IDC_DESCRIPTION);
         description->clear();
-        EditorFixture::Type(description, input.description);
-        ClickButton(edit, 1);
+        GuiTestBase::Type(description, input.description);
+        if (!input.time.isEmpty())
+            GuiTestBase::Type(edit, CVorDPMVersionEditDlg::IDC_TIME, input.time);
+        GuiTestBase::Click(edit, VorDPMControlId::IDOK);
     });
 }
 
@@ -128,7 +120,19 @@ TEST_F(LibraryPage, AMissingOrUnreadableLibraryShowsWhyAndOffersNothing) {
     EXPECT_TRUE(status->text().startsWith(QStringLiteral("无法读取产品库\"QXMaterial\"的信息文件")))
         << status->text().toStdString();
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
-    EXPECT_TRUE(ui.messages.isEmpty());
+}
+
+TEST_F(LibraryPage, CreatingALibraryTheTreeAlreadyShowsShowsItsInformation) {
+    Click(Node("QXMEP"));
+    ui.ExpectDialog(Filling([](QDialog* nested) {
+        Type(nested, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, QStringLiteral("QXMEP"));
+        Click(nested, VorDPMControlId::IDOK);
+    }));
+    ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
+
+    EXPECT_FALSE(Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS)->isVisible());
+    EXPECT_EQ(Report()->GetRecords()->GetRecordCount(), 7);
+    EXPECT_TRUE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_SAVE)->isEnabled());
 }
 
 TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
@@ -140,27 +144,34 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_EDIT_TEXT)->isEnabled());
 
     ClickRow(Report(), 0);
-    ui.inputs = {QStringLiteral("启星材料")};
-    ClickButton(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ui.ExpectInput(QStringLiteral("启星材料"));
+    Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ClickRow(Report(), 1);
+    ui.ExpectInput(QStringLiteral("第一行\n第二行"));
+    Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    EXPECT_EQ(ui.longInputTitles, QStringList{"描述"});
     ClickRow(Report(), 3);
-    ui.inputs = {std::nullopt};  // cancelled: nothing changes
-    ClickButton(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
-    ui.inputs = {QStringLiteral("李四")};
+    ui.ExpectInput(std::nullopt);  // cancelled: nothing changes
+    Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
+    ui.ExpectInput(QStringLiteral("李四"));
     const QRect author = Report()->visualRect(Report()->model()->index(3, 1));
     QTest::mouseClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
     QTest::mouseDClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
-    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "作者", "作者"}));
+    EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "描述", "作者", "作者"}));
     EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
     EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
 
-    ClickButton(Page(), CDPMlibraryPage::IDC_SAVE);
-    EXPECT_TRUE(ui.messages.isEmpty());
+    Click(Page(), CDPMlibraryPage::IDC_SAVE);
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    auto* status = Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS);
+    EXPECT_TRUE(status->isVisible());
+    EXPECT_EQ(status->text(), QStringLiteral("已保存。"));
     EXPECT_EQ(Column(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
     CVorDPM_DPI_Info* info = InfoFromDisk("QXMaterial");
     ASSERT_TRUE(info);
     EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星材料"));
     EXPECT_EQ(info->GetAuthor(), QStringLiteral("李四"));
+    EXPECT_EQ(info->GetDescription(), QStringLiteral("第一行\n第二行"));
     EXPECT_EQ(info->GetLocalProductCount(), 1);
     EXPECT_EQ(info->GetIncludeProductCount(), 0);
     EXPECT_EQ(info->GetProductCount(), 1);
@@ -179,17 +190,20 @@ TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
     ASSERT_TRUE(image.save(picture));
 
     Click(Node("QXMaterial"));
-    ui.files = {QString(), text, missing};
-    for (int i = 0; i < 3; ++i) ClickButton(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
-    EXPECT_EQ(ui.messages, (QStringList{"文件\"" + text + "\"不是可以识别的图片!",
-                                        "无法读取文件\"" + missing + "\"!"}));
+    ui.ExpectFile(QString());
+    ui.ExpectFile(text);
+    ui.ExpectMessage("文件\"" + text + "\"不是可以识别的图片!");
+    ui.ExpectFile(missing);
+    ui.ExpectMessage("无法读取文件\"" + missing + "\"!");
+    for (int i = 0; i < 3; ++i) Click(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
+    ui.VerifyAllUsed();
     CVorDPM_DPI_Info* info = nullptr;
     ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
     EXPECT_EQ(info->GetImage().GetSize(), 0);
 
-    ui.files = {picture};
-    ClickButton(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
-    ClickButton(Page(), CDPMlibraryPage::IDC_SAVE);
+    ui.ExpectFile(picture);
+    Click(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
+    Click(Page(), CDPMlibraryPage::IDC_SAVE);
     QFile saved(picture);
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     info = InfoFromDisk("QXMaterial");
@@ -200,24 +214,22 @@ TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
 TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
     Click(Node("QXMaterial"));
     QStringList shown;
-    ui.dialogs = {
-        Filling([&](QDialog* versions) {
-            auto* list =
-                Control<CVorDPMReportCtrlBase>(versions, CVorDPMVersionDlg::IDC_VERSION_LIST);
-            EXPECT_EQ(versions->windowTitle(), QStringLiteral("产品库\"QXMaterial\"的版本信息"));
-            EXPECT_FALSE(
-                Control<QPushButton>(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION)->isEnabled());
-            ClickButton(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-            ClickButton(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-            ClickRow(list, 0);
-            ClickButton(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
-            for (int column = 0; column < 4; ++column) shown << Column(list, column).join("|");
-            ClickButton(versions, 1);
-        }),
-        TypingVersion({1.5, "王五", "首版"}), TypingVersion({2, "王五", "第二版"}),
-        TypingVersion({1.25, "赵六", "更正"})};
-    ClickButton(Page(), CDPMlibraryPage::IDC_VERSION);
-    EXPECT_TRUE(ui.messages.isEmpty());
+    ui.ExpectDialog(Filling([&](QDialog* versions) {
+        auto* list = Control<CVorDPMReportCtrlBase>(versions, CVorDPMVersionDlg::IDC_VERSION_LIST);
+        EXPECT_EQ(versions->windowTitle(), QStringLiteral("产品库\"QXMaterial\"的版本信息"));
+        EXPECT_FALSE(
+            Control<QPushButton>(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION)->isEnabled());
+        Click(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+        Click(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+        ClickRow(list, 0);
+        Click(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
+        for (int column = 0; column < 4; ++column) shown << Column(list, column).join("|");
+        Click(versions, VorDPMControlId::IDOK);  // "关闭"
+    }));
+    ui.ExpectDialog(TypingVersion({1.5, "王五", "首版"}));
+    ui.ExpectDialog(TypingVersion({2, "王五", "第二版"}));
+    ui.ExpectDialog(TypingVersion({1.25, "赵六", "更正"}));
+    Click(Page(), CDPMlibraryPage::IDC_VERSION);
     ASSERT_EQ(shown.size(), 4);
     EXPECT_EQ(shown[0], QStringLiteral("1.25|2.00"));
     EXPECT_EQ(shown[1], QStringLiteral("赵六|王五"));
@@ -246,13 +258,17 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
 
     CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
     versions.show();
-    ui.dialogs = {TypingVersion({1.0, "甲", "重复"}), TypingVersion({0.0, "甲", "零"}),
-                  TypingVersion({2.0, "乙", "与第二版重复"})};
-    ClickButton(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-    ClickButton(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+    ui.ExpectDialog(TypingVersion({1.0, "甲", "重复"}));
+    ui.ExpectMessage("该版本号已存在!");
+    ui.ExpectDialog(TypingVersion({0.0, "甲", "零"}));
+    ui.ExpectMessage("版本号必须大于0!");
+    ui.ExpectDialog(TypingVersion({2.0, "乙", "与第二版重复"}));
+    ui.ExpectMessage("该版本号已存在!");
+    Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+    Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
     ClickRow(versions.GetReportCtrl(), 0);
-    ClickButton(&versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
-    EXPECT_EQ(ui.messages, (QStringList{"该版本号已存在!", "版本号必须大于0!", "该版本号已存在!"}));
+    Click(&versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
+    ui.VerifyAllUsed();
 
     CKZList<CVorDPM_Version*> kept;
     file->GetAllVersion(kept, 0);
@@ -260,4 +276,26 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     EXPECT_DOUBLE_EQ(kept.GetAt(0)->GetVersion(), 1.0);
     EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
     EXPECT_EQ(Column(versions.GetReportCtrl(), 0), (QStringList{"1.00", "2.00"}));
+}
+
+TEST_F(LibraryPage, AVersionTimeMustBeADateAndTimeAndTheListShowsItWhole) {
+    CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
+    CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
+    versions.show();
+    const QString refused =
+        QStringLiteral("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。");
+    for (const char* bad : {"昨天", "2026-02-30 10:00:00", "2026-01-31"}) {
+        ui.ExpectDialog(TypingVersion({1.0, "甲", "坏时间", QString::fromUtf8(bad)}));
+        ui.ExpectMessage(refused);
+    }
+    ui.ExpectDialog(TypingVersion({1.0, "甲", "好时间", "2025-01-02 03:04:05"}));
+    for (int i = 0; i < 4; ++i) Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+
+    CKZList<CVorDPM_Version*> kept;
+    file->GetAllVersion(kept, 0);
+    ASSERT_EQ(kept.GetCount(), 1);
+    EXPECT_EQ(kept.GetAt(0)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
+    CVorDPMReportCtrlBase* list = versions.GetReportCtrl();
+    EXPECT_GE(list->columnWidth(2),
+              list->fontMetrics().horizontalAdvance(QStringLiteral("2025-01-02 03:04:05")));
 }

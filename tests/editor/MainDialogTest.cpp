@@ -1,11 +1,13 @@
 // The main editor dialog against a real store: tree, sheet, menus and every library and catalog
 // command, driven through the real widgets and the scripted UI service.
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 
@@ -16,7 +18,10 @@
 #include "CVorDPM_DPI_Info.h"
 #include "EditorFixture.h"
 #include "catalog/CDPMContentPage.h"
+#include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
+#include "common/CVorDPMNewLibraryDlg.h"
+#include "common/CVorDPMSetLibRoot.h"
 #include "library/CDPMlibraryPage.h"
 #include "product/CDPMDataPage.h"
 #include "query/CVorDPMData.h"
@@ -68,7 +73,6 @@ TEST_F(MainDialog, OpensWithTheFixedLibrariesTheSheetAndTheFirstLibrarySelected)
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(sheet->GetPage(i)->IsInitialised()) << i;
     EXPECT_EQ(PagePaths(dlg), QStringList(3, "QXMaterial"));
     EXPECT_EQ(dlg.GetCurrentPath(), QStringLiteral("QXMaterial"));
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 TEST_F(MainDialog, MenuBarHoldsItsEntriesWithTheTemplateCommandsDisabled) {
@@ -126,13 +130,10 @@ class NewCatalogName : public EditorFixture, public ::testing::WithParamInterfac
 TEST_P(NewCatalogName, IsCheckedBeforeTheStoreIsAsked) {
     const NameCase& c = GetParam();
     Click(Node("QXMaterial"));
-    if (c.typed)
-        ui.inputs.push_back(QString::fromUtf8(c.typed));
-    else
-        ui.inputs.push_back(std::nullopt);
+    ui.ExpectInput(c.typed ? std::optional<QString>(QString::fromUtf8(c.typed)) : std::nullopt);
+    if (c.message) ui.ExpectMessage(QString::fromUtf8(c.message));
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "新建产品目录"));
     EXPECT_EQ(ui.inputTitles, QStringList{"产品目录名称"});
-    EXPECT_EQ(ui.messages, c.message ? QStringList{QString::fromUtf8(c.message)} : QStringList());
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
     std::vector<QString> names;
     CVorDPMData::GetAllDPCName("QXMaterial", names);
@@ -150,9 +151,8 @@ INSTANTIATE_TEST_SUITE_P(Refused, NewCatalogName,
 
 TEST_F(MainDialog, NewCatalogFromACatalogNodeGoesIntoItsLibrary) {
     Click(Node("QXMaterial", "目录"));
-    ui.inputs.push_back(QStringLiteral("阀门"));
+    ui.ExpectInput(QStringLiteral("阀门"));
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "新建目录"));
-    EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "阀门")));
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道", "阀门"}));
     EXPECT_TRUE(ChildTexts(Node("QXMaterial", "目录")).isEmpty());
@@ -161,22 +161,25 @@ TEST_F(MainDialog, NewCatalogFromACatalogNodeGoesIntoItsLibrary) {
 
 TEST_F(MainDialog, CatalogCommandsOnALibraryTheStoreDoesNotKnowDoNothing) {
     Click(Node("QXMEP"));
-    ui.inputs.push_back(QStringLiteral("新"));
+    ui.ExpectInput(QStringLiteral("新"));
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "新建产品目录"));
-    EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_TRUE(ChildTexts(Node("QXMEP")).isEmpty());
     EXPECT_FALSE(QDir(root.File("QXMEP")).exists());
 }
 
 TEST_F(MainDialog, CopyCatalogPassesTheNameToTheStoreAndAppendsTheCopy) {
     Click(Node("QXMaterial", "目录"));
-    ui.inputs = {QString(), std::nullopt, QStringLiteral("a|b"), QStringLiteral("目录 2")};
+    ui.ExpectInput(QString());
+    ui.ExpectMessage("请输入新产品目录名称！");
+    ui.ExpectInput(std::nullopt);
+    ui.ExpectMessage("请输入新产品目录名称！");
+    // The store refuses "a|b" itself: the message is the store's failure, not a name check.
+    ui.ExpectInput(QStringLiteral("a|b"));
+    ui.ExpectMessage("失败!");
+    ui.ExpectInput(QStringLiteral("目录 2"));
     for (int i = 0; i < 4; ++i)
         ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "复制目录"));
     EXPECT_EQ(ui.inputTitles, QStringList(4, "新产品目录名称"));
-    // The store refuses "a|b" itself: the message is the store's failure, not a name check.
-    EXPECT_EQ(ui.messages,
-              (QStringList{"请输入新产品目录名称！", "请输入新产品目录名称！", "失败!"}));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录 2")));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道", "目录 2"}));
@@ -185,9 +188,11 @@ TEST_F(MainDialog, CopyCatalogPassesTheNameToTheStoreAndAppendsTheCopy) {
 TEST_F(MainDialog, RenameCatalogRenamesTheFileAndTheNode) {
     QTreeWidgetItem* node = Node("QXMaterial", "目录");
     Click(node);
-    ui.inputs = {std::nullopt, QStringLiteral("管道"), QStringLiteral("阀门")};
+    ui.ExpectInput(std::nullopt);
+    ui.ExpectInput(QStringLiteral("管道"));
+    ui.ExpectMessage("失败!");
+    ui.ExpectInput(QStringLiteral("阀门"));
     for (int i = 0; i < 3; ++i) ASSERT_TRUE(TriggerNodeMenu(node, "重命名目录"));
-    EXPECT_EQ(ui.messages, QStringList{"失败!"});
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"阀门", "管道"}));
     EXPECT_FALSE(QFile::exists(CatalogFile("QXMaterial", "目录")));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "阀门")));
@@ -195,13 +200,14 @@ TEST_F(MainDialog, RenameCatalogRenamesTheFileAndTheNode) {
 
 TEST_F(MainDialog, DeleteCatalogAsksFirstAndMovesTheFileAway) {
     Click(Node("QXMaterial", "目录"));
-    ui.buttons = {QMessageBox::Cancel, QMessageBox::Ok};
+    const QString confirm = QStringLiteral("确实要把\"目录\"产品目录放入回收站吗?");
+    ui.ExpectMessage(confirm, QMessageBox::Cancel);
+    ui.ExpectMessage(confirm, QMessageBox::Ok);
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "删除目录"));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
 
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial", "目录"), "删除目录"));
-    EXPECT_EQ(ui.messages, QStringList(2, "确实要把\"目录\"产品目录放入回收站吗?"));
     EXPECT_FALSE(QFile::exists(CatalogFile("QXMaterial", "目录")));
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), QStringList{"管道"});
     std::vector<QString> names;
@@ -209,38 +215,53 @@ TEST_F(MainDialog, DeleteCatalogAsksFirstAndMovesTheFileAway) {
     EXPECT_EQ(names, std::vector<QString>{"管道"});
 }
 
+TEST_F(MainDialog, RightClickKeepsTheSelectionAndTheMenuWorksOnTheSelectedNode) {
+    Click(Node("QXMaterial", "目录"));
+    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
+    const QPoint library = tree->visualItemRect(Node("QXMaterial")).center();
+    // Sent straight to the view: the press alone, without the menu the window would open.
+    QMouseEvent press(QEvent::MouseButtonPress, library, tree->viewport()->mapToGlobal(library),
+                      Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+    QApplication::sendEvent(tree->viewport(), &press);
+    EXPECT_EQ(tree->currentItem(), Node("QXMaterial", "目录"));
+
+    // The library menu's "删除产品库" acts on the selected catalog node: nothing happens.
+    ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
+    EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
+    EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
+}
+
 TEST_F(MainDialog, DeleteLibraryWorksOnLibraryNodesOnly) {
     Click(Node("QXMaterial", "目录"));
     ASSERT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_DELETE_LIBRARY));
-    EXPECT_TRUE(ui.messages.isEmpty());
     EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
 
     Click(Node("QXMaterial"));
-    ui.buttons = {QMessageBox::Cancel};
+    const QString confirm = QStringLiteral("确实要把\"QXMaterial\"产品库放入回收站吗?");
+    ui.ExpectMessage(confirm, QMessageBox::Cancel);
+    ui.ExpectMessage(confirm, QMessageBox::Ok);
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
     EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMaterial"), "删除产品库"));
-    EXPECT_EQ(ui.messages, QStringList(2, "确实要把\"QXMaterial\"产品库放入回收站吗?"));
     EXPECT_FALSE(QDir(root.File("QXMaterial")).exists());
     EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
 
     // A library the store does not know cannot be removed: the node stays, silently.
     Click(Node("QXMEP"));
+    ui.ExpectMessage(QStringLiteral("确实要把\"QXMEP\"产品库放入回收站吗?"));
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "删除产品库"));
     EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
-    EXPECT_EQ(ui.messages.size(), 3);
 }
 
 TEST_F(MainDialog, NewLibraryFromEitherMenuAppendsAnEmptyRoot) {
     const auto typing = [](const QString& name) {
         return Filling([name](QDialog* nested) {
-            auto* edit = nested->findChild<QLineEdit*>(QStringLiteral("8002"));
-            ASSERT_TRUE(edit);
-            Type(edit, name);
-            QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
+            Type(nested, CVorDPMNewLibraryDlg::IDC_LIBRARY_NAME, name);
+            Click(nested, VorDPMControlId::IDOK);
         });
     };
-    ui.dialogs = {typing("电气"), typing("暖通")};
+    ui.ExpectDialog(typing("电气"));
+    ui.ExpectDialog(typing("暖通"));
     ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
     Click(Node("QXMEP"));
     ASSERT_TRUE(TriggerNodeMenu(Node("QXMEP"), "新建产品库"));
@@ -250,7 +271,7 @@ TEST_F(MainDialog, NewLibraryFromEitherMenuAppendsAnEmptyRoot) {
     EXPECT_TRUE(QDir(root.File("电气")).exists());
     EXPECT_TRUE(QDir(root.File("暖通")).exists());
 
-    ui.dialogs = {Filling([](QDialog*) {})};  // cancelled
+    ui.ExpectDialog(Filling([](QDialog*) {}));  // cancelled
     ASSERT_TRUE(TriggerMenuBar("产品库", "新建产品库"));
     EXPECT_EQ(RootTexts().size(), 4);
 }
@@ -259,17 +280,18 @@ TEST_F(MainDialog, RemoveLibrariesDropsTheRemovedRootsAndSaves) {
     CVorDPM_DPI_Info* info = nullptr;
     ASSERT_EQ(CVorDPMData::GetDPIInfo("Other", info), 1);
     info->SetAuthor(QStringLiteral("张三"));  // pending until a save
-    ui.dialogs = {Filling([](QDialog* nested) {
-        auto* list = nested->findChild<QAbstractItemView*>(QStringLiteral("8074"));
+    ui.ExpectDialog(Filling([](QDialog* nested) {
+        auto* list = Control<QAbstractItemView>(nested, CVorDPMDeletLibDlg::IDC_LIBRARY_LIST);
         ASSERT_TRUE(list);
         const QModelIndexList rows = list->model()->match(
             list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("QXMaterial"));
         ASSERT_EQ(rows.size(), 1);
         list->selectionModel()->select(rows.front(),
                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("8071")), Qt::LeftButton);
-        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
-    })};
+        Click(nested, CVorDPMDeletLibDlg::IDC_REMOVE);
+        Click(nested, VorDPMControlId::IDOK);
+    }));
+    ui.ExpectMessage(QStringLiteral("确实要把选择的所有产品库放入回收站吗?"));
     ASSERT_TRUE(TriggerMenuBar("产品库", "删除产品库"));
     EXPECT_EQ(ui.dialogClasses, QStringList{"CVorDPMDeletLibDlg"});
     EXPECT_EQ(RootTexts(), QStringList{"QXMEP"});
@@ -281,13 +303,10 @@ TEST_F(MainDialog, NewLibraryRootRebuildsTheTreeAndSelectsTheFirstLibrary) {
     const QString other = root.Home() + QStringLiteral("/second");
     ASSERT_TRUE(QDir().mkpath(other + QStringLiteral("/QXMaterial")));
     Click(Node("QXMaterial", "目录"));
-    ui.dialogs = {Filling([other](QDialog* nested) {
-        auto* edit = nested->findChild<QLineEdit*>(QStringLiteral("8002"));
-        ASSERT_TRUE(edit);
-        edit->clear();
-        Type(edit, other);
-        QTest::mouseClick(nested->findChild<QPushButton*>(QStringLiteral("1")), Qt::LeftButton);
-    })};
+    ui.ExpectDialog(Filling([other](QDialog* nested) {
+        Type(nested, CVorDPMSetLibRoot::IDC_ROOT_PATH, other);
+        Click(nested, VorDPMControlId::IDOK);
+    }));
     ASSERT_TRUE(TriggerMenuBar("产品库", "产品库根路径"));
     EXPECT_EQ(ui.dialogClasses, QStringList{"CVorDPMSetLibRoot"});
     EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath().startsWith(other));
@@ -304,7 +323,7 @@ TEST_F(MainDialog, CommonTableEntriesOpenTheTableDialogInTheirMode) {
         ASSERT_TRUE(table);
         modes.push_back(table->GetMode());
     });
-    ui.dialogs = {peek, peek, peek};
+    for (int i = 0; i < 3; ++i) ui.ExpectDialog(peek);
     for (const char* entry : {"属性表", "单位表", "内置参数表"})
         ASSERT_TRUE(TriggerMenuBar("基本属性", entry)) << entry;
     EXPECT_EQ(modes, (std::vector<int>{0, 1, 2}));
@@ -320,10 +339,9 @@ TEST_F(MainDialog, CommandsWithoutAMenuSaveAskForAFileOrDoNothing) {
     EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_SAVE_WORK));
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
 
-    ui.files.push_back(root.File("QXMaterial/library.DPI"));
+    ui.ExpectFile(root.File("QXMaterial/library.DPI"));
     EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_OPEN_FILE));
-    EXPECT_TRUE(ui.files.empty());
-    EXPECT_TRUE(ui.messages.isEmpty());
+    ui.VerifyAllUsed();
     EXPECT_FALSE(Dialog().OnCommand(12345));
 }
 
@@ -340,7 +358,6 @@ TEST_F(MainDialog, EditingALabelChangesTheNodeOnlyNotTheStore) {
     QTest::keyClick(edit, Qt::Key_Escape);  // the typed text is kept even when cancelled
     EXPECT_EQ(node->text(0), QStringLiteral("改名"));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
-    EXPECT_TRUE(ui.messages.isEmpty());
 }
 
 TEST_F(MainDialog, GrowingTheWindowGrowsTheTreeDownwardsAndTheSheetBothWays) {

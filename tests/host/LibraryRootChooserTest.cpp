@@ -5,7 +5,7 @@
 
 #include "CVorDPMManager.h"
 #include "LibraryRootChooser.h"
-#include "support/TempRoot.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -19,15 +19,13 @@ QStringList Libraries() {
     return names;
 }
 
-class LibraryRootChooserTest : public ::testing::Test {
+class LibraryRootChooserTest : public StoreTestBase {
 protected:
     // The state of a first run: the store on the default root, nothing remembered.
     void StartOnTheDefaultRoot() {
         ASSERT_TRUE(Store()->SetDPMLibraryRootPath(CVorDPMManager::DefaultRootPath()));
         ASSERT_TRUE(QDir(CVorDPMManager::DefaultRootPath()).absolutePath().startsWith(root.Home()));
     }
-
-    TempRoot root;
 };
 
 TEST_F(LibraryRootChooserTest, TheRootAskedForIsUsedAsItIs) {

@@ -6,7 +6,7 @@
 #include "CVorDPMManager.h"
 #include "HostPrompt.h"
 #include "PendingWork.h"
-#include "support/TempRoot.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -26,19 +26,18 @@ private:
     bool m_save;
 };
 
-class PendingWorkTest : public ::testing::Test {
+class PendingWorkTest : public StoreTestBase {
 protected:
     void SetUp() override {
-        CVorDPMLibraryManager* library = nullptr;
-        ASSERT_EQ(store->CreateLibrary(QStringLiteral("QXMaterial"), library), VOR::eOk);
+        MakeLibrary();
         ASSERT_EQ(store->SaveWork(), 1);
     }
 
     static CVorDPM_DPI_Info* Info() {
-        CVorDPMLibraryManager* library = nullptr;
+        CVorDPMLibraryManager* library = Library(QStringLiteral("QXMaterial"));
         CVorDPM_DPI_Info* info = nullptr;
-        if (store->GetLibrary(QStringLiteral("QXMaterial"), library) != VOR::eOk) return nullptr;
-        if (!library->GetDPI() || library->GetDPI()->GetInfo(info) != VOR::eOk) return nullptr;
+        if (!library || !library->GetDPI() || library->GetDPI()->GetInfo(info) != VOR::eOk)
+            return nullptr;
         return info;
     }
 
@@ -56,7 +55,6 @@ protected:
         ASSERT_TRUE(store->HasUnsavedChanges());
     }
 
-    TempRoot root;
     static inline CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
 };
 

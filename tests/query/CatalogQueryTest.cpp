@@ -12,7 +12,7 @@ const QString kAny = QStringLiteral("*");
 
 // Two libraries; the first has two catalogs (one holding mixed classifications) and four
 // product definitions, one of which no catalog holds.
-class CatalogQueryTest : public QueryTest {
+class CatalogQueryTest : public StoreTestBase {
 protected:
     void SetUp() override {
         MakeLibrary(QStringLiteral("QXMEP"));

@@ -11,7 +11,7 @@ struct RuleCase {
 }  // namespace
 
 // A bolt definition with the parameters d, l and k in that table order.
-class NamingRuleTest : public QueryTest {
+class NamingRuleTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary(QStringLiteral("QXMaterial"));

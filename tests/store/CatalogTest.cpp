@@ -1,6 +1,6 @@
 #include <QFile>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ QStringList Names(const CKZList<CVorDPM_DPC_Content*>& entries) {
 
 }  // namespace
 
-class CatalogTest : public StoreTest {
+class CatalogTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary();
@@ -120,7 +120,7 @@ TEST_F(CatalogTest, CopyRenameRemoveAndEntriesFollowARenamedDefinition) {
     copy->GetAllContent(copied);
     EXPECT_EQ(copied.GetCount(), 5);  // the copy was taken before the rename
     EXPECT_EQ(m_library->RemoveDPC(QStringLiteral("Copy")), VOR::eOk);
-    EXPECT_FALSE(QFile::exists(m_root.File(QStringLiteral("QXMaterial/Copy.DPC"))));
+    EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("QXMaterial/Copy.DPC"))));
     QStringList names;
     m_library->GetAllDPCName(names);
     EXPECT_EQ(names, QStringList{QStringLiteral("紧固件")});

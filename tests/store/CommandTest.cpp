@@ -1,11 +1,14 @@
-#include "CVorDPMCommandManager.h"
-#include "StoreFixture.h"
+#include <functional>
 
-class CommandTest : public StoreTest {
+#include "CVorDPMCommandManager.h"
+#include "CVorDPMCommandScope.h"
+#include "support/StoreTestBase.h"
+
+class CommandTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_dpd = MakeDefinition(MakeLibrary(), QStringLiteral("D"));
-        m_row = AddProperty(m_dpd, QStringLiteral("直径"), QStringLiteral("d"));
+        m_row = AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("直径"));
         ASSERT_EQ(Manager()->SaveWork(), 1);
     }
     void TearDown() override { Commands()->Reset(); }
@@ -27,7 +30,7 @@ TEST_F(CommandTest, AbortRestoresModifiedDeletedAndRemovesCreatedObjects) {
     m_row->SetPropertyAlias(QStringLiteral("changed"));
     Commands()->AddModifiedObject(m_row);  // a second registration keeps the first image
     m_row->SetDeleted(1);
-    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("l"), QStringLiteral("长度"));
     Commands()->AddNewlyCreatedObject(created, 0);
     EXPECT_EQ(LiveProperties(), 1);
 
@@ -82,7 +85,7 @@ TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSav
     Commands()->StartCommand();
     Commands()->AddModifiedObject(m_row);
     m_row->SetDefValue(QStringLiteral("12"));
-    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    CVorDPM_DPD_Property* created = AddProperty(m_dpd, QStringLiteral("l"), QStringLiteral("长度"));
     Commands()->AddNewlyCreatedObject(created, 0);
     ASSERT_EQ(Manager()->SaveWork(), 1);
     EXPECT_FALSE(Manager()->HasUnsavedChanges());
@@ -97,4 +100,46 @@ TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSav
     m_dpd->GetAllProperty(rows);
     ASSERT_EQ(rows.GetCount(), 1);
     EXPECT_EQ(rows.GetAt(0)->GetDefValue(), QString());
+}
+
+// What a scoped command leaves behind, for each way of leaving the scope.
+struct ScopeCase {
+    const char* what;
+    std::function<void(CVorDPMCommandScope&)> leave;
+    const char* alias;  // of the row after the scope
+};
+
+TEST_F(CommandTest, ScopedCommandAbortsUnlessCommittedAndClosesItselfOnce) {
+    const ScopeCase cases[] = {
+        {"left without commit", [](CVorDPMCommandScope&) {}, "直径"},
+        {"committed", [](CVorDPMCommandScope& c) { EXPECT_EQ(c.Commit(), 1); }, "changed"},
+        {"aborted", [](CVorDPMCommandScope& c) { c.Abort(); }, "直径"},
+        {"committed twice",
+         [](CVorDPMCommandScope& c) {
+             c.Commit();
+             EXPECT_EQ(c.Commit(), 0);
+         },
+         "changed"},
+        {"aborted then committed",
+         [](CVorDPMCommandScope& c) {
+             c.Abort();
+             EXPECT_EQ(c.Commit(), 0);
+         },
+         "直径"},
+    };
+    for (const ScopeCase& c : cases) {
+        SCOPED_TRACE(c.what);
+        m_row->SetPropertyAlias(QStringLiteral("直径"));
+        Commands()->StartCommand();  // an enclosing command must stay open throughout
+        {
+            CVorDPMCommandScope scope;
+            EXPECT_EQ(Commands()->GetOpenCommandCount(), 2);
+            Commands()->AddModifiedObject(m_row);
+            m_row->SetPropertyAlias(QStringLiteral("changed"));
+            c.leave(scope);
+        }
+        EXPECT_EQ(Commands()->GetOpenCommandCount(), 1);
+        EXPECT_EQ(m_row->GetPropertyAlias().toStdString(), c.alias);
+        Commands()->EndCommand();
+    }
 }

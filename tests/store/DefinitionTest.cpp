@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ int RowsInFile(const QString& path, const char* table) {
 
 }  // namespace
 
-class DefinitionTest : public StoreTest {
+class DefinitionTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary();
@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(DefinitionTest, AllTablesRoundTripThroughTheFile) {
-    CVorDPM_DPD_Property* d = AddProperty(m_dpd, QStringLiteral("公称直径"), QStringLiteral("d"));
+    CVorDPM_DPD_Property* d = AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("公称直径"));
     d->SetUnit(QStringLiteral("mm"));
     d->SetSerialCheck(1);
     auto* image = new CVorDPM_DPD_Image;
@@ -125,7 +125,7 @@ TEST_F(DefinitionTest, SeriesValuesKeepAnyTextPerProperty) {
 }
 
 TEST_F(DefinitionTest, RowChecksReportEmptyAndDuplicateFields) {
-    AddProperty(m_dpd, QStringLiteral("直径"), QStringLiteral("d"));
+    AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("直径"));
     auto* product = new CVorDPM_DPD_Product;
     product->SetName(QStringLiteral("螺栓"));
     ASSERT_EQ(m_dpd->AddProduct(product), VOR::eOk);
@@ -185,7 +185,7 @@ TEST_F(DefinitionTest, DeletedRowsAreHiddenAndRemovedFromTheFileOnSave) {
 }
 
 TEST_F(DefinitionTest, TemplatesAreMadeFromDefinitionsAndDefinitionsFromTemplates) {
-    AddProperty(m_dpd, QStringLiteral("直径"), QStringLiteral("d"));
+    AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("直径"));
     ASSERT_EQ(m_library->CopyDPDAsDPT(QStringLiteral("六角头螺栓"), QStringLiteral("螺栓模板"),
                                       QString()),
               VOR::eOk);
@@ -199,8 +199,8 @@ TEST_F(DefinitionTest, TemplatesAreMadeFromDefinitionsAndDefinitionsFromTemplate
                                       QStringLiteral("NoSuchLibrary")),
               VOR::eNotFound);
     EXPECT_EQ(m_library->GetVorDPMTemplateManager()->HasDPT(QStringLiteral("库模板")), 1);
-    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("templates/螺栓模板.DPT"))));
-    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("QXMaterial/templates/库模板.DPT"))));
+    EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("templates/螺栓模板.DPT"))));
+    EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("QXMaterial/templates/库模板.DPT"))));
 
     Reopen();
     CVorDPMDPT* pattern = nullptr;

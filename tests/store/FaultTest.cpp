@@ -7,7 +7,7 @@
 #include <functional>
 #include <thread>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -49,13 +49,13 @@ QStringList CheckedValues(const QString& path) {
 
 }  // namespace
 
-class FaultTest : public StoreTest {
+class FaultTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary();
         for (const char* name : {"Good", "Bad"}) {
             CVorDPMDPD* dpd = MakeDefinition(m_library, QString::fromUtf8(name));
-            AddProperty(dpd, QStringLiteral("直径"), QStringLiteral("d"));
+            AddProperty(dpd, QStringLiteral("d"), QStringLiteral("直径"));
         }
         ASSERT_EQ(Manager()->SaveWork(), 1);
         Reopen();
@@ -63,7 +63,7 @@ protected:
     }
 
     QString PathOf(const char* dpd) {
-        return m_root.File(QStringLiteral("QXMaterial/%1.DPD").arg(QString::fromUtf8(dpd)));
+        return root.File(QStringLiteral("QXMaterial/%1.DPD").arg(QString::fromUtf8(dpd)));
     }
 
     CVorDPMLibraryManager* m_library = nullptr;
@@ -73,7 +73,7 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
     const QByteArray original = ReadAll(PathOf("Bad"));
     QByteArray foreign;
     {
-        const QString other = m_root.File(QStringLiteral("other.sqlite"));
+        const QString other = root.File(QStringLiteral("other.sqlite"));
         Exec(other, "CREATE TABLE notes(text TEXT); INSERT INTO notes VALUES ('x')");
         foreign = ReadAll(other);
     }
@@ -93,7 +93,7 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
          [&] {
              CVorDPMDPC* c = nullptr;
              m_library->CreateDPC(QStringLiteral("C"), c);
-             Write(PathOf("Bad"), ReadAll(m_root.File(QStringLiteral("QXMaterial/C.DPC"))));
+             Write(PathOf("Bad"), ReadAll(root.File(QStringLiteral("QXMaterial/C.DPC"))));
          },
          "not a VorDPM product definition"},
         {"newer schema",
@@ -142,9 +142,9 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
 TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
     CVorDPMDPD* dpd = nullptr;
     ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
-    AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     QFile::setPermissions(PathOf("Good"), QFile::ReadOwner);
-    QFile::setPermissions(m_root.File(QStringLiteral("QXMaterial")),
+    QFile::setPermissions(root.File(QStringLiteral("QXMaterial")),
                           QFile::ReadOwner | QFile::ExeOwner);
     const bool unprivileged = !QFile(PathOf("Good")).open(QIODevice::ReadWrite);
     if (unprivileged) {
@@ -152,7 +152,7 @@ TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
         EXPECT_TRUE(Manager()->HasUnsavedChanges());
         EXPECT_FALSE(CVorDPMManager::GetLastErrorText().isEmpty());
     }
-    QFile::setPermissions(m_root.File(QStringLiteral("QXMaterial")),
+    QFile::setPermissions(root.File(QStringLiteral("QXMaterial")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile::setPermissions(PathOf("Good"), QFile::ReadOwner | QFile::WriteOwner);
     EXPECT_EQ(Manager()->SaveWork(), 1);
@@ -162,7 +162,7 @@ TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
 TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {
     CVorDPMDPD* dpd = nullptr;
     ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
-    AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(QFile::encodeName(PathOf("Good")).constData(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
@@ -185,7 +185,7 @@ TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {
 TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
     CVorDPMDPD* dpd = nullptr;
     ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
-    CVorDPM_DPD_Property* extra = AddProperty(dpd, QStringLiteral("长度"), QStringLiteral("l"));
+    CVorDPM_DPD_Property* extra = AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     auto* product = new CVorDPM_DPD_Product;
     product->SetName(QStringLiteral("p"));
     dpd->AddProduct(product);
@@ -204,7 +204,7 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
         const QString value = QStringLiteral("value%1").arg(round);
         QProcess child;
         child.start(writer,
-                    {m_root.Path(), QStringLiteral("QXMaterial"), QStringLiteral("Good"), value});
+                    {root.Path(), QStringLiteral("QXMaterial"), QStringLiteral("Good"), value});
         ASSERT_TRUE(child.waitForStarted());
         while (!child.canReadLine() && child.state() == QProcess::Running)
             child.waitForReadyRead(50);

@@ -5,9 +5,9 @@
 #include "CKZList.h"
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMSQL.h"
-#include "StoreFixture.h"
 #include "VorDPMFunctions.h"
 #include "VorDPMParam.h"
+#include "support/StoreTestBase.h"
 #include "tagVorDPM_Value.h"
 
 TEST(VorFunctions, ParseStringSplitsAtTheWholeDelimiterAndSkipsEmptyParts) {
@@ -88,7 +88,7 @@ TEST(ValueRecords, BinaryDataLoadsAndSavesFilesAndKeepsItsBytesOnFailure) {
     EXPECT_EQ(loaded.GetSize(), 0);
 }
 
-class CursorTest : public StoreTest {};
+class CursorTest : public StoreTestBase {};
 
 TEST_F(CursorTest, ReadsAnyStoreFileAndNeverWritesIt) {
     CVorDPMDPD* dpd = MakeDefinition(MakeLibrary(), QStringLiteral("D"));
@@ -99,7 +99,7 @@ TEST_F(CursorTest, ReadsAnyStoreFileAndNeverWritesIt) {
     ASSERT_EQ(Manager()->SaveWork(), 1);
 
     CVorDPMSQL cursor;
-    EXPECT_EQ(cursor.open(m_root.File(QStringLiteral("missing.DPD"))), 0);
+    EXPECT_EQ(cursor.open(root.File(QStringLiteral("missing.DPD"))), 0);
     ASSERT_EQ(cursor.open(dpd->GetDPDFullPath()), 1);
     ASSERT_EQ(cursor.execQuery(QStringLiteral("SELECT name, image FROM image")), 1);
     ASSERT_FALSE(cursor.eof());
@@ -119,7 +119,7 @@ TEST_F(CursorTest, ReadsAnyStoreFileAndNeverWritesIt) {
 
 TEST_F(CursorTest, CacheTableFollowsTheDefinitionUntilDropped) {
     CVorDPMDPD* dpd = MakeDefinition(MakeLibrary(), QStringLiteral("Bolt"));
-    CVorDPM_DPD_Property* d = AddProperty(dpd, QStringLiteral("直径"), QStringLiteral("d"));
+    CVorDPM_DPD_Property* d = AddProperty(dpd, QStringLiteral("d"), QStringLiteral("直径"));
     auto* serial = new CVorDPM_DPD_Serial;
     serial->SetValue(QStringLiteral("M12"), d->GetObjectId());
     dpd->AddSerial(serial);

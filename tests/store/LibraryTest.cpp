@@ -2,18 +2,18 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "StoreFixture.h"
+#include "support/StoreTestBase.h"
 
-class LibraryTest : public StoreTest {};
+class LibraryTest : public StoreTestBase {};
 
 TEST_F(LibraryTest, LibrariesAreFoldersListedInCaseInsensitiveOrder) {
     for (const char* name : {"b", "QXMEP", "a", "QXMaterial"}) MakeLibrary(QString::fromUtf8(name));
-    QDir(m_root.Path()).mkdir(QStringLiteral("not-a-library"));
+    QDir(root.Path()).mkdir(QStringLiteral("not-a-library"));
     Reopen();
     QStringList names{QStringLiteral("kept")};
     Manager()->GetAllLibraryName(names);
     EXPECT_EQ(names, (QStringList{"kept", "a", "b", "QXMaterial", "QXMEP"}));
-    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("QXMEP/library.DPI"))));
+    EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("QXMEP/library.DPI"))));
     CVorDPMLibraryManager* missing = nullptr;
     EXPECT_NE(Manager()->GetLibrary(QStringLiteral("not-a-library"), missing), VOR::eOk);
     EXPECT_EQ(missing, nullptr);
@@ -25,7 +25,7 @@ TEST_F(LibraryTest, CopyRenameAndRemoveWorkOnDiskAndRemoveGoesToTrash) {
     ASSERT_EQ(library->CreateDPC(QStringLiteral("型钢"), catalog), VOR::eOk);
 
     EXPECT_EQ(Manager()->CopyLibrary(QStringLiteral("Steel"), QStringLiteral("Steel2")), VOR::eOk);
-    EXPECT_TRUE(QFile::exists(m_root.File(QStringLiteral("Steel2/型钢.DPC"))));
+    EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("Steel2/型钢.DPC"))));
     EXPECT_EQ(Manager()->RenameLibrary(QStringLiteral("Steel2"), QStringLiteral("Copper")),
               VOR::eOk);
     CVorDPMLibraryManager* renamed = nullptr;
@@ -35,8 +35,8 @@ TEST_F(LibraryTest, CopyRenameAndRemoveWorkOnDiskAndRemoveGoesToTrash) {
     EXPECT_EQ(catalogs, QStringList{QStringLiteral("型钢")});
 
     EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Steel")), 1);
-    EXPECT_FALSE(QDir(m_root.File(QStringLiteral("Steel"))).exists());
-    const QStringList trashed = QDir(m_root.Home() + QStringLiteral("/data/Trash/files"))
+    EXPECT_FALSE(QDir(root.File(QStringLiteral("Steel"))).exists());
+    const QStringList trashed = QDir(root.Home() + QStringLiteral("/data/Trash/files"))
                                     .entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     EXPECT_EQ(trashed, QStringList{QStringLiteral("Steel")});
     EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Steel")), 0);

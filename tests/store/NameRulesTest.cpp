@@ -2,8 +2,8 @@
 #include <QDirIterator>
 #include <functional>
 
-#include "StoreFixture.h"
 #include "VorDPMNames.h"
+#include "support/StoreTestBase.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ TEST(NameRules, AcceptsOrdinaryAndChineseNames) {
         EXPECT_TRUE(VorDPMNames::IsValidName(name)) << name.toStdString();
 }
 
-class BadNameTest : public StoreTest {};
+class BadNameTest : public StoreTestBase {};
 
 // Every operation that makes a file or folder from a name refuses names that are not portable
 // file names, and writes nothing.
@@ -57,7 +57,7 @@ TEST_F(BadNameTest, EveryCreateCopyRenameRefusesAndWritesNothing) {
     MakeDefinition(library, QStringLiteral("Bolt"));
     CVorDPMDPT* pattern = nullptr;
     ASSERT_EQ(Manager()->GetTemplateManager()->CreateDPT(QStringLiteral("T"), pattern), VOR::eOk);
-    const QStringList before = FilesUnder(m_root.Path());
+    const QStringList before = FilesUnder(root.Path());
 
     using Operation = std::function<int(const QString&)>;
     const std::vector<std::pair<const char*, Operation>> operations = {
@@ -119,8 +119,8 @@ TEST_F(BadNameTest, EveryCreateCopyRenameRefusesAndWritesNothing) {
         for (const QString& name : kBadNames)
             EXPECT_NE(operation(name), VOR::eOk)
                 << label << " accepted \"" << name.toStdString() << '"';
-    EXPECT_EQ(FilesUnder(m_root.Path()), before);
-    EXPECT_EQ(FilesUnder(m_root.Home() + QStringLiteral("/data")), QStringList());
+    EXPECT_EQ(FilesUnder(root.Path()), before);
+    EXPECT_EQ(FilesUnder(root.Home() + QStringLiteral("/data")), QStringList());
 }
 
 TEST_F(BadNameTest, ExistingNamesAreRefusedWithoutRegardToCase) {

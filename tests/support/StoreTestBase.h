@@ -1,31 +1,39 @@
-// Base of tests that build their data through the store: a temporary root and short-hands
-// that make libraries, catalogs, definitions and catalog entries.
+// Base of every test that builds its data through the store: a fresh temporary library root made
+// current for the test, and short-hands that make libraries, catalogs, definitions and rows.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include "CVorDPMManager.h"
+#include "support/QtPrinters.h"
 #include "support/TempRoot.h"
 
 class StoreTestBase : public ::testing::Test {
 protected:
     static CVorDPMManager* Manager() { return CVorDPMManager::GetVorDPMManager(); }
 
-    static CVorDPMLibraryManager* MakeLibrary(const QString& name) {
+    static CVorDPMLibraryManager* MakeLibrary(const QString& name = QStringLiteral("QXMaterial")) {
         CVorDPMLibraryManager* library = nullptr;
-        EXPECT_EQ(Manager()->CreateLibrary(name, library), VOR::eOk);
+        EXPECT_EQ(Manager()->CreateLibrary(name, library), VOR::eOk) << name.toStdString();
+        return library;
+    }
+
+    // The library the store knows by `name`, or null.
+    static CVorDPMLibraryManager* Library(const QString& name) {
+        CVorDPMLibraryManager* library = nullptr;
+        Manager()->GetLibrary(name, library);
         return library;
     }
 
     static CVorDPMDPC* MakeCatalog(CVorDPMLibraryManager* library, const QString& name) {
         CVorDPMDPC* catalog = nullptr;
-        EXPECT_EQ(library->CreateDPC(name, catalog), VOR::eOk);
+        EXPECT_EQ(library->CreateDPC(name, catalog), VOR::eOk) << name.toStdString();
         return catalog;
     }
 
     static CVorDPMDPD* MakeDefinition(CVorDPMLibraryManager* library, const QString& name) {
         CVorDPMDPD* dpd = nullptr;
-        EXPECT_EQ(library->CreateDPD(name, dpd), VOR::eOk);
+        EXPECT_EQ(library->CreateDPD(name, dpd), VOR::eOk) << name.toStdString();
         return dpd;
     }
 
@@ -44,5 +52,41 @@ protected:
         return entry;
     }
 
-    TempRoot m_root;
+    // A property definition with the parameter name `param`; its alias is `alias`, or
+    // "<param>-alias" when none is given.
+    static CVorDPM_DPD_Property* AddProperty(CVorDPMDPDBase* dpd, const QString& param,
+                                             const QString& alias = {}) {
+        auto* property = new CVorDPM_DPD_Property;
+        property->SetPropertyAlias(alias.isEmpty() ? param + QStringLiteral("-alias") : alias);
+        property->SetParamAlias(param);
+        EXPECT_EQ(dpd->AddProperty(property), VOR::eOk);
+        return property;
+    }
+
+    static CVorDPM_DPD_Product* AddProduct(CVorDPMDPDBase* dpd, const QString& name,
+                                           const QString& rule) {
+        auto* product = new CVorDPM_DPD_Product;
+        product->SetName(name);
+        product->SetNameRule(rule);
+        EXPECT_EQ(dpd->AddProduct(product), VOR::eOk);
+        return product;
+    }
+
+    static CVorDPM_DPD_Serial* AddSerial(CVorDPMDPDBase* dpd, const CVorDPM_DPD_Product* product) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetProductId(product->GetObjectId());
+        EXPECT_EQ(dpd->AddSerial(serial), VOR::eOk);
+        return serial;
+    }
+
+    // Drops everything loaded, so that the next lookups read the files again.
+    static void Reopen() { Manager()->DiscardChanges(); }
+
+    // Writes everything, then forgets it.
+    static void SaveAndReopen() {
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Reopen();
+    }
+
+    TempRoot root;
 };

@@ -14,8 +14,8 @@ protected:
         return ToolRunner::Run(arguments);
     }
 
-    TempRoot m_root;
-    QString m_sample = m_root.Home() + QStringLiteral("/sample");
+    TempRoot root;
+    QString m_sample = root.Home() + QStringLiteral("/sample");
 };
 
 TEST_F(SampleToolTest, CreatesASampleThatEveryCommandReads) {

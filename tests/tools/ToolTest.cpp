@@ -8,7 +8,7 @@
 
 // A small root made through the store: one library with a catalog of three levels, an empty
 // catalog, a bolt definition with two series rows and an unreadable definition file.
-class ToolTest : public QueryTest {
+class ToolTest : public StoreTestBase {
 protected:
     void SetUp() override {
         ASSERT_TRUE(QFile::exists(ToolRunner::Program())) << ToolRunner::Program().toStdString();
@@ -25,7 +25,7 @@ protected:
         MakeBolt(library);
         MakeDefinition(library, QStringLiteral("Broken"));
         SaveAndReopen();
-        QFile broken(m_root.File(QStringLiteral("QXMaterial/Broken.DPD")));
+        QFile broken(root.File(QStringLiteral("QXMaterial/Broken.DPD")));
         ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
         broken.write("this is not a product definition");
     }
@@ -46,7 +46,7 @@ protected:
     }
 
     ToolRun Run(QStringList arguments) const {
-        arguments << QStringLiteral("--root") << m_root.Path();
+        arguments << QStringLiteral("--root") << root.Path();
         return ToolRunner::Run(arguments);
     }
 
@@ -59,7 +59,7 @@ TEST_F(ToolTest, BadUsageExitsWithTwoAndOneLine) {
         {"bogus"},
         {"ls", "a", "b"},
         {"ls", "--nope"},
-        {"ls", "QXMaterial/紧固件/a/b/c/d", "--root", m_root.Path()},
+        {"ls", "QXMaterial/紧固件/a/b/c/d", "--root", root.Path()},
         {"find"},
         {"names", "QXMaterial"},
         {"show", "QXMaterial", "HexBolt", "extra"},
@@ -138,7 +138,7 @@ TEST_F(ToolTest, MissingThingsExitWithOneAndSayWhat) {
         EXPECT_TRUE(run.err.contains(c.mentions)) << run.err.toStdString();
     }
     const ToolRun noRoot =
-        ToolRunner::Run({"ls", "--root", m_root.Home() + QStringLiteral("/missing")});
+        ToolRunner::Run({"ls", "--root", root.Home() + QStringLiteral("/missing")});
     EXPECT_EQ(noRoot.exitCode, 1);
     EXPECT_TRUE(noRoot.HasOneErrorLine()) << noRoot.err.toStdString();
 }

@@ -1,0 +1,18 @@
+cmake_minimum_required(VERSION 3.25)
+# Fails when a public header of the store names, by an #include "...", a header that is not
+# public itself. Run with -DFOLDER=<store folder> -DPUBLIC="<header;header;...>".
+set(offences "")
+foreach(header IN LISTS PUBLIC)
+  file(STRINGS "${FOLDER}/${header}" includes REGEX "^#include \"")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" included "${line}")
+    if(NOT included IN_LIST PUBLIC)
+      string(APPEND offences "\n  ${header} includes the internal header ${included}")
+    endif()
+  endforeach()
+endforeach()
+if(offences)
+  message(FATAL_ERROR "Public store headers reach internal ones:${offences}")
+endif()
+list(LENGTH PUBLIC count)
+message(STATUS "${count} public store headers name only public headers")

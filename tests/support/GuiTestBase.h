@@ -1,0 +1,67 @@
+// Base of the editor's widget tests: a fresh library root, the strict scripted UI driver, and
+// short-hands that find a window's controls by their id constants and drive them as a user does.
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include "common/VorDPMControlId.h"
+#include "support/CVorDPMScriptedUi.h"
+#include "support/StoreTestBase.h"
+
+class GuiTestBase : public StoreTestBase {
+public:
+    template <class T>
+    static T* Control(const QWidget* window, int id) {
+        T* control = VorDPMControlId::Find<T>(window, id);
+        EXPECT_NE(control, nullptr) << "no control " << id;
+        return control;
+    }
+
+    // Clicks the button `id`, which must be there and enabled.
+    static void Click(const QWidget* window, int id) {
+        auto* button = Control<QPushButton>(window, id);
+        ASSERT_TRUE(button);
+        ASSERT_TRUE(button->isEnabled()) << "button " << id << " is disabled";
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+
+    // Sends `text` to `widget` key by key; unlike QTest::keyClicks also non-ASCII text.
+    static void Type(QWidget* widget, const QString& text) {
+        for (const QChar c : text) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(widget, &press);
+            QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(widget, &release);
+        }
+    }
+
+    // Replaces the text of the line edit `id` of `window` by typing `text`.
+    static void Type(const QWidget* window, int id, const QString& text) {
+        QLineEdit* edit = Control<QLineEdit>(window, id);
+        edit->clear();
+        Type(edit, text);
+    }
+
+    static bool Accepted(const QDialog& dialog) {
+        return !dialog.isVisible() && dialog.result() == QDialog::Accepted;
+    }
+
+    // A nested-dialog answer: shows the dialog, lets `fill` work its real controls, and returns
+    // its result; a dialog that is still open afterwards is cancelled.
+    static std::function<int(QDialog*)> Filling(std::function<void(QDialog*)> fill) {
+        return [fill](QDialog* nested) {
+            nested->show();
+            fill(nested);
+            if (nested->isVisible()) nested->reject();
+            return nested->result();
+        };
+    }
+
+protected:
+    CVorDPMScriptedUi ui;
+};
