@@ -2,15 +2,15 @@
 #include <QJsonObject>
 
 #include "ToolRunner.h"
-#include "query/QueryFixture.h"
+#include "support/StoreTestBase.h"
 
 // `show --json` is written piece by piece; its text must be what QJsonDocument writes for the
 // same object, byte for byte, whatever the keys and values hold.
-class ShowJsonLayoutTest : public QueryTest {
+class ShowJsonLayoutTest : public StoreTestBase {
 protected:
     QString ShowJson() const {
         const ToolRun run =
-            ToolRunner::Run({"show", "Lib", "Odd", "--json", "--root", m_root.Path()});
+            ToolRunner::Run({"show", "Lib", "Odd", "--json", "--root", root.Path()});
         EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
         return run.out;
     }
