@@ -82,6 +82,7 @@ QSet<QString> CataloguedProducts(CVorDPMLibraryManager& library) {
         if (!catalog) continue;
         CKZList<CVorDPM_DPC_Content*> entries;
         catalog->GetAllContent(entries, 0);
+        products.reserve(products.size() + entries.GetCount());
         for (const CVorDPM_DPC_Content* entry : entries)
             products.insert(entry->GetDPD().toCaseFolded());
     }

@@ -6,8 +6,8 @@
 #include <QHash>
 #include <QStringList>
 #include <functional>
-#include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "CVorDPMFileStore.h"
@@ -41,6 +41,12 @@ public:
 
     // The file's object; its tables are read when they are first used.
     VOR::ErrorStatus Get(const QString& name, T*& out) {
+        // Callers mostly pass the name as listed: a loaded file is then found in one look-up.
+        const auto exact = m_loaded.find(name);
+        if (exact != m_loaded.end()) {
+            out = exact->second.get();
+            return VOR::eOk;
+        }
         const QString canonical = Canonical(name);
         if (canonical.isEmpty()) return VOR::eNotFound;
         auto loaded = m_loaded.find(canonical);
@@ -188,7 +194,8 @@ private:
     mutable bool m_scanned = false;
     mutable QStringList m_names;
     mutable QHash<QString, QString> m_byFoldedName;
-    std::map<QString, std::unique_ptr<T>> m_loaded;
+    // By canonical name; hashed, since building a tree looks up every definition of a library.
+    std::unordered_map<QString, std::unique_ptr<T>> m_loaded;
     // Removed files' objects: kept so that pointers handed out earlier stay valid.
     std::vector<std::unique_ptr<T>> m_retired;
 };
