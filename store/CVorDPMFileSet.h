@@ -31,10 +31,7 @@ public:
         Scan();
         return m_names;
     }
-    bool Has(const QString& name) const {
-        Scan();
-        return m_byFoldedName.contains(name.toCaseFolded());
-    }
+    bool Has(const QString& name) const { return ByFoldedName().contains(name.toCaseFolded()); }
     QString PathOf(const QString& name) const {
         return QDir(m_folder).filePath(name + m_extension);
     }
@@ -143,25 +140,33 @@ private:
         m_scanned = true;
         m_names = VorDPMFolderListing::FileNames(m_folder, m_extension);
         VorDPMNames::Sort(m_names);
-        m_byFoldedName.reserve(m_names.size());
-        for (const QString& name : std::as_const(m_names))
-            m_byFoldedName.insert(name.toCaseFolded(), name);
+    }
+
+    // Names by their case-folded form, made on the first look-up by name: a listing alone
+    // does not need it.
+    const QHash<QString, QString>& ByFoldedName() const {
+        Scan();
+        if (m_byFoldedName.isEmpty() && !m_names.isEmpty()) {
+            m_byFoldedName.reserve(m_names.size());
+            for (const QString& name : std::as_const(m_names))
+                m_byFoldedName.insert(name.toCaseFolded(), name);
+        }
+        return m_byFoldedName;
     }
 
     // The name as the file is called, found without regard to case; empty when there is none.
     QString Canonical(const QString& name) const {
-        Scan();
-        return m_byFoldedName.value(name.toCaseFolded());
+        return ByFoldedName().value(name.toCaseFolded());
     }
 
     void AddName(const QString& name) {
-        Scan();
+        ByFoldedName();
         VorDPMNames::InsertSorted(m_names, name);
         m_byFoldedName.insert(name.toCaseFolded(), name);
     }
 
     void RemoveName(const QString& canonical) {
-        Scan();
+        ByFoldedName();
         VorDPMNames::RemoveSorted(m_names, canonical);
         m_byFoldedName.remove(canonical.toCaseFolded());
     }
