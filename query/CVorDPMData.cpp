@@ -52,22 +52,19 @@ bool SameIgnoringCase(const QString& a, const QString& b) {
 void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
                 QString& name) {
     name += parts.first();
-    // The properties that the rule names, once per naming token; their values are then read
-    // in one pass over the packed row.
-    std::vector<int> named;
-    // Naming every row of a large table reads the property rows in place once per row, where a
-    // list of them would be allocated and freed each time.
+    int values = 1;
+    // A rule names a few of the properties: each value is looked up on its own, which stops
+    // at its line, rather than unpacking the whole row. The property rows are read in place.
     dpd->ForEachLiveRow<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property* property) {
         const QString& param = property->GetParamAlias();
-        for (qsizetype i = 1; i < parts.size(); ++i)
-            if (SameIgnoringCase(parts[i], param)) named.push_back(property->GetObjectId());
+        for (qsizetype i = 1; i < parts.size(); ++i) {
+            if (!SameIgnoringCase(parts[i], param)) continue;
+            const QString value = serial.GetValue(property->GetObjectId());
+            if (value.isEmpty()) continue;
+            if (++values > 2) name += QLatin1Char('*');
+            name += value;
+        }
     });
-    int values = 1;
-    for (const QString& value : serial.GetValues(named)) {
-        if (value.isEmpty()) continue;
-        if (++values > 2) name += QLatin1Char('*');
-        name += value;
-    }
 }
 
 // The product names of the live entries of every catalog of the library, case-folded: a
