@@ -1,5 +1,8 @@
 #include "JsonStreamWriter.h"
 
+#include <QStringEncoder>
+#include <algorithm>
+
 namespace {
 
 constexpr qsizetype kFlushSize = 1 << 16;
@@ -65,15 +68,24 @@ void JsonStreamWriter::EndArray() {
 }
 
 void JsonStreamWriter::Key(const QString& key) {
+    QuotedKey(Quoted(key));
+}
+
+void JsonStreamWriter::QuotedKey(const QByteArray& quoted) {
     BeginValue();
-    AppendString(key);
-    m_buffer.append(": ");
+    m_buffer.append(quoted).append(": ");
     m_afterKey = true;
+}
+
+QByteArray JsonStreamWriter::Quoted(const QString& text) {
+    QByteArray quoted;
+    AppendString(text, quoted);
+    return quoted;
 }
 
 void JsonStreamWriter::Value(const QString& text) {
     BeginValue();
-    AppendString(text);
+    AppendString(text, m_buffer);
     FlushWhenFull();
 }
 
@@ -85,7 +97,7 @@ void JsonStreamWriter::Value(qint64 number) {
 
 void JsonStreamWriter::Value(const QVariant& value) {
     if (value.typeId() == QMetaType::QString)
-        Value(value.toString());
+        Value(*static_cast<const QString*>(value.constData()));
     else
         Value(value.toLongLong());
 }
@@ -126,23 +138,27 @@ void JsonStreamWriter::Indent(size_t depth) {
     m_buffer.append(static_cast<qsizetype>(4 * depth), ' ');
 }
 
-void JsonStreamWriter::AppendString(const QString& text) {
-    m_buffer.append('"');
-    const qsizetype start = m_buffer.size();
-    m_buffer.append(text.toUtf8());
+void JsonStreamWriter::AppendString(const QString& text, QByteArray& out) {
+    out.append('"');
+    const qsizetype start = out.size();
+    // Encoded in place: a UTF-16 code unit takes at most three UTF-8 bytes.
+    out.resize(start + 3 * text.size());
+    QStringEncoder encoder(QStringEncoder::Utf8);
+    char* end = encoder.appendToBuffer(out.data() + start, text);
+    out.truncate(end - out.constData());
     // Nearly every text needs no escape; those that do are written again, escaped.
-    const auto first = std::find_if(m_buffer.cbegin() + start, m_buffer.cend(), NeedsEscape);
-    if (first != m_buffer.cend()) {
-        const QByteArray plain = m_buffer.mid(start);
-        m_buffer.truncate(start);
+    const auto first = std::find_if(out.cbegin() + start, out.cend(), NeedsEscape);
+    if (first != out.cend()) {
+        const QByteArray plain = out.mid(start);
+        out.truncate(start);
         for (const char c : plain) {
             if (NeedsEscape(c))
-                AppendEscaped(m_buffer, c);
+                AppendEscaped(out, c);
             else
-                m_buffer.append(c);
+                out.append(c);
         }
     }
-    m_buffer.append('"');
+    out.append('"');
 }
 
 void JsonStreamWriter::FlushWhenFull() {

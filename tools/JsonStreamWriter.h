@@ -23,6 +23,10 @@ public:
     void EndArray();
     // The key of the next member of the open object.
     void Key(const QString& key);
+    // The same with the key as Quoted() gives it: keys repeated in every row are encoded once.
+    void QuotedKey(const QByteArray& quoted);
+    // A text as a JSON string in UTF-8, with its quotes.
+    static QByteArray Quoted(const QString& text);
     void Value(const QString& text);
     void Value(qint64 number);
     // A text or whole number (as QJsonValue::fromVariant writes them).
@@ -37,7 +41,7 @@ private:
     void Open(char bracket);
     void Close(char bracket);
     void Indent(size_t depth);
-    void AppendString(const QString& text);
+    static void AppendString(const QString& text, QByteArray& out);
     void FlushWhenFull();
 
     QIODevice& m_out;

@@ -35,18 +35,20 @@ public:
     explicit JsonRowLayout(const DefinitionTables::Table& table) {
         const qsizetype split =
             table.valueColumnsFrom >= 0 ? table.valueColumnsFrom : table.columns.size();
-        m_keys = table.columns.mid(0, split);
-        if (table.valueColumnsFrom >= 0) m_keys.append(kValues);
-        m_ownOrder = KeyOrder(m_keys);
+        QStringList keys = table.columns.mid(0, split);
+        if (table.valueColumnsFrom >= 0) keys.append(kValues);
+        m_ownOrder = KeyOrder(keys);
         m_valuesFrom = split;
-        m_valueKeys = table.columns.mid(split);
-        m_valueOrder = KeyOrder(m_valueKeys);
+        const QStringList valueKeys = table.columns.mid(split);
+        m_valueOrder = KeyOrder(valueKeys);
+        for (const QString& key : std::as_const(keys)) m_keys.append(JsonStreamWriter::Quoted(key));
+        for (const QString& key : valueKeys) m_valueKeys.append(JsonStreamWriter::Quoted(key));
     }
 
     void Write(JsonStreamWriter& json, const QVariantList& cells) const {
         json.BeginObject();
         for (const qsizetype i : m_ownOrder) {
-            json.Key(m_keys[i]);
+            json.QuotedKey(m_keys[i]);
             if (i < m_valuesFrom)
                 json.Value(cells[i]);
             else
@@ -59,16 +61,17 @@ private:
     void WriteValues(JsonStreamWriter& json, const QVariantList& cells) const {
         json.BeginObject();
         for (const qsizetype i : m_valueOrder) {
-            json.Key(m_valueKeys[i]);
+            json.QuotedKey(m_valueKeys[i]);
             json.Value(cells[m_valuesFrom + i]);
         }
         json.EndObject();
     }
 
-    QStringList m_keys;
+    // Encoded once for every row.
+    QByteArrayList m_keys;
     std::vector<qsizetype> m_ownOrder;
     qsizetype m_valuesFrom = 0;
-    QStringList m_valueKeys;
+    QByteArrayList m_valueKeys;
     std::vector<qsizetype> m_valueOrder;
 };
 
