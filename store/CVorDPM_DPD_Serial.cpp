@@ -53,8 +53,7 @@ bool FindEntry(const QByteArray& packed, Visitor&& visit, PackedEntry& found) {
     return false;
 }
 
-QString Unescape(const char* bytes, qsizetype length) {
-    if (!std::memchr(bytes, '\\', length)) return QString::fromUtf8(bytes, length);
+QByteArray UnescapeBytes(const char* bytes, qsizetype length) {
     QByteArray plain;
     plain.reserve(length);
     for (qsizetype i = 0; i < length; ++i) {
@@ -65,7 +64,12 @@ QString Unescape(const char* bytes, qsizetype length) {
         }
         plain.append(bytes[i]);
     }
-    return QString::fromUtf8(plain);
+    return plain;
+}
+
+QString Unescape(const char* bytes, qsizetype length) {
+    if (!std::memchr(bytes, '\\', size_t(length))) return QString::fromUtf8(bytes, length);
+    return QString::fromUtf8(UnescapeBytes(bytes, length));
 }
 
 QByteArray Escape(const QString& value) {
@@ -94,7 +98,16 @@ QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
 }
 
 QStringList CVorDPM_DPD_Serial::GetValues(const std::vector<int>& propertyObjectIds) const {
-    QStringList values(static_cast<qsizetype>(propertyObjectIds.size()));
+    QStringList values;
+    values.reserve(static_cast<qsizetype>(propertyObjectIds.size()));
+    for (const QByteArray& value : GetValuesUtf8(propertyObjectIds))
+        values.append(QString::fromUtf8(value));
+    return values;
+}
+
+std::vector<QByteArray> CVorDPM_DPD_Serial::GetValuesUtf8(
+    const std::vector<int>& propertyObjectIds) const {
+    std::vector<QByteArray> values(propertyObjectIds.size());
     // A property listed in the row twice keeps its first value, as GetValue reads it.
     std::vector<bool> filled(propertyObjectIds.size(), false);
     PackedEntry unused;
@@ -103,7 +116,9 @@ QStringList CVorDPM_DPD_Serial::GetValues(const std::vector<int>& propertyObject
         [&](const PackedEntry& e) {
             for (size_t i = 0; i < propertyObjectIds.size(); ++i) {
                 if (propertyObjectIds[i] != e.propertyId || filled[i]) continue;
-                values[static_cast<qsizetype>(i)] = Unescape(e.value, e.valueLength);
+                values[i] = std::memchr(e.value, '\\', size_t(e.valueLength))
+                                ? UnescapeBytes(e.value, e.valueLength)
+                                : QByteArray::fromRawData(e.value, e.valueLength);
                 filled[i] = true;
             }
             return false;

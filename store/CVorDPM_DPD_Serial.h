@@ -25,6 +25,9 @@ public:
     // The values of the given properties, in the order given (empty where none is set), read
     // in one pass over the packed row: reading them one by one would walk it once per property.
     QStringList GetValues(const std::vector<int>& propertyObjectIds) const;
+    // The same as UTF-8 bytes. A value without escapes refers to the row's own bytes (valid
+    // until the row changes), so that printing a large table copies nothing per value.
+    std::vector<QByteArray> GetValuesUtf8(const std::vector<int>& propertyObjectIds) const;
     // Sets the value of one property; an empty value removes it.
     void SetValue(const QString& value, int propertyObjectId);
     // The packed values as stored: UTF-8 lines "<property id>=<value>", with "\\" and newline

@@ -78,8 +78,11 @@ void DefinitionTables::AddSeries(CVorDPMDPD& dpd) {
                             [propertyIds](const CVorDPM_DPD_Serial& r) {
                                 QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(),
                                                  r.GetImageId(), r.GetShapeId()};
-                                for (const QString& value : r.GetValues(propertyIds))
-                                    row.append(value);
+                                // Values as the row's UTF-8 bytes: a table of many rows is printed
+                                // without a text
+                                // made for each value.
+                                for (QByteArray& value : r.GetValuesUtf8(propertyIds))
+                                    row.append(std::move(value));
                                 return row;
                             });
     m_tables.back().valueColumnsFrom = valuesFrom;

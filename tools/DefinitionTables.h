@@ -14,7 +14,8 @@ class CVorDPMDPD;
 
 class DefinitionTables {
 public:
-    // One row's cells in column order: whole numbers and texts.
+    // One row's cells in column order: whole numbers and texts (QString, or UTF-8 QByteArray
+    // for property values).
     using RowVisitor = std::function<void(const QVariantList& cells)>;
 
     struct Table {

@@ -98,8 +98,19 @@ void JsonStreamWriter::Value(qint64 number) {
 void JsonStreamWriter::Value(const QVariant& value) {
     if (value.typeId() == QMetaType::QString)
         Value(*static_cast<const QString*>(value.constData()));
+    else if (value.typeId() == QMetaType::QByteArray)
+        Utf8Value(*static_cast<const QByteArray*>(value.constData()));
     else
         Value(value.toLongLong());
+}
+
+void JsonStreamWriter::Utf8Value(const QByteArray& text) {
+    BeginValue();
+    m_buffer.append('"');
+    const qsizetype start = m_buffer.size();
+    m_buffer.append(text);
+    EscapeAndClose(start, m_buffer);
+    FlushWhenFull();
 }
 
 void JsonStreamWriter::Flush() {
@@ -146,6 +157,10 @@ void JsonStreamWriter::AppendString(const QString& text, QByteArray& out) {
     QStringEncoder encoder(QStringEncoder::Utf8);
     char* end = encoder.appendToBuffer(out.data() + start, text);
     out.truncate(end - out.constData());
+    EscapeAndClose(start, out);
+}
+
+void JsonStreamWriter::EscapeAndClose(qsizetype start, QByteArray& out) {
     // Nearly every text needs no escape; those that do are written again, escaped.
     const auto first = std::find_if(out.cbegin() + start, out.cend(), NeedsEscape);
     if (first != out.cend()) {

@@ -29,7 +29,9 @@ public:
     static QByteArray Quoted(const QString& text);
     void Value(const QString& text);
     void Value(qint64 number);
-    // A text or whole number (as QJsonValue::fromVariant writes them).
+    // A text in UTF-8.
+    void Utf8Value(const QByteArray& text);
+    // A text (QString, or QByteArray in UTF-8) or a whole number.
     void Value(const QVariant& value);
     // Writes what is buffered; the document ends with a newline after its outermost value.
     void Flush();
@@ -42,6 +44,8 @@ private:
     void Close(char bracket);
     void Indent(size_t depth);
     static void AppendString(const QString& text, QByteArray& out);
+    // Escapes the UTF-8 bytes from `start` on in place and adds the closing quote.
+    static void EscapeAndClose(qsizetype start, QByteArray& out);
     void FlushWhenFull();
 
     QIODevice& m_out;
