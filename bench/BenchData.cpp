@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 
-#include "BenchScratch.h"
 #include "CVorDPMManager.h"
 
 namespace {
@@ -15,15 +14,6 @@ CVorDPMManager* Manager() {
 }
 
 }  // namespace
-
-QString BenchData::UseRoot(const QTemporaryDir& temporary, const QString& name) {
-    const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
-    const QString home = QDir(kept.isEmpty() ? temporary.path() : kept).filePath(name);
-    BenchScratch::RedirectUserFolders(home);
-    const QString root = home + QStringLiteral("/root");
-    if (Manager()->SetDPMLibraryRootPath(root) != 1) qFatal("cannot use %s", qPrintable(root));
-    return root;
-}
 
 CVorDPMLibraryManager* BenchData::Library(const QString& name) {
     CVorDPMLibraryManager* library = nullptr;

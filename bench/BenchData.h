@@ -1,9 +1,8 @@
-// Data shared by the benchmarks: a library root for the run and large libraries and
-// definitions written through the store.
+// Large data shared by the benchmarks (the root comes from BenchLibraryRoot): libraries of many
+// definitions and definitions of many series rows.
 #pragma once
 
 #include <QString>
-#include <QTemporaryDir>
 
 class CVorDPMDPD;
 class CVorDPMLibraryManager;
@@ -11,11 +10,6 @@ class CVorDPMLibraryManager;
 namespace BenchData {
 
 constexpr int kProperties = 20;
-
-// Points the store at a root for this run: $VORDPM_BENCH_ROOT/<name> when that is set (kept
-// between runs, since writing large data takes a while), else a folder in `temporary`.
-// Settings and user data go below the same folder. Returns the root.
-QString UseRoot(const QTemporaryDir& temporary, const QString& name);
 
 // The library of that name, created when missing; null when it cannot be created.
 CVorDPMLibraryManager* Library(const QString& name);

@@ -8,9 +8,9 @@
 #include <sys/resource.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include "BenchData.h"
+#include "BenchLibraryRoot.h"
 #include "CVorDPMManager.h"
 #include "VorDPMNames.h"
 
@@ -38,11 +38,9 @@ public:
     }
 
 private:
-    BenchRoot() {
-        m_root = BenchData::UseRoot(m_dir, QStringLiteral("store"));
-        CVorDPMLibraryManager* data = nullptr;
-        Manager()->GetLibrary(QStringLiteral("Data"), data);
-        if (!data) Write();
+    BenchRoot() : m_libraryRoot(QStringLiteral("store")) {
+        m_root = Manager()->GetDPMLibraryRootPath();
+        if (!BenchLibraryRoot::Has(QStringLiteral("Data"))) Write();
         Manager()->SetDPMLibraryRootPath(m_root);
     }
 
@@ -77,7 +75,7 @@ private:
         sqlite3_close(db);
     }
 
-    QTemporaryDir m_dir;
+    BenchLibraryRoot m_libraryRoot;
     QString m_root;
 };
 

@@ -9,7 +9,6 @@
 #include <unistd.h>
 
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,6 +16,7 @@
 #include <vector>
 
 #include "BenchData.h"
+#include "BenchLibraryRoot.h"
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMManager.h"
 
@@ -30,11 +30,10 @@ constexpr int kCatalogs = 5;
 constexpr int kEntriesPerCatalog = 2000;
 
 struct ToolBenchData {
-    ToolBenchData() {
-        root = BenchData::UseRoot(dir, QStringLiteral("tool"));
+    ToolBenchData() : libraryRoot(QStringLiteral("tool")) {
+        root = CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath();
+        if (!BenchLibraryRoot::Has(QStringLiteral("Data"))) Write();
         CVorDPMLibraryManager* data = nullptr;
-        CVorDPMManager::GetVorDPMManager()->GetLibrary(QStringLiteral("Data"), data);
-        if (!data) Write();
         CVorDPMManager::GetVorDPMManager()->GetLibrary(QStringLiteral("Data"), data);
         large = data->GetFolder() + QStringLiteral("/Large.DPD");
     }
@@ -59,7 +58,7 @@ struct ToolBenchData {
         if (CVorDPMManager::GetVorDPMManager()->SaveWork() != 1) qFatal("cannot save");
     }
 
-    QTemporaryDir dir;
+    BenchLibraryRoot libraryRoot;
     QString root;
     QString large;
 };

@@ -4,9 +4,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QTemporaryDir>
 
 #include "BenchData.h"
+#include "BenchLibraryRoot.h"
 #include "BenchScratch.h"
 #include "CVorDPMManager.h"
 #include "query/CVorDPMData.h"
@@ -30,13 +30,9 @@ QString LibraryName(int definitions) {
 // kCatalogs catalogs, each entry under three classification levels.
 class TreeBenchData {
 public:
-    TreeBenchData() {
-        BenchData::UseRoot(m_dir, QStringLiteral("tree"));
-        for (const int size : {1000, 10000, 50000}) {
-            CVorDPMLibraryManager* library = nullptr;
-            Manager()->GetLibrary(LibraryName(size), library);
-            if (!library) Write(size);
-        }
+    TreeBenchData() : m_root(QStringLiteral("tree")) {
+        for (const int size : {1000, 10000, 50000})
+            if (!BenchLibraryRoot::Has(LibraryName(size))) Write(size);
         Manager()->SetDPMLibraryRootPath(Manager()->GetDPMLibraryRootPath());
     }
 
@@ -60,7 +56,7 @@ private:
         if (Manager()->SaveWork() != 1) qFatal("cannot save the benchmark data");
     }
 
-    QTemporaryDir m_dir;
+    BenchLibraryRoot m_root;
 };
 
 TreeBenchData& Data() {

@@ -1,8 +1,8 @@
 #include "CVorDPMlistCtrlBase.h"
 
 #include <QHeaderView>
-#include <QStandardItemModel>
 
+#include "CVorDPMListModel.h"
 #include "CVorDPMListRowDelegate.h"
 
 namespace {
@@ -13,7 +13,7 @@ constexpr int kDefaultRowHeight = 20;
 }  // namespace
 
 CVorDPMlistCtrlBase::CVorDPMlistCtrlBase(QWidget* parent)
-    : QTableView(parent), m_model(new QStandardItemModel(this)), m_rowHeight(kDefaultRowHeight) {
+    : QTableView(parent), m_model(new CVorDPMListModel(this)), m_rowHeight(kDefaultRowHeight) {
     setModel(m_model);
     setItemDelegate(new CVorDPMListRowDelegate(this));
     setShowGrid(true);
@@ -29,9 +29,7 @@ CVorDPMlistCtrlBase::CVorDPMlistCtrlBase(QWidget* parent)
 }
 
 int CVorDPMlistCtrlBase::InsertColumn(int column, const QString& head, int width) {
-    column = qBound(0, column, m_model->columnCount());
-    m_model->insertColumn(column);
-    m_model->setHorizontalHeaderItem(column, new QStandardItem(head));
+    column = m_model->InsertColumn(column, head);
     setColumnWidth(column, width);
     return column;
 }
@@ -41,32 +39,27 @@ int CVorDPMlistCtrlBase::GetColumnCount() const {
 }
 
 void CVorDPMlistCtrlBase::DeleteAllColumns() {
-    m_model->setColumnCount(0);
+    m_model->RemoveAllColumns();
 }
 
 int CVorDPMlistCtrlBase::InsertItem(int row, const QString& text) {
-    row = qBound(0, row, m_model->rowCount());
-    m_model->insertRow(row);
-    SetItemText(row, 0, text);
-    return row;
+    return m_model->InsertRow(row, text);
 }
 
 bool CVorDPMlistCtrlBase::SetItemText(int row, int column, const QString& text) {
-    const QModelIndex index = m_model->index(row, column);
-    return index.isValid() && m_model->setData(index, text);
+    return m_model->SetText(row, column, text);
 }
 
 QString CVorDPMlistCtrlBase::GetItemText(int row, int column) const {
-    return m_model->index(row, column).data().toString();
+    return m_model->Text(row, column);
 }
 
 bool CVorDPMlistCtrlBase::SetItemData(int row, quint64 data) {
-    const QModelIndex index = m_model->index(row, 0);
-    return index.isValid() && m_model->setData(index, QVariant::fromValue(data), Qt::UserRole);
+    return m_model->SetRowData(row, data);
 }
 
 quint64 CVorDPMlistCtrlBase::GetItemData(int row) const {
-    return m_model->index(row, 0).data(Qt::UserRole).value<quint64>();
+    return m_model->RowData(row);
 }
 
 int CVorDPMlistCtrlBase::GetItemCount() const {
@@ -74,7 +67,11 @@ int CVorDPMlistCtrlBase::GetItemCount() const {
 }
 
 void CVorDPMlistCtrlBase::DeleteAllItems() {
-    m_model->setRowCount(0);
+    m_model->RemoveAllRows();
+}
+
+void CVorDPMlistCtrlBase::SetRowSource(std::unique_ptr<CVorDPMListRowSource> source) {
+    m_model->SetSource(std::move(source));
 }
 
 int CVorDPMlistCtrlBase::GetSelectedRow() const {

@@ -4,8 +4,10 @@
 
 #include <QString>
 #include <QTableView>
+#include <memory>
 
-class QStandardItemModel;
+class CVorDPMListModel;
+class CVorDPMListRowSource;
 
 class CVorDPMlistCtrlBase : public QTableView {
     Q_OBJECT
@@ -17,7 +19,8 @@ public:
     int InsertColumn(int column, const QString& head, int width);
     int GetColumnCount() const;
     void DeleteAllColumns();
-    // Inserts a row with the text of its first cell; returns its index.
+    // Inserts a row with the text of its first cell; returns its index. Meant for short lists;
+    // a list over many rows takes a row source instead.
     int InsertItem(int row, const QString& text);
     bool SetItemText(int row, int column, const QString& text);
     QString GetItemText(int row, int column) const;
@@ -25,6 +28,9 @@ public:
     quint64 GetItemData(int row) const;
     int GetItemCount() const;
     void DeleteAllItems();
+    // Shows the rows of `source` in place of all rows before; the source formats each cell
+    // when it is drawn or read, so no text is kept per cell. Its cells cannot be set.
+    void SetRowSource(std::unique_ptr<CVorDPMListRowSource> source);
     // The first selected row, or -1.
     int GetSelectedRow() const;
     void SelectRow(int row);
@@ -33,6 +39,6 @@ public:
     int GetRowHeight() const { return m_rowHeight; }
 
 private:
-    QStandardItemModel* m_model;
+    CVorDPMListModel* m_model;
     int m_rowHeight;
 };

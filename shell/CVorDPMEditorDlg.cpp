@@ -64,6 +64,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     // The menu bar is part of the window on every platform, as the layout below expects.
     m_menuBar->setNativeMenuBar(false);
+    connect(m_contentPage, &CDPMContentPage::Modified, this, [this] { m_modified = true; });
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -243,7 +244,8 @@ void CVorDPMEditorDlg::OnOpenFile() {
 }
 
 void CVorDPMEditorDlg::OnSaveWork() {
-    if (CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager()) manager->SaveWork();
+    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
+    if (manager && manager->SaveWork() == 1) m_modified = false;
 }
 
 void CVorDPMEditorDlg::OnNewLibrary() {

@@ -68,6 +68,8 @@ public:
     CDPMDataPage* GetDataPage() const { return m_dataPage; }
     QMenuBar* GetMenuBar() const { return m_menuBar; }
     const QString& GetCurrentPath() const { return CurrentPath; }
+    // Raised when a page changes the store's data; lowered by a successful save.
+    bool IsModified() const { return m_modified; }
 
 protected:
     bool OnInitDialog() override;
@@ -115,6 +117,7 @@ private:
     CDPMSheet* m_sheet;
     QString CurrentPath;
     QMenuBar* m_menuBar;
+    bool m_modified = false;
 
     PreviewDrawCallback m_pPreviewDrawCallback;
     PreviewCloseCallback m_pPreviewCloseCallback;

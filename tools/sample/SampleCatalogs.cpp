@@ -27,14 +27,16 @@ struct Catalog {
     std::vector<Reference> references;
 };
 
-// "同心异径管" of QXMEP is deliberately in no catalog.
+// "同心异径管" of QXMEP is deliberately in no catalog. "标准件" also references a library and a
+// catalog that do not exist, as references do once their target has been removed, so that the
+// catalog page shows every status of a reference.
 const Catalog kCatalogs[] = {
     {"QXMaterial",
      "标准件",
      {{"六角头螺栓", "紧固件", "螺栓", "六角头螺栓"},
       {"六角螺母", "紧固件", "螺母", "六角螺母"},
       {"平垫圈", "紧固件", "垫圈", "平垫圈"}},
-     {}},
+     {{"QXMEP", "阀门"}, {"QXElectric", "电缆桥架"}, {"QXMEP", "保温"}}},
     {"QXMaterial",
      "型钢",
      {{"热轧工字钢", "型钢", "工字钢", ""},

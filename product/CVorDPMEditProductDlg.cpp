@@ -1,0 +1,218 @@
+#include "CVorDPMEditProductDlg.h"
+
+#include <QGroupBox>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QToolButton>
+
+#include "CVorDPMDPDBase.h"
+#include "CVorDPMDefinitionList.h"
+#include "common/VorDPMControlId.h"
+#include "controls/CVorDPMListCtrlEx.h"
+
+namespace {
+
+// The panel's layout in dialog units.
+const QRect kSize(0, 0, 496, 330);
+const QSize kButton(17, 12);
+
+struct TableLayout {
+    const char* title;
+    QRect box;
+    QRect list;
+    int listId;
+    int firstButtonId;
+    int buttonX;
+    // How the box follows the panel's growth: fractions for its top-left and bottom-right edges.
+    QPointF topLeft;
+    QPointF bottomRight;
+};
+
+// In table order: properties, pictures, shapes, products, series. The left column shares the
+// height in thirds; the products take the top third of the right column, the series the rest.
+const TableLayout kTables[] = {
+    {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "产品属性定义（1）"),
+     {7, 3, 227, 106},
+     {13, 13, 197, 91},
+     CVorDPMEditProductDlg::IDC_PROPERTY_LIST,
+     CVorDPMEditProductDlg::IDC_PROPERTY_NEW,
+     213,
+     {0.0, 0.0},
+     {0.5, 1.0 / 3}},
+    {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "实物图片库（2）"),
+     {7, 112, 227, 96},
+     {13, 122, 197, 82},
+     CVorDPMEditProductDlg::IDC_PICTURE_LIST,
+     CVorDPMEditProductDlg::IDC_PICTURE_NEW,
+     213,
+     {0.0, 1.0 / 3},
+     {0.5, 2.0 / 3}},
+    {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "参数化形体库（3）"),
+     {7, 211, 227, 107},
+     {12, 222, 197, 91},
+     CVorDPMEditProductDlg::IDC_SHAPE_LIST,
+     CVorDPMEditProductDlg::IDC_SHAPE_NEW,
+     213,
+     {0.0, 2.0 / 3},
+     {0.5, 1.0}},
+    {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "产品列表（4）"),
+     {239, 3, 250, 106},
+     {245, 13, 223, 90},
+     CVorDPMEditProductDlg::IDC_PRODUCT_LIST,
+     CVorDPMEditProductDlg::IDC_PRODUCT_NEW,
+     470,
+     {0.5, 0.0},
+     {1.0, 1.0 / 3}},
+    {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "产品系列化（5）"),
+     {239, 112, 250, 207},
+     {245, 121, 225, 193},
+     CVorDPMEditProductDlg::IDC_SERIES_LIST,
+     CVorDPMEditProductDlg::IDC_SERIES_NEW,
+     472,
+     {0.5, 1.0 / 3},
+     {1.0, 1.0}},
+};
+
+struct ButtonLook {
+    const char* icon;
+    const char* tooltip;
+};
+
+// New, edit, delete, copy.
+const ButtonLook kButtons[] = {
+    {":/vordpm/icons/list_new.png", QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "新建")},
+    {":/vordpm/icons/list_edit.png", QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "编辑")},
+    {":/vordpm/icons/list_delete.png", QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "删除")},
+    {":/vordpm/icons/list_copy.png", QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "复制")},
+};
+
+// The order in which the lists get their columns and rows when the panel is created.
+const int kFillOrder[] = {CVorDPMEditProductDlg::Properties, CVorDPMEditProductDlg::Pictures,
+                          CVorDPMEditProductDlg::Products, CVorDPMEditProductDlg::Series,
+                          CVorDPMEditProductDlg::Shapes};
+
+std::unique_ptr<CVorDPMDefinitionList> MakeTable(int table, const VorDPMDefinitionContext& context,
+                                                 CVorDPMListCtrlEx* list,
+                                                 const CVorDPMDefinitionList::Buttons& buttons) {
+    switch (table) {
+        case CVorDPMEditProductDlg::Properties:
+            return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Property>>(context, list,
+                                                                                   buttons);
+        case CVorDPMEditProductDlg::Pictures:
+            return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Image>>(context, list,
+                                                                                buttons);
+        case CVorDPMEditProductDlg::Shapes:
+            return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Shape>>(context, list,
+                                                                                buttons);
+        case CVorDPMEditProductDlg::Products:
+            return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Product>>(context, list,
+                                                                                  buttons);
+    }
+    return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Serial>>(context, list, buttons);
+}
+
+}  // namespace
+
+CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCallback draw,
+                                             PreviewCloseCallback close, PreviewMoveCallback move,
+                                             QWidget* parent)
+    : QWidget(parent), m_dpd(dpd), m_draw(draw), m_close(close), m_move(move), m_resizer(this) {
+    VorDPMControlId::Set(this, IDD);
+    resize(MapDialogRect(kSize).size());
+    for (int table = Properties; table <= Series; ++table) CreateTable(table);
+    for (int table : kFillOrder) {
+        m_tables[table]->BuildColumns();
+        m_tables[table]->Fill();
+    }
+    UpdateCommandUi();
+}
+
+CVorDPMEditProductDlg::~CVorDPMEditProductDlg() = default;
+
+void CVorDPMEditProductDlg::CreateTable(int table) {
+    const TableLayout& layout = kTables[table];
+    auto* box = new QGroupBox(tr(layout.title), this);
+    box->setGeometry(MapDialogRect(layout.box));
+    auto* list = new CVorDPMListCtrlEx(this);
+    list->setGeometry(MapDialogRect(layout.list));
+    VorDPMControlId::Set(list, layout.listId);
+    CVorDPMDefinitionList::Buttons buttons{};
+    for (int command = 0; command < 4; ++command) {
+        auto* button = new QToolButton(this);
+        const QPoint at(layout.buttonX, layout.list.top() + command * (kButton.height() + 1));
+        button->setGeometry(MapDialogRect(QRect(at, kButton)));
+        button->setIcon(QIcon(QString::fromLatin1(kButtons[command].icon)));
+        button->setIconSize(QSize(16, 16));
+        button->setToolTip(tr(kButtons[command].tooltip));
+        button->setAutoRaise(true);
+        VorDPMControlId::Set(button, layout.firstButtonId + command);
+        buttons[command] = button;
+        connect(button, &QToolButton::clicked, this,
+                [this, table, command] { m_tables[table]->Run(command); });
+    }
+    const VorDPMDefinitionContext context{m_dpd, m_draw, m_close, m_move, this};
+    m_tables[table] = MakeTable(table, context, list, buttons);
+
+    CVorDPMDefinitionList* rows = m_tables[table].get();
+    // Every row whose selection changes is reported in turn; the last one reported is kept.
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this, rows](const QItemSelection& selected, const QItemSelection& deselected) {
+                for (const QItemSelection& changed : {deselected, selected})
+                    for (const QModelIndex& index : changed.indexes())
+                        rows->RecordSelection(index.row());
+                UpdateCommandUi();
+            });
+    connect(list, &QAbstractItemView::doubleClicked, this, [rows](const QModelIndex& index) {
+        rows->RecordSelection(index.row());
+        rows->Run(CVorDPMDefinitionList::Edit);
+    });
+
+    box->lower();
+    m_resizer.SetResize(box, layout.topLeft, layout.bottomRight);
+    m_resizer.SetResize(list, layout.topLeft, layout.bottomRight);
+    for (QAbstractButton* button : buttons)
+        m_resizer.SetResize(button, {layout.bottomRight.x(), layout.topLeft.y()},
+                            {layout.bottomRight.x(), layout.topLeft.y()});
+}
+
+QRect CVorDPMEditProductDlg::MapDialogRect(const QRect& units) const {
+    const QFontMetrics metrics(font());
+    const double x = metrics.averageCharWidth() / 4.0;
+    const double y = metrics.height() / 8.0;
+    return QRect(qRound(units.x() * x), qRound(units.y() * y), qRound(units.width() * x),
+                 qRound(units.height() * y));
+}
+
+CVorDPMListCtrlEx* CVorDPMEditProductDlg::GetList(int table) const {
+    return table >= Properties && table <= Series ? m_tables[table]->GetList() : nullptr;
+}
+
+int CVorDPMEditProductDlg::GetSelectedIndex(int table) const {
+    return table >= Properties && table <= Series ? m_tables[table]->GetSelectedIndex() : -1;
+}
+
+int CVorDPMEditProductDlg::ButtonId(int table, int command) {
+    return kTables[table].firstButtonId + command;
+}
+
+void CVorDPMEditProductDlg::UpdateCommandUi() {
+    for (const auto& table : m_tables) table->UpdateCommandUi();
+}
+
+void CVorDPMEditProductDlg::keyPressEvent(QKeyEvent* event) {
+    if (!parentWidget()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    // Enter must not reach the host dialog, which would close; Escape goes on to it.
+    const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        event->accept();
+    else
+        event->ignore();
+}
+
+void CVorDPMEditProductDlg::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_resizer.Apply();
+}

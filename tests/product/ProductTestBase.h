@@ -1,0 +1,142 @@
+// Fixture of the product editor tests: a definition on disk with two properties (one without a
+// property id), a picture, a shape, two products and two series rows, plus a common property
+// and a unit; helpers that drive the record editor's grid as a user does.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "CVorDPMCommandManager.h"
+#include "CVorDPMLibraryManager.h"
+#include "product/CVorDPMProductEdit.h"
+#include "product/CVorDPMPropertyGrid.h"
+#include "product/VorDPMDefinitionTable.h"
+#include "support/GuiTestBase.h"
+#include "support/QtPrinters.h"
+
+class ProductTestBase : public GuiTestBase {
+public:
+    // Grid edits: item caption and the text typed into it.
+    using Edits = std::vector<std::pair<QString, QString>>;
+
+protected:
+    void SetUp() override {
+        CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("紧固件"));
+        m_dpd = MakeDefinition(library, QStringLiteral("螺栓"));
+        m_length =
+            AddProperty(QStringLiteral("长度"), QStringLiteral("L"), 7, QStringLiteral("10"));
+        AddProperty(QStringLiteral("备注"), QStringLiteral("R"), -1, QString());
+        auto* image = new CVorDPM_DPD_Image;
+        image->SetName(QStringLiteral("正视图"));
+        image->SetImage(CBinaryData(QByteArray("abc")));
+        image->SetIsUsingBlock(2);
+        m_dpd->AddImage(image);
+        auto* shape = new CVorDPM_DPD_Shape;
+        shape->SetName(QStringLiteral("外形"));
+        shape->SetDPSId(4);
+        shape->SetParam(QStringLiteral("L"));
+        shape->SetParamType(QStringLiteral("1"));
+        shape->SetParamIndex(QStringLiteral("9"));
+        m_dpd->AddShape(shape);
+        for (const char* name : {"M6", "M8"}) {
+            auto* product = new CVorDPM_DPD_Product;
+            product->SetName(QString::fromUtf8(name));
+            product->SetNameRule(QStringLiteral("螺栓 {L}"));
+            m_dpd->AddProduct(product);
+        }
+        for (const char* length : {"20", "30"}) {
+            auto* row = new CVorDPM_DPD_Serial;
+            row->SetProductId(1);
+            row->SetShapeId(1);
+            row->SetImageId(1);
+            row->SetValue(QString::fromUtf8(length), m_length->GetObjectId());
+            m_dpd->AddSerial(row);
+        }
+        AddCommonTables();
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+    }
+
+    void TearDown() override {
+        while (Commands()->GetOpenCommandCount() > 0) Commands()->AbortCommand();
+    }
+
+    static CVorDPMCommandManager* Commands() { return CVorDPMCommandManager::GetInstance(); }
+
+    CVorDPM_DPD_Property* AddProperty(const QString& alias, const QString& param, int id,
+                                      const QString& defaultValue) {
+        auto* property = new CVorDPM_DPD_Property;
+        property->SetPropertyAlias(alias);
+        property->SetParamAlias(param);
+        property->SetPropertyId(id);
+        property->SetDefValue(defaultValue);
+        m_dpd->AddProperty(property);
+        return property;
+    }
+
+    static void AddCommonTables() {
+        CVorDPMCommonManager* common = Manager()->GetCommonManager();
+        auto* propertyGroup = new CVorDPM_DPOPROPERTY_Group;
+        propertyGroup->SetName(QStringLiteral("尺寸"));
+        common->GetPropertyDPO()->AddGroup(propertyGroup);
+        auto* width = new CVorDPM_DPOPROPERTY_Content;
+        width->SetName(QStringLiteral("宽度"));
+        width->SetGroupId(propertyGroup->GetObjectId());
+        width->SetUnit(QStringLiteral("mm"));
+        width->SetDefaultValue(QStringLiteral("5"));
+        common->GetPropertyDPO()->AddContent(width);
+        auto* unitGroup = new CVorDPM_DPOUNIT_Group;
+        unitGroup->SetName(QStringLiteral("长度"));
+        common->GetUnitDPO()->AddGroup(unitGroup);
+        auto* unit = new CVorDPM_DPOUNIT_Unit;
+        unit->SetName(QStringLiteral("毫米"));
+        unit->SetGroupId(unitGroup->GetObjectId());
+        common->GetUnitDPO()->AddUnit(unit);
+    }
+
+    template <class TRecord>
+    int LiveCount() const {
+        return static_cast<int>(VorDPMDefinitionTables::LiveRows<TRecord>(m_dpd).size());
+    }
+
+    // Drops what was loaded and reads the definition from disk again.
+    void Reload() {
+        Manager()->DiscardChanges();
+        CVorDPMLibraryManager* library = nullptr;
+        Manager()->GetLibrary(QStringLiteral("紧固件"), library);
+        ASSERT_TRUE(library);
+        m_dpd = nullptr;
+        library->GetDPD(QStringLiteral("螺栓"), m_dpd);
+        ASSERT_TRUE(m_dpd);
+    }
+
+    static CVorDPMPropertyGrid* Grid(QWidget* editor) {
+        return Control<CVorDPMPropertyGrid>(editor, CVorDPMProductEdit::IDC_GRID);
+    }
+
+    // Types `text` into the grid item captioned `caption` and presses Enter.
+    static void TypeInto(CVorDPMPropertyGrid* grid, const QString& caption, const QString& text) {
+        CVorDPMPropertyGridItem* item = grid->FindItem(caption);
+        ASSERT_TRUE(item) << caption.toStdString();
+        QWidget* editor = grid->EditValue(item);
+        ASSERT_TRUE(editor) << caption.toStdString();
+        auto* combo = qobject_cast<QComboBox*>(editor);
+        QLineEdit* edit = combo ? combo->lineEdit() : qobject_cast<QLineEdit*>(editor);
+        ASSERT_TRUE(edit);
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Delete);
+        Type(edit, text);
+        QTest::keyClick(combo ? static_cast<QWidget*>(combo) : edit, Qt::Key_Return);
+        QCoreApplication::processEvents();  // the view takes the value in a queued call
+    }
+
+    // A record-editor answer: types the edits into the grid, then presses OK.
+    static std::function<int(QDialog*)> GridEdits(const Edits& edits) {
+        return Filling([edits](QDialog* editor) {
+            for (const auto& [caption, text] : edits) TypeInto(Grid(editor), caption, text);
+            Click(editor, VorDPMControlId::IDOK);
+        });
+    }
+
+    CVorDPMDPD* m_dpd = nullptr;
+    CVorDPM_DPD_Property* m_length = nullptr;
+};
