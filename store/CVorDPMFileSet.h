@@ -199,8 +199,14 @@ private:
     mutable bool m_scanned = false;
     mutable QStringList m_names;
     mutable QHash<QString, QString> m_byFoldedName;
+    // Hashes names for m_loaded. Not noexcept on purpose: the standard map then keeps each
+    // entry's hash and does not hash the names of a bucket's entries again on every look-up.
+    struct NameHash {
+        size_t operator()(const QString& name) const { return qHash(name); }
+    };
+
     // By canonical name; hashed, since building a tree looks up every definition of a library.
-    std::unordered_map<QString, std::unique_ptr<T>> m_loaded;
+    std::unordered_map<QString, std::unique_ptr<T>, NameHash> m_loaded;
     // Removed files' objects: kept so that pointers handed out earlier stay valid.
     std::vector<std::unique_ptr<T>> m_retired;
 };
