@@ -4,23 +4,17 @@
 //   QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x900x24"
 //       build/bench/CatalogPageScreenshot docs/images/catalog-page.png
 // (one command line).
-#include <QApplication>
-#include <QTemporaryDir>
-#include <QTimer>
-
-#include "BenchScratch.h"
+#include "BenchScreenshot.h"
 #include "CDPMSheet.h"
 #include "CVorDPMEditorDlg.h"
 #include "CVorDPMTreeCtrlEx.h"
 #include "catalog/CDPMContentPage.h"
-#include "sample/SampleLibrary.h"
 
 namespace {
 
 const char* const kLibrary = "QXMaterial";
 const char* const kCatalog = "标准件";
 const QSize kWindowSize(1100, 720);
-constexpr int kSettleMs = 500;
 
 // Selects the first node of the deepest chain below the root, so the report shows a product.
 void SelectDeepestNode(CVorDPMTreeCtrlEx& tree) {
@@ -33,19 +27,8 @@ void SelectDeepestNode(CVorDPMTreeCtrlEx& tree) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    QTemporaryDir scratch;
-    BenchScratch::RedirectUserFolders(scratch.path());
-    QApplication application(argc, argv);
-    if (argc < 2) {
-        qCritical("usage: CatalogPageScreenshot FILE.png");
-        return 2;
-    }
-    const QString file = QString::fromLocal8Bit(argv[1]);
-    QString error;
-    if (!SampleLibrary::Create(scratch.path() + QStringLiteral("/root"), 1, error)) {
-        qCritical("sample library: %s", qPrintable(error));
-        return 1;
-    }
+    BenchScreenshot screenshot(argc, argv, "CatalogPageScreenshot");
+    if (screenshot.Status()) return screenshot.Status();
     CVorDPMEditorDlg dialog(nullptr, nullptr, nullptr);
     dialog.show();
     dialog.resize(kWindowSize);
@@ -59,13 +42,5 @@ int main(int argc, char** argv) {
     tree->setCurrentItem(catalog);
     dialog.GetSheet()->setCurrentWidget(dialog.GetContentPage());
     SelectDeepestNode(*dialog.GetContentPage()->GetTreeCtrl());
-    int status = 1;
-    QTimer::singleShot(kSettleMs, &dialog, [&] {
-        status = dialog.grab().save(file) ? 0 : 1;
-        if (status) qCritical("cannot write %s", qPrintable(file));
-        dialog.reject();
-        application.quit();
-    });
-    application.exec();
-    return status;
+    return screenshot.Grab(dialog);
 }

@@ -7,6 +7,7 @@
 
 #include "CVorDPMManager.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMSaveWork.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMDialogFrame.h"
 
@@ -66,6 +67,7 @@ void CVorDPMSetLibRoot::OnOK() {
         const QString question = tr("文件夹\"%1\"不存在，是否创建？").arg(QDir::cleanPath(path));
         if (!CVorDPMUiService::Instance()->Confirm(this, question)) return;
     }
+    if (!SettleUnsavedWork()) return;
     // The root is kept as a folder path ending in the separator.
     if (!path.endsWith(QLatin1Char('/'))) path += QLatin1Char('/');
     CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
@@ -74,4 +76,17 @@ void CVorDPMSetLibRoot::OnOK() {
         return;
     }
     accept();
+}
+
+// Switching the root drops everything loaded from the old one: unsaved changes are saved or
+// given up first, as the user chooses. False (the old root stays) on Cancel or a failed save.
+bool CVorDPMSetLibRoot::SettleUnsavedWork() {
+    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
+    if (!manager || !manager->HasUnsavedChanges()) return true;
+    const QMessageBox::StandardButton answer =
+        CVorDPMUiService::Instance()->Ask(this, tr("产品库有未保存的修改，是否保存？"), QString(),
+                                          QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    if (answer == QMessageBox::No) return true;
+    if (answer != QMessageBox::Yes) return false;
+    return VorDPMSaveWork::SaveOrTell(this).isEmpty();
 }

@@ -21,6 +21,7 @@ protected:
 private:
     void OnBrowse();
     void OnOK();
+    bool SettleUnsavedWork();
 
     QLineEdit* m_pathEdit;
     QPushButton* m_browse;

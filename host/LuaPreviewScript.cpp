@@ -21,6 +21,14 @@ PreviewDrawing* CheckRoom(lua_State* state) {
     return drawing;
 }
 
+// The drawing list lives outside the Lua heap: what a call adds to it counts against the
+// sandbox's memory limit, checked before anything is built.
+void ChargeDrawing(lua_State* state, int points, std::size_t textUnits = 0) {
+    LuaSandbox::ChargeBytes(state, sizeof(PreviewPrimitive) +
+                                       std::size_t(points) * sizeof(QPointF) +
+                                       textUnits * sizeof(QChar));
+}
+
 double CheckNumber(lua_State* state, int arg) {
     const double value = luaL_checknumber(state, arg);
     luaL_argcheck(state, std::isfinite(value), arg, "finite number expected");
@@ -74,6 +82,7 @@ int DrawLine(lua_State* state) {
     PreviewDrawing* drawing = CheckRoom(state);
     const double x1 = CheckNumber(state, 1), y1 = CheckNumber(state, 2);
     const double x2 = CheckNumber(state, 3), y2 = CheckNumber(state, 4);
+    ChargeDrawing(state, 2);
     drawing->Add({PreviewPrimitive::Line, {QPointF(x1, y1), QPointF(x2, y2)}});
     return 0;
 }
@@ -82,6 +91,7 @@ int DrawRect(lua_State* state) {
     PreviewDrawing* drawing = CheckRoom(state);
     const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
     const double w = CheckNumber(state, 3), h = CheckNumber(state, 4);
+    ChargeDrawing(state, 2);
     drawing->Add({PreviewPrimitive::Rect, {QPointF(x, y), QPointF(x + w, y + h)}});
     return 0;
 }
@@ -90,6 +100,7 @@ int DrawCircle(lua_State* state) {
     PreviewDrawing* drawing = CheckRoom(state);
     const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
     const double radius = CheckRadius(state, 3);
+    ChargeDrawing(state, 1);
     drawing->Add({PreviewPrimitive::Circle, {QPointF(x, y)}, radius});
     return 0;
 }
@@ -99,6 +110,7 @@ int DrawArc(lua_State* state) {
     const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
     const double radius = CheckRadius(state, 3);
     const double start = CheckNumber(state, 4), end = CheckNumber(state, 5);
+    ChargeDrawing(state, 1);
     drawing->Add({PreviewPrimitive::Arc, {QPointF(x, y)}, radius, start, SweepBetween(start, end)});
     return 0;
 }
@@ -106,6 +118,7 @@ int DrawArc(lua_State* state) {
 int DrawVertices(lua_State* state, PreviewPrimitive::Kind kind, int minimumPoints) {
     PreviewDrawing* drawing = CheckRoom(state);
     const int points = CheckVertices(state, minimumPoints);
+    ChargeDrawing(state, points);
     drawing->Add({kind, Vertices(state, points)});
     return 0;
 }
@@ -121,7 +134,10 @@ int DrawPolygon(lua_State* state) {
 int DrawText(lua_State* state) {
     PreviewDrawing* drawing = CheckRoom(state);
     const double x = CheckNumber(state, 1), y = CheckNumber(state, 2);
-    const char* utf8 = luaL_checkstring(state, 3);
+    std::size_t length = 0;
+    const char* utf8 = luaL_checklstring(state, 3, &length);
+    // UTF-8 never takes fewer units than the UTF-16 text made from it.
+    ChargeDrawing(state, 1, length);
     drawing->Add({PreviewPrimitive::Text, {QPointF(x, y)}, 0, 0, 0, QString::fromUtf8(utf8)});
     return 0;
 }

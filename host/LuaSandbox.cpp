@@ -1,8 +1,13 @@
 #include "LuaSandbox.h"
 
 #include <QCoreApplication>
+#include <chrono>
+#include <climits>
+#include <condition_variable>
 #include <cstdlib>
 #include <lua.hpp>
+#include <mutex>
+#include <thread>
 
 namespace {
 
@@ -29,6 +34,14 @@ QString Tr(const char* text) {
     return QCoreApplication::translate("LuaSandbox", text);
 }
 
+// Calls the function a wrapper stands for (its first upvalue) with the wrapper's arguments.
+int CallWrapped(lua_State* state) {
+    lua_pushvalue(state, lua_upvalueindex(1));
+    lua_insert(state, 1);
+    lua_call(state, lua_gettop(state) - 1, LUA_MULTRET);
+    return lua_gettop(state);
+}
+
 // setmetatable without finalizers: Lua runs __gc with hooks switched off (also when the state is
 // closed), where the instruction limit cannot stop a loop. A __gc added to the metatable later
 // has no effect, so checking here is enough.
@@ -39,13 +52,89 @@ int SetMetatableWithoutFinalizer(lua_State* state) {
         lua_pop(state, 1);
         if (finalizer) return luaL_error(state, "finalizers (__gc) are not allowed");
     }
-    lua_pushvalue(state, lua_upvalueindex(1));
-    lua_insert(state, 1);
-    lua_call(state, lua_gettop(state) - 1, 1);
+    return CallWrapped(state);
+}
+
+// The rounds of string.rep fill its result, so the memory limit bounds them, except when the
+// result is empty: string.rep("", 2^40) would loop inside C for hours. That result is made
+// at once.
+int RepWithoutEmptyRounds(lua_State* state) {
+    std::size_t length = 0;
+    std::size_t separator = 0;
+    luaL_checklstring(state, 1, &length);
+    const lua_Integer count = luaL_checkinteger(state, 2);
+    luaL_optlstring(state, 3, "", &separator);
+    if (count <= 0 || length + separator > 0) return CallWrapped(state);
+    lua_pushliteral(state, "");
     return 1;
 }
 
+long long Saturated(lua_Unsigned count) {
+    return count > lua_Unsigned(LLONG_MAX) ? LLONG_MAX : static_cast<long long>(count);
+}
+
+// table.move(a1, f, e, t) copies e - f + 1 elements inside C, whatever the tables hold: the
+// rounds count against the instruction limit.
+int MoveCounted(lua_State* state) {
+    const lua_Integer first = luaL_checkinteger(state, 2);
+    const lua_Integer last = luaL_checkinteger(state, 3);
+    if (last >= first)
+        LuaSandbox::ChargeSteps(state, Saturated(lua_Unsigned(last) - lua_Unsigned(first) + 1));
+    return CallWrapped(state);
+}
+
+// table.insert and table.remove shift elements up to the table's length inside C. A plain
+// table's length is bounded by the memory limit, but a __len metamethod can claim any length:
+// then that length counts against the instruction limit.
+int ShiftCounted(lua_State* state) {
+    if (luaL_getmetafield(state, 1, "__len") != LUA_TNIL) {
+        lua_pop(state, 1);
+        const lua_Integer length = luaL_len(state, 1);
+        if (length > 0) LuaSandbox::ChargeSteps(state, length);
+    }
+    return CallWrapped(state);
+}
+
+// Replaces field `name` of the table on top of the stack by `wrapper`, which gets the original
+// as its upvalue.
+void Wrap(lua_State* state, const char* name, lua_CFunction wrapper) {
+    lua_getfield(state, -1, name);
+    lua_pushcclosure(state, wrapper, 1);
+    lua_setfield(state, -2, name);
+}
+
 }  // namespace
+
+// Interrupts a run that passes its wall-clock limit: Lua's hook runs only between
+// instructions, and a few slow ones (copies of large strings) can take long, so the time is
+// watched from outside. Setting the hook from another thread is what Lua's own interpreter
+// does from a signal handler to stop a script.
+class LuaSandbox::Watchdog {
+public:
+    Watchdog(LuaSandbox& sandbox, int milliseconds)
+        : m_thread([this, &sandbox, milliseconds] {
+              std::unique_lock<std::mutex> lock(m_mutex);
+              if (!m_finished.wait_for(lock, std::chrono::milliseconds(milliseconds),
+                                       [this] { return m_done; }))
+                  sandbox.Interrupt();
+          }) {}
+
+    // Held while the interrupt is set, so that it never touches a state that has finished.
+    ~Watchdog() {
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_done = true;
+        }
+        m_finished.notify_one();
+        m_thread.join();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_finished;
+    bool m_done = false;
+    std::thread m_thread;
+};
 
 LuaSandbox::LuaSandbox(const Limits& limits) : m_limits(limits) {
     m_state = lua_newstate(&LuaSandbox::Allocate, this);
@@ -77,19 +166,53 @@ void* LuaSandbox::Allocate(void* self, void* block, std::size_t oldSize, std::si
     return grown;
 }
 
-void LuaSandbox::CountHook(lua_State* state, lua_Debug*) {
+LuaSandbox* LuaSandbox::Of(lua_State* state) {
     void* self = nullptr;
     lua_getallocf(state, &self);
-    auto* sandbox = static_cast<LuaSandbox*>(self);
+    return static_cast<LuaSandbox*>(self);
+}
+
+void LuaSandbox::CountHook(lua_State* state, lua_Debug*) {
+    LuaSandbox* sandbox = Of(state);
     sandbox->m_executed += kHookInterval;
-    if (sandbox->m_executed <= sandbox->m_limits.instructions) return;
+    if (sandbox->m_stopped) Stop(state, "script stopped");
+    if (sandbox->m_timedOut) Stop(state, "time limit reached");
+    if (sandbox->m_executed > sandbox->m_limits.instructions)
+        Stop(state, "instruction limit reached");
+}
+
+int LuaSandbox::Stop(lua_State* state, const char* reason) {
+    LuaSandbox* sandbox = Of(state);
     // From now on every instruction fails, so a script that catches the error with pcall is
     // stopped by the first instruction it runs outside the protected call.
     if (!sandbox->m_stopped) {
         sandbox->m_stopped = true;
         lua_sethook(state, &LuaSandbox::CountHook, LUA_MASKCOUNT, 1);
     }
-    luaL_error(state, "instruction limit reached");
+    return luaL_error(state, "%s", reason);
+}
+
+void LuaSandbox::Interrupt() {
+    m_timedOut = true;
+    lua_sethook(m_state, &LuaSandbox::CountHook, LUA_MASKCOUNT, 1);
+}
+
+void LuaSandbox::ChargeSteps(lua_State* state, long long steps) {
+    LuaSandbox* sandbox = Of(state);
+    const long long room = sandbox->m_limits.instructions - sandbox->m_executed;
+    if (steps > room) Stop(state, "instruction limit reached");
+    sandbox->m_executed += steps;
+}
+
+void LuaSandbox::ChargeBytes(lua_State* state, std::size_t bytes) {
+    LuaSandbox* sandbox = Of(state);
+    const std::size_t limit = sandbox->m_limits.memoryBytes;
+    if (bytes <= limit && sandbox->m_used <= limit - bytes) {
+        sandbox->m_used += bytes;
+        return;
+    }
+    sandbox->m_outOfMemory = true;
+    Stop(state, "not enough memory");
 }
 
 int LuaSandbox::OpenSafeLibraries(lua_State* state) {
@@ -101,14 +224,18 @@ int LuaSandbox::OpenSafeLibraries(lua_State* state) {
         lua_pushnil(state);
         lua_setglobal(state, name);
     }
-    lua_getglobal(state, "setmetatable");
-    lua_pushcclosure(state, SetMetatableWithoutFinalizer, 1);
-    lua_setglobal(state, "setmetatable");
+    lua_pushglobaltable(state);
+    Wrap(state, "setmetatable", SetMetatableWithoutFinalizer);
     lua_getglobal(state, LUA_STRLIBNAME);
     for (const char* name : kRemovedStringFunctions) {
         lua_pushnil(state);
         lua_setfield(state, -2, name);
     }
+    Wrap(state, "rep", RepWithoutEmptyRounds);
+    lua_getglobal(state, LUA_TABLIBNAME);
+    Wrap(state, "move", MoveCounted);
+    Wrap(state, "insert", ShiftCounted);
+    Wrap(state, "remove", ShiftCounted);
     return 0;
 }
 
@@ -124,7 +251,10 @@ QString LuaSandbox::Run(const QByteArray& code, const char* chunkName) {
     int status = m_setupStatus;
     if (status == LUA_OK)
         status = luaL_loadbufferx(m_state, code.constData(), code.size(), chunkName, "t");
-    if (status == LUA_OK) status = lua_pcall(m_state, 0, 0, 0);
+    if (status == LUA_OK) {
+        Watchdog watchdog(*this, m_limits.wallClockMs);
+        status = lua_pcall(m_state, 0, 0, 0);
+    }
     const QString error = Describe(status);
     if (m_state) lua_settop(m_state, 0);
     return error;
@@ -132,6 +262,7 @@ QString LuaSandbox::Run(const QByteArray& code, const char* chunkName) {
 
 QString LuaSandbox::Describe(int status) const {
     if (status == LUA_OK) return QString();
+    if (m_outOfMemory) return Tr("脚本占用内存过多，已停止。");
     if (m_stopped) return Tr("脚本运行时间过长，已停止。");
     if (status == LUA_ERRMEM) return Tr("脚本占用内存过多，已停止。");
     // Only a string is read: converting another value could need memory outside protection.

@@ -14,6 +14,7 @@
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMUiService.h"
+#include "VorDPMSaveWork.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMPictureCtrl.h"
 #include "library/CVorDPMVersionDlg.h"
@@ -220,11 +221,8 @@ void CDPMlibraryPage::OnSave() {
     if (!library) return;
     Modify([&](CVorDPM_DPI_Info&) { library->WriteProductCounts(); });
     Reload();
-    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
-    if (manager->SaveWork() == 1) return ShowStatus(tr("已保存。"));
-    const QString failure = tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText());
-    ShowStatus(failure);
-    CVorDPMUiService::Instance()->ShowMessage(this, failure);
+    const QString failure = VorDPMSaveWork::SaveOrTell(this);
+    ShowStatus(failure.isEmpty() ? tr("已保存。") : failure);
 }
 
 void CDPMlibraryPage::OnVersion() {

@@ -12,6 +12,7 @@
 #include "CVorDPMTreeCtrlEx.h"
 #include "CVorDPMUiService.h"
 #include "VorDPMNames.h"
+#include "VorDPMSaveWork.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
@@ -244,8 +245,7 @@ void CVorDPMEditorDlg::OnOpenFile() {
 }
 
 void CVorDPMEditorDlg::OnSaveWork() {
-    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
-    if (manager && manager->SaveWork() == 1) m_modified = false;
+    if (VorDPMSaveWork::SaveOrTell(this).isEmpty()) m_modified = false;
 }
 
 void CVorDPMEditorDlg::OnNewLibrary() {

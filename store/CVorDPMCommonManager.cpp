@@ -4,8 +4,11 @@
 #include <QFile>
 
 #include "CVorDPMFileStore.h"
+#include "CVorDPMTempFile.h"
 
-CVorDPMCommonManager::CVorDPMCommonManager(const QString& root) : m_root(root) {}
+CVorDPMCommonManager::CVorDPMCommonManager(const QString& root) : m_root(root) {
+    CVorDPMTempFile::RemoveStale(root);
+}
 
 CVorDPMCommonManager::~CVorDPMCommonManager() = default;
 
@@ -13,11 +16,7 @@ template <class T>
 T* CVorDPMCommonManager::Open(std::unique_ptr<T>& slot, const QString& fileName) {
     if (slot) return slot.get();
     auto table = std::make_unique<T>(QDir(m_root).filePath(fileName));
-    const bool exists = QFile::exists(table->GetFilePath());
-    if (!exists) table->MarkLoaded();
-    const bool ready = exists ? table->EnsureLoaded()
-                              : QDir().mkpath(m_root) && CVorDPMFileStore::WriteNew(*table);
-    if (!ready) return nullptr;
+    if (!QDir().mkpath(m_root) || !table->LoadOrCreate()) return nullptr;
     slot = std::move(table);
     return slot.get();
 }

@@ -1,5 +1,7 @@
 #include "CVorDPMDBBase.h"
 
+#include <QFile>
+
 #include "CVorDPMFileStore.h"
 
 CVorDPMDBBase::CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId)
@@ -25,6 +27,17 @@ bool CVorDPMDBBase::EnsureLoaded() const {
     m_state = Failed;
     for (const auto& table : m_tables) table->Clear();
     return false;
+}
+
+bool CVorDPMDBBase::LoadOrCreate() {
+    if (QFile::exists(m_path)) return EnsureLoaded();
+    MarkLoaded();
+    FillNew();
+    const VOR::ErrorStatus created = CVorDPMFileStore::WriteNew(*this);
+    if (created != VOR::eNameExists) return created == VOR::eOk;
+    for (const auto& table : m_tables) table->Clear();
+    m_state = NotLoaded;
+    return EnsureLoaded();
 }
 
 bool CVorDPMDBBase::IsChanged() const {

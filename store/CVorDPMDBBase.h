@@ -46,6 +46,9 @@ public:
     const QString& GetLoadError() const { return m_loadError; }
     // For a file made new in memory: there is nothing to read.
     void MarkLoaded() { m_state = Loaded; }
+    // Reads the file, or, when there is none, writes it new (with what FillNew() puts in);
+    // when another process makes it at the same moment, reads theirs. False when neither works.
+    bool LoadOrCreate();
     // Writes the changed rows in one transaction; on failure the file stays as it was.
     VOR::ErrorStatus Save();
     const std::vector<std::unique_ptr<CVorDPMTable>>& Tables() const { return m_tables; }
@@ -61,12 +64,15 @@ public:
 
 protected:
     CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId);
+    // Puts the rows into a file that LoadOrCreate() is about to write new.
+    virtual void FillNew() {}
     CVorDPMTable* AddTable(const CVorDPMClassInfo& info);
     CVorDPMTable* VersionTable() const { return m_versions; }
 
 private:
     template <class T>
     friend class CVorDPMFileSet;
+    friend class CVorDPMFileStore;
     void SetLocation(const QString& name, const QString& path) {
         m_name = name;
         m_path = path;
@@ -79,6 +85,8 @@ private:
     mutable LoadState m_state = NotLoaded;
     mutable QString m_loadError;
     quint32 m_applicationId;
+    // The change generation the file had when it was read or last written by this process.
+    qint64 m_generation = 0;
     std::vector<std::unique_ptr<CVorDPMTable>> m_tables;
     CVorDPMTable* m_versions;
 };

@@ -18,3 +18,8 @@ VOR::ErrorStatus CVorDPMDPI::GetInfo(CVorDPM_DPI_Info*& out) {
     out = records.GetAt(0);
     return VOR::eOk;
 }
+
+void CVorDPMDPI::FillNew() {
+    CVorDPM_DPI_Info* record = nullptr;
+    GetInfo(record);
+}

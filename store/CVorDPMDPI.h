@@ -11,6 +11,11 @@ public:
     // The library's information record; made (empty) when the file has none yet.
     VOR::ErrorStatus GetInfo(CVorDPM_DPI_Info*& out);
 
+protected:
+    // A new library's file holds its information record from the start, so that reading it
+    // changes nothing.
+    void FillNew() override;
+
 private:
     CVorDPMTable* m_info;
 };

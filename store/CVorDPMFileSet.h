@@ -14,6 +14,7 @@
 #include "VorDPMFolderListing.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
+#include "VorDPMNoReplace.h"
 #include "VorDPMTrash.h"
 #include "VorDPMTypes.h"
 
@@ -56,6 +57,7 @@ public:
     // Creates the file on disk at once; with a pattern its rows are copied in.
     VOR::ErrorStatus Create(const QString& name, T*& out, const CVorDPMDBBase* pattern = nullptr,
                             bool withVersions = false) {
+        VorDPMLastError::Clear();
         const VOR::ErrorStatus usable = CheckNewName(name);
         if (usable != VOR::eOk) return usable;
         if (!QDir().mkpath(m_folder)) {
@@ -66,7 +68,8 @@ public:
         std::unique_ptr<T> file = m_factory(name, PathOf(name));
         file->MarkLoaded();
         if (pattern) file->CopyContentFrom(*pattern, withVersions);
-        if (!CVorDPMFileStore::WriteNew(*file)) return VOR::eFileError;
+        const VOR::ErrorStatus written = CVorDPMFileStore::WriteNew(*file);
+        if (written != VOR::eOk) return written;
         out = file.get();
         m_loaded.emplace(name, std::move(file));
         AddName(name);
@@ -83,6 +86,7 @@ public:
 
     // Moves the file to the trash. The object stays alive (callers may still hold it).
     VOR::ErrorStatus Remove(const QString& name) {
+        VorDPMLastError::Clear();
         const QString canonical = Canonical(name);
         if (canonical.isEmpty()) return VOR::eNotFound;
         if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
@@ -92,15 +96,14 @@ public:
     }
 
     VOR::ErrorStatus Rename(const QString& from, const QString& to) {
+        VorDPMLastError::Clear();
         const QString canonical = Canonical(from);
         if (canonical.isEmpty()) return VOR::eNotFound;
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
         const VOR::ErrorStatus usable = caseOnly ? CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
-        if (!QFile::rename(PathOf(canonical), PathOf(to))) {
-            VorDPMLastError::Set(QStringLiteral("%1: cannot be renamed").arg(PathOf(canonical)));
-            return VOR::eFileError;
-        }
+        const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(PathOf(canonical), PathOf(to));
+        if (moved != VOR::eOk) return moved;
         auto loaded = m_loaded.find(canonical);
         if (loaded != m_loaded.end()) {
             std::unique_ptr<T> file = std::move(loaded->second);

@@ -1,15 +1,21 @@
 #include "CVorDPMFileStore.h"
 
+#include <sys/stat.h>
+
 #include <QFile>
-#include <QUuid>
+#include <QRandomGenerator>
 #include <algorithm>
-#include <cstdio>
+#include <climits>
+#include <functional>
 
 #include "CVorDPMDBBase.h"
 #include "CVorDPMSQLiteConnection.h"
 #include "CVorDPMSQLiteFiler.h"
+#include "CVorDPMTempFile.h"
 #include "VorDPMFileKinds.h"
 #include "VorDPMLastError.h"
+#include "VorDPMNoReplace.h"
+#include "VorDPMRootBoundary.h"
 
 namespace {
 
@@ -75,7 +81,17 @@ bool CheckHeader(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file, QString
     return true;
 }
 
-bool ReadTable(CVorDPMSQLiteConnection& db, CVorDPMTable& table, QString& error) {
+bool OutOfRange(const CVorDPMTable& table, qint64 id, const QString& path, QString& error) {
+    return Fail(QStringLiteral("%1: row %2 of table %3 holds a number outside the range this "
+                               "program can keep")
+                    .arg(path)
+                    .arg(id)
+                    .arg(QString::fromLatin1(table.Info().tableName)),
+                error);
+}
+
+bool ReadTable(CVorDPMSQLiteConnection& db, CVorDPMTable& table, const QString& path,
+               QString& error) {
     const CVorDPMClassInfo& info = table.Info();
     // The highest id bounds the row count and costs one index look-up, unlike count(*).
     qint64 highestId = 0;
@@ -87,13 +103,57 @@ bool ReadTable(CVorDPMSQLiteConnection& db, CVorDPMTable& table, QString& error)
     CVorDPMSQLiteFiler filer(statement.get(), info, 1);
     int rc = SQLITE_ROW;
     while ((rc = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        // Ids and numbers are kept as int; a larger one cut down would alias another row.
+        const qint64 id = sqlite3_column_int64(statement.get(), 0);
+        if (id < INT_MIN || id > INT_MAX) return OutOfRange(table, id, path, error);
         CVorDPMObject* row = info.create();
         filer.Rewind();
         row->VorDPMInFields(&filer);
-        table.AdoptLoaded(row, sqlite3_column_int(statement.get(), 0));
+        if (filer.OutOfRange()) {
+            CVorDPMTable::KeepRefused(row);
+            return OutOfRange(table, id, path, error);
+        }
+        table.AdoptLoaded(row, static_cast<int>(id));
     }
     if (rc != SQLITE_DONE) return Fail(db.Error(), error);
     return true;
+}
+
+// The change generation: a random number that every successful write replaces, so that a
+// writer can tell whether the file is still the one it loaded. Older files have none (0).
+const char* const kGenerationTable = "change_generation";
+
+bool ReadGeneration(CVorDPMSQLiteConnection& db, qint64& generation) {
+    qint64 tables = 0;
+    if (!db.QueryInt(QByteArray("SELECT count(*) FROM sqlite_master WHERE name = '") +
+                         kGenerationTable + "'",
+                     tables))
+        return false;
+    generation = 0;
+    return tables == 0 ||
+           db.QueryInt(QByteArray("SELECT ifnull(max(generation), 0) FROM ") + kGenerationTable,
+                       generation);
+}
+
+bool WriteGeneration(CVorDPMSQLiteConnection& db, qint64 generation) {
+    const QByteArray sql = QByteArray("CREATE TABLE IF NOT EXISTS ") + kGenerationTable +
+                           " (id INTEGER PRIMARY KEY, generation INTEGER NOT NULL); "
+                           "INSERT OR REPLACE INTO " +
+                           kGenerationTable + " (id, generation) VALUES (1, " +
+                           QByteArray::number(generation) + ")";
+    return db.Execute(sql.constData());
+}
+
+qint64 NewGeneration() {
+    qint64 generation = 0;
+    while (generation == 0)
+        generation = static_cast<qint64>(QRandomGenerator::system()->generate64() >> 1);
+    return generation;
+}
+
+QString Conflict(const QString& path, const char* detail = "") {
+    return QStringLiteral("%1: changed by another user since it was loaded%2")
+        .arg(path, QString::fromUtf8(detail));
 }
 
 bool WriteRow(sqlite3_stmt* upsert, sqlite3_stmt* remove, const CVorDPMTable& table,
@@ -134,14 +194,34 @@ bool CreateSchema(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file) {
     return true;
 }
 
-// Writes the tables inside one transaction; rolls back on any failure.
-bool WriteTransaction(CVorDPMSQLiteConnection& db, CVorDPMDBBase& file, bool newFile) {
-    if (!db.Execute("BEGIN IMMEDIATE")) return false;
+// A check made inside the write transaction, before anything is written; false with a reason
+// stops the write.
+using Precondition = std::function<bool(CVorDPMSQLiteConnection&, QString&)>;
+
+// Writes the tables and the new generation inside one transaction. On failure it rolls back and
+// `error` holds the first failure, not what the rollback said.
+bool WriteTransaction(CVorDPMSQLiteConnection& db, CVorDPMDBBase& file, bool newFile,
+                      qint64 generation, const Precondition& precondition, QString& error) {
+    if (!db.Execute("BEGIN IMMEDIATE")) {
+        error = db.Error();
+        return false;
+    }
+    if (precondition && !precondition(db, error)) {
+        db.Execute("ROLLBACK");
+        return false;
+    }
     bool ok = !newFile || CreateSchema(db, file);
     for (const auto& table : file.Tables()) ok = ok && WriteTable(db, *table, newFile);
+    ok = ok && WriteGeneration(db, generation);
     if (ok && db.Execute("COMMIT")) return true;
+    error = db.Error();
     db.Execute("ROLLBACK");
     return false;
+}
+
+// Identity of the file a path names, to see that it was not replaced behind our back.
+bool Identity(const QString& path, struct stat& out) {
+    return ::stat(QFile::encodeName(path).constData(), &out) == 0;
 }
 
 void ClearChanges(CVorDPMDBBase& file) {
@@ -151,6 +231,7 @@ void ClearChanges(CVorDPMDBBase& file) {
 }  // namespace
 
 bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
+    if (!VorDPMRootBoundary::Check(file.GetFilePath())) return Fail(VorDPMLastError::Get(), error);
     CVorDPMSQLiteConnection db;
     if (!db.Open(file.GetFilePath(), CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs))
         return Fail(db.Error(), error);
@@ -160,45 +241,76 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
     db.Execute("PRAGMA cache_size = -64");
     // One read transaction so that a concurrent writer cannot show half of its change.
     if (!db.Execute("BEGIN")) return Fail(db.Error(), error);
+    qint64 generation = 0;
+    if (!ReadGeneration(db, generation)) return Fail(db.Error(), error);
     for (const auto& table : file.Tables())
-        if (!ReadTable(db, *table, error)) return false;
+        if (!ReadTable(db, *table, file.GetFilePath(), error)) return false;
     db.Execute("COMMIT");
+    file.m_generation = generation;
     return true;
 }
 
 bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
-    if (!QFile::exists(file.GetFilePath())) return WriteNew(file);
-    CVorDPMSQLiteConnection db;
-    QString error;
-    if (!db.Open(file.GetFilePath(), CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs) ||
-        !CheckHeader(db, file, error) || !WriteTransaction(db, file, false)) {
-        if (error.isEmpty()) VorDPMLastError::Set(db.Error());
+    const QString path = file.GetFilePath();
+    if (!VorDPMRootBoundary::Check(path)) return false;
+    // A file that was removed or renamed behind this process is not made again.
+    struct stat opened {};
+    if (!Identity(path, opened)) {
+        VorDPMLastError::Set(Conflict(path, " (it was removed or renamed)"));
         return false;
     }
+    CVorDPMSQLiteConnection db;
+    QString error;
+    const Precondition unchanged = [&](CVorDPMSQLiteConnection& locked, QString& reason) {
+        struct stat now {};
+        qint64 generation = 0;
+        if (!Identity(path, now) || now.st_ino != opened.st_ino || now.st_dev != opened.st_dev) {
+            reason = Conflict(path, " (it was removed or renamed)");
+            return false;
+        }
+        if (!ReadGeneration(locked, generation)) {
+            reason = locked.Error();
+            return false;
+        }
+        if (generation == file.m_generation) return true;
+        reason = Conflict(path);
+        return false;
+    };
+    const qint64 generation = NewGeneration();
+    if (!db.Open(path, CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs) ||
+        !CheckHeader(db, file, error) ||
+        !WriteTransaction(db, file, false, generation, unchanged, error)) {
+        VorDPMLastError::Set(error.isEmpty() ? db.Error() : error);
+        return false;
+    }
+    file.m_generation = generation;
     ClearChanges(file);
     return true;
 }
 
-bool CVorDPMFileStore::WriteNew(CVorDPMDBBase& file) {
+VOR::ErrorStatus CVorDPMFileStore::WriteNew(CVorDPMDBBase& file) {
     const QString target = file.GetFilePath();
-    const QString temporary =
-        target + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128);
-    bool ok = false;
+    if (!VorDPMRootBoundary::Check(target)) return VOR::eFileError;
+    CVorDPMTempFile temporary(target);
+    if (!temporary.IsOpen()) {
+        VorDPMLastError::Set(QStringLiteral("%1: cannot be written").arg(target));
+        return VOR::eFileError;
+    }
+    const qint64 generation = NewGeneration();
     {
         CVorDPMSQLiteConnection db;
-        ok = db.Open(temporary, CVorDPMSQLiteConnection::CreateNew, kBusyTimeoutMs) &&
-             WriteTransaction(db, file, true);
-        if (!ok) VorDPMLastError::Set(db.Error());
+        QString error;
+        if (!db.Open(temporary.Path(), CVorDPMSQLiteConnection::CreateNew, kBusyTimeoutMs) ||
+            !WriteTransaction(db, file, true, generation, nullptr, error)) {
+            VorDPMLastError::Set(error.isEmpty() ? db.Error() : error);
+            return VOR::eFileError;
+        }
     }
-    if (ok && std::rename(QFile::encodeName(temporary).constData(),
-                          QFile::encodeName(target).constData()) != 0) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be written").arg(target));
-        ok = false;
-    }
-    if (!ok) {
-        QFile::remove(temporary);
-        return false;
-    }
+    // Never over an existing file: another process may have made one of that name meanwhile.
+    const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(temporary.Path(), target);
+    if (moved != VOR::eOk) return moved;
+    temporary.MarkMoved();
+    file.m_generation = generation;
     ClearChanges(file);
-    return true;
+    return VOR::eOk;
 }

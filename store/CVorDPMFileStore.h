@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "VorDPMExport.h"
+#include "VorDPMTypes.h"
 
 class CVorDPMDBBase;
 
@@ -11,11 +12,14 @@ class VORDPM_API CVorDPMFileStore {
 public:
     // Reads every table of the file; false with a reason when the file cannot be used.
     static bool Load(CVorDPMDBBase& file, QString& error);
-    // Writes the changed rows in one transaction and clears the change marks on success.
+    // Writes the changed rows in one transaction and clears the change marks on success. Writes
+    // nothing when the file on disk is no longer the one that was loaded (another process
+    // changed, removed or renamed it): the changes stay and the last error names the conflict.
     static bool WriteChanges(CVorDPMDBBase& file);
     // Writes a complete new file (schema and every live row) next to the target and moves it
-    // into place, so that a half-written file never appears under the target name.
-    static bool WriteNew(CVorDPMDBBase& file);
+    // into place, so that a half-written file never appears under the target name; eNameExists
+    // when a file of that name appeared meanwhile, which is never replaced.
+    static VOR::ErrorStatus WriteNew(CVorDPMDBBase& file);
     // Milliseconds a writer waits for another process's lock before giving up.
     static constexpr int kBusyTimeoutMs = 10000;
 };

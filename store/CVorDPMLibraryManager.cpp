@@ -6,6 +6,7 @@
 
 #include "CVorDPMFileSet.h"
 #include "CVorDPMManager.h"
+#include "CVorDPMTempFile.h"
 
 CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QString& name,
                                              const QString& folder)
@@ -21,7 +22,9 @@ CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QStr
           folder, QStringLiteral(".DPD"), manager->GetDPMLibraryRootPath(),
           [this](const QString& dpd, const QString& path) {
               return std::make_unique<CVorDPMDPD>(dpd, path, this);
-          })) {}
+          })) {
+    CVorDPMTempFile::RemoveStale(folder);
+}
 
 CVorDPMLibraryManager::~CVorDPMLibraryManager() = default;
 
@@ -118,10 +121,7 @@ CVorDPMDPI* CVorDPMLibraryManager::GetDPI() {
     if (m_info) return m_info.get();
     auto info =
         std::make_unique<CVorDPMDPI>(QDir(m_folder).filePath(QStringLiteral("library.DPI")));
-    const bool exists = QFile::exists(info->GetFilePath());
-    if (!exists) info->MarkLoaded();
-    const bool ready = exists ? info->EnsureLoaded() : CVorDPMFileStore::WriteNew(*info);
-    if (!ready) return nullptr;
+    if (!info->LoadOrCreate()) return nullptr;
     m_info = std::move(info);
     return m_info.get();
 }

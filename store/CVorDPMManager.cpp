@@ -10,6 +10,8 @@
 #include "CVorDPMCommandManager.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
+#include "VorDPMNoReplace.h"
+#include "VorDPMRootBoundary.h"
 #include "VorDPMTrash.h"
 
 namespace {
@@ -32,12 +34,14 @@ QStringList ScanLibraries(const QString& root) {
     return names;
 }
 
+// Copies a folder as it is on disk; refuses anything in it that leads outside the root.
 bool CopyFolder(const QString& from, const QString& to) {
-    if (!QDir().mkpath(to)) return false;
+    if (!VorDPMRootBoundary::Check(from) || !QDir().mkpath(to)) return false;
     QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
+        if (!VorDPMRootBoundary::Check(path)) return false;
         const QString target = QDir(to).filePath(QDir(from).relativeFilePath(path));
         const bool ok = it.fileInfo().isDir() ? QDir().mkpath(target) : QFile::copy(path, target);
         if (!ok) return false;
@@ -76,10 +80,12 @@ void CVorDPMManager::Reset(const QString& root) {
     m_templates.reset();
     m_common.reset();
     m_root = QDir::cleanPath(QDir(root).absolutePath());
+    VorDPMRootBoundary::SetRoot(m_root);
     m_libraryNames = ScanLibraries(m_root);
 }
 
 int CVorDPMManager::SetDPMLibraryRootPath(const QString& path) {
+    VorDPMLastError::Clear();
     if (path.trimmed().isEmpty() || !QDir().mkpath(path)) {
         VorDPMLastError::Set(QStringLiteral("%1: cannot be used as the library root").arg(path));
         return 0;
@@ -126,13 +132,16 @@ VOR::ErrorStatus CVorDPMManager::CheckNewLibraryName(const QString& name) const 
 }
 
 VOR::ErrorStatus CVorDPMManager::CreateLibrary(const QString& name, CVorDPMLibraryManager*& out) {
+    VorDPMLastError::Clear();
     const VOR::ErrorStatus usable = CheckNewLibraryName(name);
     if (usable != VOR::eOk) return usable;
-    if (!QDir().mkpath(LibraryFolder(name))) {
-        VorDPMLastError::Set(
-            QStringLiteral("%1: cannot create the folder").arg(LibraryFolder(name)));
+    if (!QDir().mkpath(m_root)) {
+        VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_root));
         return VOR::eFileError;
     }
+    // Made only when absent, so that of two processes creating one name only one succeeds.
+    const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(name));
+    if (made != VOR::eOk) return made;
     m_libraryNames.append(name);
     VorDPMNames::Sort(m_libraryNames);
     GetLibrary(name, out);
@@ -152,6 +161,7 @@ void CVorDPMManager::Retire(const QString& name) {
 }
 
 int CVorDPMManager::RemoveLibrary(const QString& name) {
+    VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, name);
     if (index < 0) return 0;
     const QString canonical = m_libraryNames[index];
@@ -162,6 +172,7 @@ int CVorDPMManager::RemoveLibrary(const QString& name) {
 }
 
 VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QString& to) {
+    VorDPMLastError::Clear();
     CVorDPMLibraryManager* library = nullptr;
     if (GetLibrary(from, library) != VOR::eOk) return VOR::eNotFound;
     const QString canonical = library->GetLibraryName();
@@ -172,10 +183,10 @@ VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QStrin
     } else if (!VorDPMNames::IsValidName(to)) {
         return VOR::eInvalidName;
     }
-    if (!library->Save() || !QDir().rename(LibraryFolder(canonical), LibraryFolder(to))) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be renamed").arg(LibraryFolder(canonical)));
-        return VOR::eFileError;
-    }
+    if (!library->Save()) return VOR::eFileError;
+    const VOR::ErrorStatus moved =
+        VorDPMNoReplace::Rename(LibraryFolder(canonical), LibraryFolder(to));
+    if (moved != VOR::eOk) return moved;
     Retire(canonical);
     m_libraryNames.removeAll(canonical);
     m_libraryNames.append(to);
@@ -184,13 +195,17 @@ VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QStrin
 }
 
 VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QString& to) {
+    VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, source);
     if (index < 0) return VOR::eNotFound;
     const VOR::ErrorStatus usable = CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
+    const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(to));
+    if (made != VOR::eOk) return made;
     if (!CopyFolder(LibraryFolder(m_libraryNames[index]), LibraryFolder(to))) {
         QDir(LibraryFolder(to)).removeRecursively();
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be copied").arg(LibraryFolder(source)));
+        if (VorDPMLastError::Get().isEmpty())
+            VorDPMLastError::Set(QStringLiteral("%1: cannot be copied").arg(LibraryFolder(source)));
         return VOR::eFileError;
     }
     m_libraryNames.append(to);
@@ -211,6 +226,7 @@ CVorDPMCommonManager* CVorDPMManager::GetCommonManager() {
 }
 
 int CVorDPMManager::SaveWork() {
+    VorDPMLastError::Clear();
     bool ok = true;
     for (auto& [name, library] : m_libraries) ok = library->Save() && ok;
     if (m_templates) ok = m_templates->Save() && ok;

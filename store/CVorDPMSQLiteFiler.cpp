@@ -1,6 +1,13 @@
 #include "CVorDPMSQLiteFiler.h"
 
+#include <climits>
 #include <cstring>
+
+int CVorDPMSQLiteFiler::ReadInt() {
+    const sqlite3_int64 value = sqlite3_column_int64(m_statement, m_next++);
+    if (value < INT_MIN || value > INT_MAX) m_outOfRange = true;
+    return static_cast<int>(value);
+}
 
 QString CVorDPMSQLiteFiler::ReadString() {
     const int column = m_next++;

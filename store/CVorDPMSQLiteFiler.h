@@ -12,9 +12,12 @@ public:
     CVorDPMSQLiteFiler(sqlite3_stmt* statement, const CVorDPMClassInfo& info, int first)
         : m_statement(statement), m_info(info), m_first(first), m_next(first) {}
 
-    void Rewind() { m_next = m_first; }
+    void Rewind() {
+        m_next = m_first;
+        m_outOfRange = false;
+    }
 
-    int ReadInt() override { return sqlite3_column_int(m_statement, m_next++); }
+    int ReadInt() override;
     double ReadDouble() override { return sqlite3_column_double(m_statement, m_next++); }
     QString ReadString() override;
     QByteArray ReadBytes() override;
@@ -23,10 +26,13 @@ public:
     void WriteDouble(double value) override { sqlite3_bind_double(m_statement, m_next++, value); }
     void WriteString(const QString& value) override;
     void WriteBytes(const QByteArray& value) override;
+    // True when an integer read since the last Rewind did not fit an int.
+    bool OutOfRange() const { return m_outOfRange; }
 
 private:
     sqlite3_stmt* m_statement;
     const CVorDPMClassInfo& m_info;
     int m_first;
     int m_next;
+    bool m_outOfRange = false;
 };

@@ -1,10 +1,12 @@
 #include "CVorDPMTable.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "CVorDPMDBBase.h"
 #include "CVorDPMKeyIndex.h"
 #include "CVorDPMMemoryFiler.h"
+#include "VorDPMLastError.h"
 
 CVorDPMTable::CVorDPMTable(CVorDPMDBBase* file, const CVorDPMClassInfo& info)
     : m_file(file), m_info(info) {}
@@ -44,7 +46,7 @@ void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
             std::upper_bound(m_rows.begin(), m_rows.end(), objectId,
                              [](int id, const CVorDPMObject* r) { return id < r->GetObjectId(); }),
             row);
-    if (objectId >= m_nextId) m_nextId = objectId + 1;
+    if (objectId >= m_nextId) m_nextId = static_cast<qint64>(objectId) + 1;
     if (m_keyIndex) m_keyIndex->Added(row);
 }
 
@@ -66,7 +68,14 @@ VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
         KeepRefused(row);
         return VOR::eFail;
     }
-    AdoptLoaded(row, m_nextId);
+    if (m_nextId > INT_MAX) {
+        VorDPMLastError::Set(QStringLiteral("%1: table %2 has no free object id left")
+                                 .arg(m_file ? m_file->GetFilePath() : QString(),
+                                      QString::fromLatin1(m_info.tableName)));
+        KeepRefused(row);
+        return VOR::eFail;
+    }
+    AdoptLoaded(row, static_cast<int>(m_nextId));
     NoteChanged(row);
     return VOR::eOk;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -28,7 +29,8 @@ public:
     // Takes a row read from the file; it keeps its id and counts as unchanged.
     void AdoptLoaded(CVorDPMObject* row, int objectId);
     // Takes a new row: gives it the next free id and marks it for writing.
-    // A row of another class or one that already belongs to a table is refused.
+    // A row of another class or one that already belongs to a table is refused, and so is
+    // any row once the ids are used up.
     VOR::ErrorStatus Add(CVorDPMObject* row);
     // Takes ownership of a row that a caller handed over but that no table accepted.
     static void KeepRefused(CVorDPMObject* row);
@@ -80,5 +82,6 @@ private:
     std::vector<CVorDPMObject*> m_rows;
     std::vector<CVorDPMObject*> m_changed;
     std::unique_ptr<CVorDPMKeyIndex> m_keyIndex;
-    int m_nextId = 1;
+    // 64 bits so that the id after the largest int is seen as unavailable, never wrapped.
+    qint64 m_nextId = 1;
 };

@@ -1,12 +1,15 @@
 #include "CVorDPMTemplateManager.h"
 
 #include "CVorDPMFileSet.h"
+#include "CVorDPMTempFile.h"
 
 CVorDPMTemplateManager::CVorDPMTemplateManager(const QString& folder, const QString& root)
     : m_templates(std::make_unique<CVorDPMFileSet<CVorDPMDPT>>(
           folder, QStringLiteral(".DPT"), root, [this](const QString& name, const QString& path) {
               return std::make_unique<CVorDPMDPT>(name, path, this);
-          })) {}
+          })) {
+    CVorDPMTempFile::RemoveStale(folder);
+}
 
 CVorDPMTemplateManager::~CVorDPMTemplateManager() = default;
 

@@ -14,3 +14,7 @@ void VorDPMLastError::Set(const QString& reason) {
 QString VorDPMLastError::Get() {
     return Storage();
 }
+
+void VorDPMLastError::Clear() {
+    Storage().clear();
+}

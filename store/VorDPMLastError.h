@@ -9,5 +9,8 @@ namespace VorDPMLastError {
 
 VORDPM_API void Set(const QString& reason);
 VORDPM_API QString Get();
+// Forgets the reason: an operation that starts clears it, so that an old failure is not
+// reported after a later success.
+VORDPM_API void Clear();
 
 }  // namespace VorDPMLastError

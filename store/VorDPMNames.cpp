@@ -3,6 +3,23 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+namespace {
+
+// A high surrogate not followed by a low one, or a low one not preceded by a high one: such a
+// name cannot be written as a file name (it would come back with U+FFFD).
+bool HasLoneSurrogate(const QString& name) {
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        if (name[i].isHighSurrogate() && i + 1 < name.size() && name[i + 1].isLowSurrogate()) {
+            ++i;
+            continue;
+        }
+        if (name[i].isSurrogate()) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
 const QString& VorDPMNames::ForbiddenCharacters() {
     static const QString characters = QStringLiteral("\\/:*?\"<>|");
     return characters;
@@ -14,8 +31,10 @@ bool VorDPMNames::ContainsAny(const QString& text, const QString& characters) {
 }
 
 bool VorDPMNames::IsValidName(const QString& name) {
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..")) return false;
+    // A leading dot hides the file from listings (and ".recycle" is the store's own folder).
+    if (name.isEmpty() || name.startsWith(QLatin1Char('.'))) return false;
     if (name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' '))) return false;
+    if (HasLoneSurrogate(name)) return false;
     for (const QChar c : name) {
         if (c.unicode() < 0x20 || c.unicode() == 0x7f) return false;
         if (ForbiddenCharacters().contains(c)) return false;

@@ -13,9 +13,10 @@ namespace VorDPMNames {
 VORDPM_API const QString& ForbiddenCharacters();
 // True when `text` holds any of `characters`.
 VORDPM_API bool ContainsAny(const QString& text, const QString& characters);
-// False for names that would leave their folder or that Windows cannot hold as a file name:
-// empty, ".", "..", control characters, \ / : * ? " < > |, a trailing dot or space, and the
-// reserved device names (CON, PRN, AUX, NUL, COM1-9, LPT1-9).
+// False for names that would leave their folder, could not be found again or that Windows
+// cannot hold as a file name: empty, a leading dot (also ".", ".."), lone UTF-16 surrogates,
+// control characters, \ / : * ? " < > |, a trailing dot or space, and the reserved device
+// names (CON, PRN, AUX, NUL, COM1-9, LPT1-9).
 VORDPM_API bool IsValidName(const QString& name);
 // Index of `name` in `names` compared without regard to case (file names on Windows), or -1.
 VORDPM_API int IndexOf(const QStringList& names, const QString& name);

@@ -1,5 +1,6 @@
 #include "FindCommand.h"
 
+#include <utility>
 #include <vector>
 
 #include "CVorDPMDPC.h"
@@ -27,7 +28,7 @@ QString FindCommand::Summary() const {
         "Finds catalog entries by product name: plain text is found anywhere in the name\n"
         "(case-sensitive); \"*\" and \"?\" make it a pattern. A level left out or given as \"*\"\n"
         "means any classification. Prints LIBRARY, CATALOG, PRODUCT, LEVEL0, LEVEL1, LEVEL2\n"
-        "separated by tabs; exits with 1 when nothing matches.");
+        "separated by tabs; exits with 1 when nothing matches or a catalog cannot be read.");
 }
 
 QList<QCommandLineOption> FindCommand::Options() const {
@@ -45,7 +46,9 @@ int FindCommand::Execute(const QCommandLineParser& parser, ToolConsole& console)
     ToolLookup lookup(console);
     std::vector<QString> allLibraries;
     CVorDPMData::GetAllLibraryName(allLibraries);
-    int found = 0;
+    // Every catalog is read before anything is printed: one that cannot be read fails the
+    // search (its entries might have matched) with one line naming it, and no partial output.
+    std::vector<std::pair<QString, CVorDPMDPC*>> catalogs;
     for (const QString& library : NamesOrOnly(parser, kLibrary, allLibraries)) {
         if (!lookup.Library(library)) return ToolConsole::NotFound;
         std::vector<QString> allCatalogs;
@@ -55,11 +58,14 @@ int FindCommand::Execute(const QCommandLineParser& parser, ToolConsole& console)
         for (const QString& name : NamesOrOnly(parser, kCatalog, allCatalogs)) {
             CVorDPMDPC* catalog = nullptr;
             CVorDPMData::GetDPCManger(library, name, catalog);
-            if (!catalog && mustExist && !lookup.Catalog(library, name))
-                return ToolConsole::NotFound;
-            if (catalog) found += PrintMatches(parser, library, catalog, console);
+            if (!catalog && !mustExist) continue;
+            if (!lookup.Catalog(library, name)) return ToolConsole::NotFound;
+            catalogs.emplace_back(library, catalog);
         }
     }
+    int found = 0;
+    for (const auto& [library, catalog] : catalogs)
+        found += PrintMatches(parser, library, catalog, console);
     if (found == 0)
         return console.Fail(
             ToolConsole::NotFound,

@@ -84,4 +84,52 @@ TEST_F(SetLibRootTest, BrowseFillsTheEditWithTheChosenFolderAndCancelKeepsIt) {
     EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), root.Path());
 }
 
+// Switching the root drops what was loaded from the old one, so unsaved changes are saved or
+// given up first; Cancel, or a save that fails, keeps the old root and the changes.
+TEST_F(SetLibRootTest, UnsavedChangesAreSavedOrDroppedAsTheUserChooses) {
+    const QString other = root.Home() + QStringLiteral("/other");
+    ASSERT_TRUE(QDir().mkpath(other));
+    const QString question = QStringLiteral("产品库有未保存的修改，是否保存？");
+    const QString infoFile = root.File(QStringLiteral("QXMaterial/library.DPI"));
+    const struct {
+        const char* label;
+        QMessageBox::StandardButton answer;
+        bool removeFile;     // makes the save fail: the file is gone behind the store
+        bool switched;       // the new root is in use
+        const char* onDisk;  // company name the old root's file holds afterwards
+    } cases[] = {
+        {"cancel", QMessageBox::Cancel, false, false, ""},
+        {"no", QMessageBox::No, false, true, ""},
+        {"yes", QMessageBox::Yes, false, true, "启星"},
+        {"yes, save fails", QMessageBox::Yes, true, false, nullptr},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        Manager()->SetDPMLibraryRootPath(root.Path());
+        Manager()->RemoveLibrary(QStringLiteral("QXMaterial"));
+        CVorDPM_DPI_Info* info = nullptr;
+        ASSERT_EQ(MakeLibrary(QStringLiteral("QXMaterial"))->GetDPI()->GetInfo(info), VOR::eOk);
+        info->SetCompanyName(QStringLiteral("启星"));
+        if (c.removeFile) QFile::remove(infoFile);
+        CVorDPMSetLibRoot fresh;
+        fresh.show();
+        Type(&fresh, CVorDPMSetLibRoot::IDC_ROOT_PATH, other);
+        ui.ExpectMessage(question, c.answer);
+        if (c.removeFile)
+            ui.ExpectMessage(QStringLiteral("保存失败: %1: changed by another user since it was "
+                                            "loaded (it was removed or renamed)")
+                                 .arg(infoFile));
+        Click(&fresh, VorDPMControlId::IDOK);
+
+        ui.VerifyAllUsed();
+        EXPECT_EQ(Accepted(fresh), c.switched);
+        EXPECT_EQ(Manager()->GetDPMLibraryRootPath(), c.switched ? other : root.Path());
+        EXPECT_EQ(Manager()->HasUnsavedChanges(), !c.switched);
+        if (!c.onDisk) continue;
+        Manager()->SetDPMLibraryRootPath(root.Path());
+        ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPI()->GetInfo(info), VOR::eOk);
+        EXPECT_EQ(info->GetCompanyName(), QString::fromUtf8(c.onDisk));
+    }
+}
+
 }  // namespace

@@ -345,6 +345,23 @@ TEST_F(MainDialog, CommandsWithoutAMenuSaveAskForAFileOrDoNothing) {
     EXPECT_FALSE(Dialog().OnCommand(12345));
 }
 
+// A save that meets another user's change (here: the file is gone) says so and loses nothing.
+TEST_F(MainDialog, ASaveThatConflictsTellsWhyAndKeepsTheEdits) {
+    CVorDPM_DPI_Info* info = nullptr;
+    ASSERT_EQ(CVorDPMData::GetDPIInfo("QXMaterial", info), 1);
+    info->SetCompanyName(QStringLiteral("启星"));
+    const QString file = root.File("QXMaterial/library.DPI");
+    ASSERT_TRUE(QFile::remove(file));
+    ui.ExpectMessage(QStringLiteral("保存失败: %1: changed by another user since it was loaded "
+                                    "(it was removed or renamed)")
+                         .arg(file));
+    EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_SAVE_WORK));
+    ui.VerifyAllUsed();
+    EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
+    EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星"));
+    EXPECT_FALSE(QFile::exists(file));
+}
+
 TEST_F(MainDialog, EditingALabelChangesTheNodeOnlyNotTheStore) {
     CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
     QTreeWidgetItem* node = Node("QXMaterial", "目录");

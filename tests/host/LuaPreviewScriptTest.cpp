@@ -162,6 +162,65 @@ TEST(LuaPreviewScript, RunawayAndEverGrowingScriptsAreStoppedQuickly) {
     }
 }
 
+// Loops that run inside C, where no instruction is counted, are bounded too.
+TEST(LuaPreviewScript, LoopsInsideLibraryFunctionsAreBounded) {
+    const QString tooLong = QStringLiteral("脚本运行时间过长，已停止。");
+    const QByteArray hugeLength = "setmetatable({}, {__len = function() return 2^40 end})";
+    const std::pair<QByteArray, QString> cases[] = {
+        {"assert(string.rep('', 2^40) == '')", QString()},
+        {"assert(string.rep('', math.maxinteger, '') == '')", QString()},
+        {"assert(('x'):rep(3, '') == 'xxx' and ('ab'):rep(2, ',') == 'ab,ab')", QString()},
+        {"table.move({}, 1, 2^40, 2)", tooLong},
+        {"for i = 1, 9 do pcall(table.move, {}, 1, 2^40, 2) end", tooLong},
+        {"local t = table.move({1, 2, 3}, 1, 3, 2) assert(t[4] == 3)", QString()},
+        {"table.remove(" + hugeLength + ", 1)", tooLong},
+        {"table.insert(" + hugeLength + ", 1, 0)", tooLong},
+        {"local t = {1, 2} table.insert(t, 1, 0) assert(table.remove(t) == 2)", QString()},
+    };
+    for (const auto& [script, expected] : cases) {
+        QElapsedTimer timer;
+        timer.start();
+        const auto result = RunScript(script);
+        EXPECT_EQ(result.error, expected) << script.data();
+        EXPECT_LT(timer.elapsed(), 1000) << script.data();
+    }
+}
+
+// Instructions that each take long (copies of a large string) are stopped by the clock.
+TEST(LuaPreviewScript, AWallClockLimitStopsSlowScripts) {
+    LuaSandbox::Limits limits;
+    limits.instructions = 1'000'000'000'000;
+    limits.wallClockMs = 300;
+    const QByteArray cases[] = {
+        "while true do end",
+        "local s = string.rep('x', 8e6) while true do local t = s .. 'y' end",
+        "while true do pcall(function() local s = string.rep('x', 8e6) .. 'y' end) end",
+    };
+    for (const QByteArray& script : cases) {
+        QElapsedTimer timer;
+        timer.start();
+        const auto result = RunScript(script, {}, {}, limits);
+        EXPECT_EQ(result.error, QStringLiteral("脚本运行时间过长，已停止。")) << script.data();
+        EXPECT_LT(timer.elapsed(), 1500) << script.data();
+    }
+    EXPECT_EQ(LuaSandbox::Limits().wallClockMs, 1000);
+}
+
+// What the drawing calls keep lives outside the Lua heap but counts against its limit.
+TEST(LuaPreviewScript, TheDrawingListCountsAgainstTheMemoryLimit) {
+    const QByteArray cases[] = {
+        "local s = string.rep('x', 4 * 1024 * 1024) for i = 1, 200 do text(0, 0, s) end",
+        "local t = {} for i = 1, 2e5 do t[i] = i end for k = 1, 100 do polyline(t) end",
+        // Catching the failure does not let the script go on drawing.
+        "local s = string.rep('x', 4 * 1024 * 1024) for i = 1, 200 do pcall(text, 0, 0, s) end",
+    };
+    for (const QByteArray& script : cases) {
+        const auto result = RunScript(script);
+        EXPECT_EQ(result.error, QStringLiteral("脚本占用内存过多，已停止。")) << script.data();
+        EXPECT_LT(result.drawing.Primitives().size(), 32) << script.data();
+    }
+}
+
 TEST(LuaPreviewScript, TooSmallAMemoryLimitFailsTheRunInsteadOfTheProcess) {
     for (std::size_t bytes : {std::size_t(0), std::size_t(1000), std::size_t(8000)}) {
         const auto result = RunScript("line(0, 0, 1, 1)", {}, {}, {bytes, 1000});

@@ -1,9 +1,11 @@
 #include <sqlite3.h>
+#include <sys/resource.h>
 
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QThread>
+#include <csignal>
 #include <functional>
 #include <thread>
 
@@ -203,8 +205,8 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
     for (int round = 0; round < 5; ++round) {
         const QString value = QStringLiteral("value%1").arg(round);
         QProcess child;
-        child.start(writer,
-                    {root.Path(), QStringLiteral("QXMaterial"), QStringLiteral("Good"), value});
+        child.start(writer, {root.Path(), QStringLiteral("values"), QStringLiteral("QXMaterial"),
+                             QStringLiteral("Good"), value});
         ASSERT_TRUE(child.waitForStarted());
         while (!child.canReadLine() && child.state() == QProcess::Running)
             child.waitForReadyRead(50);
@@ -216,4 +218,85 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
         EXPECT_EQ(checked[0], QStringLiteral("ok")) << "round " << round;
         EXPECT_EQ(checked.size(), 2) << "mixed contents in round " << round;
     }
+}
+
+// A write that fails half-way reports what failed (the full disk), not what the rollback said
+// afterwards; a later successful save leaves no old error behind.
+TEST_F(FaultTest, AFullDiskIsReportedAsTheFirstErrorAndForgottenAfterSuccess) {
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CKZList<CVorDPM_DPD_Property*> properties;
+    dpd->GetAllProperty(properties);
+    for (int i = 0; i < 2000; ++i) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetValue(QString(1000, QLatin1Char('x')), properties.GetAt(0)->GetObjectId());
+        dpd->AddSerial(serial);
+    }
+    // The process may write no file beyond 256 KB: the save runs out of room.
+    rlimit original{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &original), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = original;
+    small.rlim_cur = 256 * 1024;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const int saved = Manager()->SaveWork();
+    setrlimit(RLIMIT_FSIZE, &original);
+    std::signal(SIGXFSZ, oldHandler);
+
+    EXPECT_EQ(saved, 0);
+    const QString reason = CVorDPMManager::GetLastErrorText();
+    EXPECT_TRUE(reason.contains(QStringLiteral("Good.DPD"))) << reason.toStdString();
+    EXPECT_TRUE(reason.contains(QStringLiteral("disk"))) << reason.toStdString();
+    EXPECT_FALSE(reason.contains(QStringLiteral("rollback"))) << reason.toStdString();
+    EXPECT_EQ(Manager()->SaveWork(), 1);
+    EXPECT_EQ(CVorDPMManager::GetLastErrorText(), QString());
+    EXPECT_EQ(CheckedValues(PathOf("Good")).first(), QStringLiteral("ok"));
+}
+
+// A copy killed while it writes leaves its temporary file; the next process that opens the
+// library removes it, but never the temporary file of a copy that is still being written.
+TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
+    CVorDPMDPD* big = MakeDefinition(m_library, QStringLiteral("Big"));
+    const int property =
+        AddProperty(big, QStringLiteral("直径"), QStringLiteral("d"))->GetObjectId();
+    for (int i = 0; i < 20000; ++i) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetValue(QString(500, QLatin1Char('x')), property);
+        big->AddSerial(serial);
+    }
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    const QString writer =
+        qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
+    const QDir folder(root.File(QStringLiteral("QXMaterial")));
+    const auto temporaries = [&] { return folder.entryList({QStringLiteral("*.new-*")}); };
+    const auto startCopy = [&](QProcess& child, const QString& name) {
+        child.start(writer, {root.Path(), QStringLiteral("copy-dpd"), QStringLiteral("QXMaterial"),
+                             QStringLiteral("Big"), name});
+        child.waitForStarted();
+        while (!child.canReadLine() && child.state() == QProcess::Running)
+            child.waitForReadyRead(50);
+        child.write("go\n");
+        child.waitForBytesWritten();
+    };
+    // Killed as soon as its temporary file appears, so in the middle of writing it.
+    QProcess killed;
+    startCopy(killed, QStringLiteral("Killed"));
+    while (temporaries().isEmpty() && killed.state() == QProcess::Running) QThread::msleep(1);
+    killed.kill();
+    killed.waitForFinished();
+    ASSERT_FALSE(temporaries().isEmpty()) << "no copy was killed while it wrote";
+
+    Reopen();
+    Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+    EXPECT_EQ(temporaries(), QStringList());
+
+    QProcess live;
+    startCopy(live, QStringLiteral("Live"));
+    while (live.state() == QProcess::Running) {
+        Reopen();
+        Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+        live.waitForFinished(5);
+    }
+    EXPECT_TRUE(live.readAllStandardOutput().endsWith("ok\n"));
+    EXPECT_EQ(CheckedValues(PathOf("Live")).first(), QStringLiteral("ok"));
 }

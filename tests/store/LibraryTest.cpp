@@ -132,3 +132,50 @@ TEST_F(LibraryTest, VersionsAreCheckedKeptAndOrdered) {
     EXPECT_NE(catalog->GetVersion(3.0, found), VOR::eOk);
     EXPECT_EQ(found, nullptr);
 }
+
+// Without the user's trash folder (no data folder), removed files go to the root's recycle
+// folder, never into the working directory.
+TEST_F(LibraryTest, WithoutTheUsersTrashRemovedFilesGoToTheRecycleFolder) {
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Steel"));
+    MakeLibrary(QStringLiteral("Copper"));
+    CVorDPMDPC* catalog = nullptr;
+    ASSERT_EQ(library->CreateDPC(QStringLiteral("型钢"), catalog), VOR::eOk);
+    const QString missing = root.Home() + QStringLiteral("/missing-data");
+    const QString workingDir = root.Home() + QStringLiteral("/cwd");
+    QDir().mkpath(workingDir);
+    const QString previousDir = QDir::currentPath();
+    const QByteArray previousData = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", missing.toUtf8());
+    QDir::setCurrent(workingDir);
+
+    EXPECT_EQ(library->RemoveDPC(QStringLiteral("型钢")), VOR::eOk);
+    EXPECT_EQ(Manager()->RemoveLibrary(QStringLiteral("Copper")), 1);
+
+    QDir::setCurrent(previousDir);
+    qputenv("XDG_DATA_HOME", previousData);
+    QStringList recycled = QDir(root.File(QStringLiteral(".recycle")))
+                               .entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    ASSERT_EQ(recycled.size(), 2) << recycled.join(' ').toStdString();
+    recycled.sort();
+    EXPECT_TRUE(recycled[0].startsWith(QStringLiteral("Copper.")));
+    EXPECT_TRUE(recycled[1].startsWith(QStringLiteral("型钢.DPC.")));
+    EXPECT_EQ(QDir(workingDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    EXPECT_FALSE(QFileInfo::exists(missing));
+}
+
+// A new library's information record is in its file from the start: looking at it, or writing
+// the counts it already has (as the editor does on closing), leaves nothing to save.
+TEST_F(LibraryTest, ANewLibrarysInformationRecordNeedsNoSaving) {
+    CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("Fresh"));
+    ASSERT_TRUE(library->WriteProductCounts());
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    Reopen();
+    library = Library(QStringLiteral("Fresh"));
+    ASSERT_NE(library, nullptr);
+    ASSERT_TRUE(library->WriteProductCounts());
+    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    // A count that really differs is a change.
+    MakeDefinition(library, QStringLiteral("Bolt"));
+    ASSERT_TRUE(library->WriteProductCounts());
+    EXPECT_TRUE(Manager()->HasUnsavedChanges());
+}

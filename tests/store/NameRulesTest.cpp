@@ -26,6 +26,12 @@ const QStringList kBadNames = {
     QStringLiteral("trailing "),
     QStringLiteral("CON"),
     QStringLiteral("lpt1.txt"),
+    // Names that would be written but could not be found again.
+    QStringLiteral(".hidden"),
+    QStringLiteral(".recycle"),
+    QString(QChar(0xD800)) + QStringLiteral("x"),
+    QStringLiteral("x") + QChar(0xDC00),
+    QStringLiteral("ab") + QChar(0xDBFF),
 };
 
 QStringList FilesUnder(const QString& root) {
@@ -42,7 +48,8 @@ QStringList FilesUnder(const QString& root) {
 TEST(NameRules, AcceptsOrdinaryAndChineseNames) {
     for (const QString& name :
          {QStringLiteral("螺栓"), QStringLiteral("GB 5782-2000"), QStringLiteral("a.b"),
-          QStringLiteral("[x]"), QStringLiteral("COM10")})
+          QStringLiteral("[x]"), QStringLiteral("COM10"), QStringLiteral("a.hidden"),
+          QStringLiteral("𝔸 pair")})
         EXPECT_TRUE(VorDPMNames::IsValidName(name)) << name.toStdString();
 }
 
@@ -121,6 +128,10 @@ TEST_F(BadNameTest, EveryCreateCopyRenameRefusesAndWritesNothing) {
                 << label << " accepted \"" << name.toStdString() << '"';
     EXPECT_EQ(FilesUnder(root.Path()), before);
     EXPECT_EQ(FilesUnder(root.Home() + QStringLiteral("/data")), QStringList());
+    for (const QString& name : kBadNames) {
+        CVorDPMDPC* c = nullptr;
+        EXPECT_EQ(library->CreateDPC(name, c), VOR::eInvalidName) << name.toStdString();
+    }
 }
 
 TEST_F(BadNameTest, ExistingNamesAreRefusedWithoutRegardToCase) {

@@ -169,6 +169,23 @@ TEST_F(ToolTest, FindsEntriesByNameAndClassification) {
     }
 }
 
+// A catalog that cannot be read may hold matches: the search fails naming it, not "no match".
+TEST_F(ToolTest, FindNamesAnUnreadableCatalogAndFails) {
+    QFile broken(root.File(QStringLiteral("QXMaterial/Bad.DPC")));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("this is not a catalog");
+    broken.close();
+    for (const QStringList& arguments :
+         {QStringList{"find", "Bolt"}, QStringList{"find", "Nothing like it"},
+          QStringList{"find", "*", "--library", "QXMaterial", "--catalog", "Bad"}}) {
+        const ToolRun run = Run(arguments);
+        EXPECT_EQ(run.exitCode, 1) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.out.isEmpty()) << run.out.toStdString();
+        EXPECT_TRUE(run.HasOneErrorLine()) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains(QStringLiteral("Bad.DPC"))) << run.err.toStdString();
+    }
+}
+
 TEST_F(ToolTest, NamesEverySeriesRowFromItsRule) {
     const ToolRun run = Run({"names", "QXMaterial", "hexbolt"});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();

@@ -1,0 +1,90 @@
+#include "CVorDPMTempFile.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QUuid>
+#include <cstring>
+
+#include "VorDPMRootBoundary.h"
+
+namespace {
+
+const QString kJournalSuffix = QStringLiteral("-journal");
+
+// A store file's temporary name: `<name>.<kind>.new-<32 hex digits>`.
+bool IsTemporaryName(const QString& name) {
+    static const QRegularExpression pattern(
+        QStringLiteral("\\.(DPC|DPD|DPT|DPI|DPO)\\.new-[0-9a-f]{32}$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return pattern.match(name).hasMatch();
+}
+
+// An exclusive flock on its own open file: independent of SQLite's byte-range locks on the
+// same file, and released by the kernel when the writer dies.
+int OpenLocked(const QString& path, int flags, int lockMode) {
+    const int fd =
+        ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC | O_NOFOLLOW, 0666);
+    if (fd < 0) return -1;
+    if (::flock(fd, lockMode) == 0) return fd;
+    ::close(fd);
+    return -1;
+}
+
+void RemoveIfUnheld(const QString& path) {
+    const int fd = OpenLocked(path, O_RDWR, LOCK_EX | LOCK_NB);
+    if (fd < 0) return;  // a live writer holds it (or it is gone already)
+    QFile::remove(path + kJournalSuffix);
+    QFile::remove(path);
+    ::close(fd);
+}
+
+// The names in `folder` that look like temporary files or their journals. Read with readdir
+// alone: a library may hold tens of thousands of files, and nothing else about them is needed.
+QStringList CandidateNames(const QString& folder) {
+    QStringList names;
+    DIR* dir = ::opendir(QFile::encodeName(folder).constData());
+    if (!dir) return names;
+    while (const dirent* entry = ::readdir(dir)) {
+        if (std::strstr(entry->d_name, ".new-")) names.append(QFile::decodeName(entry->d_name));
+    }
+    ::closedir(dir);
+    return names;
+}
+
+}  // namespace
+
+CVorDPMTempFile::CVorDPMTempFile(const QString& target)
+    : m_path(target + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128)) {
+    m_fd = OpenLocked(m_path, O_RDWR | O_CREAT | O_EXCL, LOCK_EX);
+}
+
+CVorDPMTempFile::~CVorDPMTempFile() {
+    if (!m_moved && m_fd >= 0) {
+        QFile::remove(m_path + kJournalSuffix);
+        QFile::remove(m_path);
+    }
+    if (m_fd >= 0) ::close(m_fd);
+}
+
+void CVorDPMTempFile::RemoveStale(const QString& folder) {
+    const QStringList names = CandidateNames(folder);
+    // A folder that leads out of the root is none of the store's business.
+    if (names.isEmpty() || !VorDPMRootBoundary::Check(folder)) return;
+    const QDir dir(folder);
+    for (const QString& name : names) {
+        if (IsTemporaryName(name)) {
+            RemoveIfUnheld(dir.filePath(name));
+            continue;
+        }
+        // A journal whose temporary file is gone: its writer died after the file was removed.
+        if (!name.endsWith(kJournalSuffix)) continue;
+        const QString owner = name.chopped(kJournalSuffix.size());
+        if (IsTemporaryName(owner) && !dir.exists(owner)) QFile::remove(dir.filePath(name));
+    }
+}

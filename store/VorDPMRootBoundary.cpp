@@ -1,0 +1,40 @@
+#include "VorDPMRootBoundary.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "VorDPMLastError.h"
+
+namespace {
+
+QString& Root() {
+    static QString root;
+    return root;
+}
+
+// The real location of `path`; for a name that does not exist yet, its folder's real location
+// with the name appended. Empty when not even the folder exists.
+QString Resolved(const QString& path) {
+    const QFileInfo info(path);
+    if (info.exists()) return info.canonicalFilePath();
+    const QString folder = info.absoluteDir().canonicalPath();
+    return folder.isEmpty() ? QString() : folder + QLatin1Char('/') + info.fileName();
+}
+
+}  // namespace
+
+void VorDPMRootBoundary::SetRoot(const QString& root) {
+    Root() = root;
+}
+
+bool VorDPMRootBoundary::Check(const QString& path) {
+    // The root itself may be reached through a link; compare real locations on both sides.
+    const QString root = QFileInfo(Root()).canonicalFilePath();
+    const QString resolved = Resolved(path);
+    if (!root.isEmpty() && !resolved.isEmpty() &&
+        (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
+        return true;
+    VorDPMLastError::Set(
+        QStringLiteral("%1: refused, it leads outside the library root %2").arg(path, Root()));
+    return false;
+}

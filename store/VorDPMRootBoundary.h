@@ -1,0 +1,15 @@
+// Keeps every store file inside the library root: a path whose real location (after following
+// symbolic links) lies outside the root is neither read nor written.
+#pragma once
+
+#include <QString>
+
+namespace VorDPMRootBoundary {
+
+// The library root that store paths must stay inside.
+void SetRoot(const QString& root);
+// True when `path` (an existing file or folder, or a new name in an existing folder) resolves
+// inside the root; otherwise false with the last error naming the path.
+bool Check(const QString& path);
+
+}  // namespace VorDPMRootBoundary

@@ -1,0 +1,154 @@
+// The library root is a boundary: links that lead out of it are neither read nor written, and
+// numbers that do not fit the store's ids never alias another row.
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFile>
+#include <functional>
+
+#include "support/StoreTestBase.h"
+
+namespace {
+
+QByteArray ReadAll(const QString& path) {
+    QFile file(path);
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
+}
+
+void Exec(const QString& path, const char* sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+    sqlite3_close(db);
+}
+
+QStringList Entries(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+}
+
+}  // namespace
+
+class BoundaryTest : public StoreTestBase {
+protected:
+    void SetUp() override {
+        m_library = MakeLibrary();
+        CVorDPMDPD* bolt = MakeDefinition(m_library, QStringLiteral("Bolt"));
+        AddProperty(bolt, QStringLiteral("直径"), QStringLiteral("d"));
+        for (const char* name : {"p1", "p2"}) {
+            auto* product = new CVorDPM_DPD_Product;
+            product->SetName(QString::fromUtf8(name));
+            bolt->AddProduct(product);
+        }
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        m_outside = root.Home() + QStringLiteral("/outside");
+        QDir().mkpath(m_outside);
+    }
+
+    QString InLibrary(const QString& file) const {
+        return root.File(QStringLiteral("QXMaterial/") + file);
+    }
+
+    CVorDPMLibraryManager* m_library = nullptr;
+    QString m_outside;
+};
+
+TEST_F(BoundaryTest, AStoreFileLinkedToOutsideTheRootIsNeitherReadNorWritten) {
+    const QString target = m_outside + QStringLiteral("/Secret.DPD");
+    ASSERT_TRUE(QFile::copy(InLibrary(QStringLiteral("Bolt.DPD")), target));
+    ASSERT_TRUE(QFile::link(target, InLibrary(QStringLiteral("Linked.DPD"))));
+    const QByteArray before = ReadAll(target);
+    Reopen();
+
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Linked"), dpd),
+              VOR::eOk);
+    CKZList<CVorDPM_DPD_Property*> rows;
+    EXPECT_NE(dpd->GetAllProperty(rows), VOR::eOk);
+    EXPECT_TRUE(rows.IsEmpty());
+    const QString reason = CVorDPMManager::GetLastErrorText();
+    EXPECT_TRUE(reason.contains(QStringLiteral("Linked.DPD"))) << reason.toStdString();
+    EXPECT_TRUE(reason.contains(QStringLiteral("outside the library root")))
+        << reason.toStdString();
+    EXPECT_NE(dpd->AddProperty(new CVorDPM_DPD_Property), VOR::eOk);
+    EXPECT_EQ(Manager()->SaveWork(), 1);
+    EXPECT_EQ(ReadAll(target), before);
+}
+
+TEST_F(BoundaryTest, ALibraryFolderLinkedToOutsideTheRootTakesNoFiles) {
+    const QString folder = m_outside + QStringLiteral("/Elsewhere");
+    QDir().mkpath(folder);
+    ASSERT_TRUE(QFile::copy(InLibrary(QStringLiteral("library.DPI")),
+                            folder + QStringLiteral("/library.DPI")));
+    ASSERT_TRUE(QFile::link(folder, root.File(QStringLiteral("Linked"))));
+    Reopen();
+
+    CVorDPMLibraryManager* linked = Library(QStringLiteral("Linked"));
+    ASSERT_NE(linked, nullptr);
+    EXPECT_EQ(linked->GetDPI(), nullptr);
+    CVorDPMDPC* catalog = nullptr;
+    EXPECT_NE(linked->CreateDPC(QStringLiteral("New"), catalog), VOR::eOk);
+    CVorDPMDPD* dpd = nullptr;
+    EXPECT_NE(linked->CreateDPD(QStringLiteral("New"), dpd), VOR::eOk);
+    EXPECT_TRUE(
+        CVorDPMManager::GetLastErrorText().contains(QStringLiteral("outside the library root")));
+    EXPECT_NE(Manager()->CopyLibrary(QStringLiteral("Linked"), QStringLiteral("Copied")), VOR::eOk);
+    EXPECT_EQ(Entries(folder), QStringList{QStringLiteral("library.DPI")});
+    EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("Copied"))));
+}
+
+// Ids and row references are ints: a file holding a larger number is refused as a whole
+// rather than read with the number cut down onto another row's id.
+TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
+    struct Case {
+        const char* label;
+        const char* sql;
+    };
+    const Case cases[] = {
+        {"row id", "UPDATE product SET id = 4294967297 WHERE name = 'p2'"},
+        {"reference", "INSERT INTO serial (id, product_id) VALUES (1, 4294967297)"},
+        {"negative id", "UPDATE product SET id = -4294967295 WHERE name = 'p2'"},
+    };
+    const QString path = InLibrary(QStringLiteral("Bolt.DPD"));
+    const QByteArray original = ReadAll(path);
+    for (const Case& c : cases) {
+        Reopen();
+        QFile::remove(path);
+        QFile saved(path);
+        ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
+        saved.write(original);
+        saved.close();
+        Exec(path, c.sql);
+        const QByteArray damaged = ReadAll(path);
+        CVorDPMDPD* dpd = nullptr;
+        ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd),
+                  VOR::eOk)
+            << c.label;
+        CKZList<CVorDPM_DPD_Product*> products;
+        EXPECT_NE(dpd->GetAllProduct(products), VOR::eOk) << c.label;
+        EXPECT_TRUE(products.IsEmpty()) << c.label;
+        const QString reason = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(reason.contains(QStringLiteral("Bolt.DPD"))) << reason.toStdString();
+        EXPECT_TRUE(reason.contains(QStringLiteral("outside the range"))) << reason.toStdString();
+        EXPECT_EQ(Manager()->SaveWork(), 1) << c.label;
+        EXPECT_EQ(ReadAll(path), damaged) << c.label;
+    }
+}
+
+TEST_F(BoundaryTest, NoNewRowOnceTheLargestIdIsTaken) {
+    const QString path = InLibrary(QStringLiteral("Bolt.DPD"));
+    Exec(path, "UPDATE product SET id = 2147483647 WHERE name = 'p2'");
+    Reopen();
+    CVorDPMDPD* dpd = nullptr;
+    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd), VOR::eOk);
+    CKZList<CVorDPM_DPD_Product*> products;
+    ASSERT_EQ(dpd->GetAllProduct(products), VOR::eOk);
+    ASSERT_EQ(products.GetCount(), 2);
+    auto* extra = new CVorDPM_DPD_Product;
+    extra->SetName(QStringLiteral("p3"));
+    EXPECT_NE(dpd->AddProduct(extra), VOR::eOk);
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("no free object id")));
+    CVorDPM_DPD_Product* last = nullptr;
+    ASSERT_EQ(dpd->GetProduct(2147483647, last), VOR::eOk);
+    EXPECT_EQ(last->GetName(), QStringLiteral("p2"));
+}

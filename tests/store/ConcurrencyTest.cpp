@@ -1,0 +1,207 @@
+// Two processes on one library root: the test process and the store_writer child change the
+// same files; no save may silently undo the other's work.
+#include <sqlite3.h>
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <functional>
+
+#include "support/StoreTestBase.h"
+
+namespace {
+
+QString Writer() {
+    return qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
+}
+
+// The values of one column of a store file, read straight from disk in id order.
+QStringList Column(const QString& path, const char* sql) {
+    QStringList values;
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
+        SQLITE_OK) {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
+        while (statement && sqlite3_step(statement) == SQLITE_ROW)
+            values.append(QString::fromUtf8(
+                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(db);
+    return values;
+}
+
+QStringList ProductNames(const QString& path) {
+    return Column(path, "SELECT name FROM product ORDER BY id");
+}
+
+}  // namespace
+
+class ConcurrencyTest : public StoreTestBase {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(QFile::exists(Writer())) << Writer().toStdString();
+        Build();
+    }
+
+    // A library with two saved definitions of one product each, nothing loaded.
+    void Build() {
+        CVorDPMLibraryManager* library = MakeLibrary();
+        for (const char* name : {"Shared", "Other"}) {
+            CVorDPMDPD* dpd = MakeDefinition(library, QString::fromUtf8(name));
+            auto* product = new CVorDPM_DPD_Product;
+            product->SetName(QStringLiteral("p1"));
+            dpd->AddProduct(product);
+        }
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Reopen();
+    }
+
+    void Rebuild() {
+        Reopen();
+        QDir(root.Path()).removeRecursively();
+        Manager()->SetDPMLibraryRootPath(root.Path());
+        Build();
+    }
+
+    // The definition as this process holds it, read before the child runs.
+    CVorDPMDPD* Loaded(const char* name = "Shared") {
+        CVorDPMLibraryManager* library = nullptr;
+        CVorDPMDPD* dpd = nullptr;
+        Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
+        if (library) library->GetDPD(QString::fromUtf8(name), dpd);
+        CKZList<CVorDPM_DPD_Product*> products;
+        if (dpd) dpd->GetAllProduct(products);
+        return dpd;
+    }
+
+    static CVorDPM_DPD_Product* First(CVorDPMDPD* dpd) {
+        CKZList<CVorDPM_DPD_Product*> products;
+        dpd->GetAllProduct(products);
+        return products.IsEmpty() ? nullptr : products.GetAt(0);
+    }
+
+    // Runs the child to the end; its last line of output.
+    QString RunChild(const QStringList& arguments) {
+        QProcess child;
+        child.start(Writer(), QStringList{root.Path()} + arguments);
+        child.waitForStarted();
+        QByteArray output;
+        while (child.state() != QProcess::NotRunning) {
+            child.waitForReadyRead(100);
+            output += child.readAllStandardOutput();
+        }
+        output += child.readAllStandardOutput();
+        const QStringList lines = QString::fromUtf8(output).split('\n', Qt::SkipEmptyParts);
+        return lines.isEmpty() ? QString() : lines.last();
+    }
+
+    QString PathOf(const QString& dpd) const {
+        return root.File(QStringLiteral("QXMaterial/%1.DPD").arg(dpd));
+    }
+};
+
+TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
+    struct Case {
+        const char* label;
+        QStringList child;
+        const char* detail;          // what the error adds for this kind of conflict
+        QStringList productsOnDisk;  // of Shared.DPD after both saves; empty: no file
+    };
+    const Case cases[] = {
+        {"same row changed", {"product-name", "QXMaterial", "Shared", "child"}, "", {"child"}},
+        {"row deleted", {"delete-product", "QXMaterial", "Shared"}, "", {}},
+        {"rows added", {"add-product", "QXMaterial", "Shared", "c"}, "", {"p1", "c"}},
+        {"definition removed", {"remove-dpd", "QXMaterial", "Shared"}, "removed", {}},
+        {"definition renamed", {"rename-dpd", "QXMaterial", "Shared", "Moved"}, "renamed", {}},
+    };
+    for (const Case& c : cases) {
+        Rebuild();
+        CVorDPMDPD* dpd = Loaded();
+        ASSERT_NE(dpd, nullptr) << c.label;
+        ASSERT_EQ(RunChild(c.child), QStringLiteral("ok")) << c.label;
+        First(dpd)->SetName(QStringLiteral("parent"));
+        auto* added = new CVorDPM_DPD_Product;
+        added->SetName(QStringLiteral("p"));
+        dpd->AddProduct(added);
+
+        EXPECT_EQ(Manager()->SaveWork(), 0) << c.label;
+        const QString error = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(error.contains(PathOf(QStringLiteral("Shared")))) << error.toStdString();
+        EXPECT_TRUE(error.contains(QStringLiteral("changed by another user since it was loaded")))
+            << error.toStdString();
+        EXPECT_TRUE(error.contains(QString::fromUtf8(c.detail))) << error.toStdString();
+        // Nothing of this process reached the file; its edits are still there to keep.
+        EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Shared"))), c.productsOnDisk) << c.label;
+        EXPECT_TRUE(Manager()->HasUnsavedChanges()) << c.label;
+        EXPECT_EQ(First(dpd)->GetName(), QStringLiteral("parent")) << c.label;
+        // A second try does not sneak through either.
+        EXPECT_EQ(Manager()->SaveWork(), 0) << c.label;
+    }
+}
+
+TEST_F(ConcurrencyTest, ChangesToOtherFilesAndOwnEarlierSavesAreNoConflict) {
+    CVorDPMDPD* dpd = Loaded();
+    ASSERT_EQ(RunChild({"product-name", "QXMaterial", "Other", "child"}), QStringLiteral("ok"));
+    First(dpd)->SetName(QStringLiteral("first"));
+    EXPECT_EQ(Manager()->SaveWork(), 1) << CVorDPMManager::GetLastErrorText().toStdString();
+    First(dpd)->SetName(QStringLiteral("second"));
+    EXPECT_EQ(Manager()->SaveWork(), 1) << CVorDPMManager::GetLastErrorText().toStdString();
+    EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Shared"))), QStringList{"second"});
+    EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Other"))), QStringList{"child"});
+    // The child sees this process's saves as the file it loads: its change goes through.
+    EXPECT_EQ(RunChild({"product-name", "QXMaterial", "Shared", "third"}), QStringLiteral("ok"));
+    EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Shared"))), QStringList{"third"});
+}
+
+TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
+    // Large sources make each write long, so that both pass the name check before either ends.
+    CVorDPMLibraryManager* library = nullptr;
+    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
+    for (const char* name : {"One", "Two"}) {
+        CVorDPMDPD* dpd = MakeDefinition(library, QString::fromUtf8(name));
+        const int property =
+            AddProperty(dpd, QStringLiteral("d"), QString::fromUtf8(name))->GetObjectId();
+        for (int i = 0; i < 20000; ++i) {
+            auto* serial = new CVorDPM_DPD_Serial;
+            serial->SetValue(QString(1000, QLatin1Char('x')), property);
+            dpd->AddSerial(serial);
+        }
+    }
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    for (int round = 0; round < 3; ++round) {
+        QProcess children[2];
+        const char* sources[] = {"One", "Two"};
+        for (int i = 0; i < 2; ++i) {
+            children[i].start(Writer(), {root.Path(), "copy-dpd", "QXMaterial", sources[i],
+                                         QStringLiteral("New%1").arg(round)});
+            children[i].waitForStarted();
+            while (!children[i].canReadLine() && children[i].state() == QProcess::Running)
+                children[i].waitForReadyRead(50);
+        }
+        for (QProcess& child : children) {
+            child.write("go\n");
+            child.waitForBytesWritten();
+            std::fprintf(stderr, "wrote %lld\n", (long long)QDateTime::currentMSecsSinceEpoch());
+        }
+        QStringList outcomes;
+        for (QProcess& child : children) {
+            child.waitForFinished(60000);
+            outcomes.append(QString::fromUtf8(child.readAllStandardOutput()).trimmed());
+            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
+            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
+        }
+        const int winner = outcomes[0].endsWith(QStringLiteral("ok")) ? 0 : 1;
+        ASSERT_TRUE(outcomes[winner].endsWith(QStringLiteral("ok")))
+            << outcomes.join('|').toStdString();
+        EXPECT_TRUE(outcomes[1 - winner].contains(QStringLiteral("failed 2001")))
+            << outcomes.join('|').toStdString();
+        // The file is the winner's, whole.
+        const QString created = PathOf(QStringLiteral("New%1").arg(round));
+        EXPECT_EQ(Column(created, "SELECT property_alias FROM property"),
+                  QStringList{QString::fromUtf8(sources[winner])});
+        EXPECT_EQ(Column(created, "SELECT count(*) FROM serial"), QStringList{"20000"});
+    }
+}
