@@ -12,6 +12,7 @@
 #include <QTreeView>
 #include <memory>
 
+#include "BenchDefinitionRows.h"
 #include "BenchLibraryRoot.h"
 #include "BenchScratch.h"
 #include "CBinaryData.h"
@@ -60,15 +61,7 @@ CBinaryData Picture() {
 void WriteLargeDefinition(CVorDPMLibraryManager& library) {
     CVorDPMDPD* dpd = nullptr;
     Require(library.CreateDPD(kLarge, dpd) == VOR::eOk, "large definition");
-    std::vector<int> properties;
-    for (int p = 0; p < kProperties; ++p) {
-        auto* property = new CVorDPM_DPD_Property;
-        property->SetPropertyId(p + 1);
-        property->SetPropertyAlias(QStringLiteral("属性%1").arg(p));
-        property->SetParamAlias(QStringLiteral("P%1").arg(p));
-        dpd->AddProperty(property);
-        properties.push_back(property->GetObjectId());
-    }
+    const std::vector<int> properties = BenchDefinitionRows::AddProperties(*dpd, kProperties);
     auto* product = new CVorDPM_DPD_Product;
     product->SetName(QStringLiteral("产品"));
     product->SetNameRule(QStringLiteral("L P0 P1"));
