@@ -15,6 +15,7 @@
 #include <memory>
 #include <vector>
 
+#include "BenchDefinitionRows.h"
 #include "CVorDPMCommandManager.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMUiService.h"
@@ -78,15 +79,7 @@ private:
         if (Manager()->CreateLibrary(kLibrary, library) != VOR::eOk ||
             library->CreateDPD(kDefinition, dpd) != VOR::eOk)
             qFatal("cannot create the benchmark definition");
-        std::vector<int> properties;
-        for (int p = 0; p < kProperties; ++p) {
-            auto* property = new CVorDPM_DPD_Property;
-            property->SetPropertyId(p + 1);
-            property->SetPropertyAlias(QStringLiteral("属性%1").arg(p));
-            property->SetParamAlias(QStringLiteral("P%1").arg(p));
-            dpd->AddProperty(property);
-            properties.push_back(property->GetObjectId());
-        }
+        const std::vector<int> properties = BenchDefinitionRows::AddProperties(*dpd, kProperties);
         auto* product = new CVorDPM_DPD_Product;
         product->SetName(QStringLiteral("产品"));
         dpd->AddProduct(product);

@@ -1,128 +1,208 @@
-// Store benchmarks: listing a large library, loading a large definition next to a plain SQLite
-// read of the same rows, its memory, and the cost of saving one changed row.
+// Store benchmarks: listing a large library next to a plain directory read, create, copy and
+// rename in a large and a small library, loading a large definition next to a plain SQLite
+// read of the same rows (both on warm memory), its memory, and saving one changed row.
 #include <benchmark/benchmark.h>
+#include <dirent.h>
 #include <malloc.h>
 #include <sqlite3.h>
+#include <sys/resource.h>
 
-#include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
+#include "BenchData.h"
+#include "BenchLibraryRoot.h"
 #include "CVorDPMManager.h"
+#include "VorDPMNames.h"
 
 namespace {
 
-constexpr int kDefinitions = 10000;
+constexpr int kManyDefinitions = 50000;
 constexpr int kSeries = 100000;
-constexpr int kProperties = 20;
+constexpr int kHugeSeries = 1000000;
 
 CVorDPMManager* Manager() {
     return CVorDPMManager::GetVorDPMManager();
 }
 
-// One temporary root for the whole run: a library "Big" with kDefinitions empty definitions,
-// and a library "Data" with a large and a small definition.
+// One root for the whole run: a library "Big" of 50,000 definitions, a library "Small" of 10,
+// and a library "Data" with definitions of 10, 100,000 and 1,000,000 series rows.
 class BenchRoot {
 public:
     static BenchRoot& Get() {
         static BenchRoot root;
         return root;
     }
-    QString Path() const { return m_dir.path(); }
-    QString LargePath() const { return m_dir.filePath(QStringLiteral("Data/Large.DPD")); }
+    QString Root() const { return m_root; }
+    QString DataPath(const QString& definition) const {
+        return m_root + QStringLiteral("/Data/") + definition + QStringLiteral(".DPD");
+    }
 
 private:
-    BenchRoot() {
-        qputenv("XDG_CONFIG_HOME", m_dir.filePath(QStringLiteral("config")).toUtf8());
-        Manager()->SetDPMLibraryRootPath(m_dir.path());
-        MakeManyDefinitions();
-        MakeDefinition(QStringLiteral("Large"), kSeries);
-        MakeDefinition(QStringLiteral("Small"), 10);
-        Manager()->SaveWork();
+    BenchRoot() : m_libraryRoot(QStringLiteral("store")) {
+        m_root = Manager()->GetDPMLibraryRootPath();
+        if (!BenchLibraryRoot::Has(QStringLiteral("Data"))) Write();
+        Manager()->SetDPMLibraryRootPath(m_root);
+    }
+
+    void Write() {
+        BenchData::MakeManyDefinitions(*BenchData::Library(QStringLiteral("Big")),
+                                       QStringLiteral("P"), kManyDefinitions);
+        BenchData::MakeManyDefinitions(*BenchData::Library(QStringLiteral("Small")),
+                                       QStringLiteral("P"), 10);
+        CVorDPMLibraryManager* data = BenchData::Library(QStringLiteral("Data"));
+        BenchData::MakeDefinition(*data, QStringLiteral("Large"), kSeries);
+        BenchData::MakeDefinition(*data, QStringLiteral("Small"), 10);
         Manager()->DiscardChanges();
+        MakeHuge();
     }
 
-    void MakeManyDefinitions() {
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->CreateLibrary(QStringLiteral("Big"), library);
-        CVorDPMDPD* first = nullptr;
-        library->CreateDPD(QStringLiteral("P00000"), first);
-        // Copying the file is the quick way to a large library; the store only lists names.
-        for (int i = 1; i < kDefinitions; ++i)
-            QFile::copy(
-                first->GetDPDFullPath(),
-                m_dir.filePath(QStringLiteral("Big/P%1.DPD").arg(i, 5, 10, QLatin1Char('0'))));
+    // Ten times the large definition's rows, copied by SQL: writing a million rows through
+    // the store would take minutes.
+    void MakeHuge() {
+        if (!QFile::copy(DataPath(QStringLiteral("Large")), DataPath(QStringLiteral("Huge"))))
+            qFatal("cannot copy the large definition");
+        sqlite3* db = nullptr;
+        sqlite3_open(QFile::encodeName(DataPath(QStringLiteral("Huge"))).constData(), &db);
+        QByteArray sql = "BEGIN;";
+        for (int copy = 1; copy < kHugeSeries / kSeries; ++copy)
+            sql += QByteArray("INSERT INTO serial SELECT id + ") +
+                   QByteArray::number(copy * kSeries) + ", key || '-" + QByteArray::number(copy) +
+                   "', product_id, image_id, shape_id, vals FROM serial WHERE id <= " +
+                   QByteArray::number(kSeries) + ";";
+        sql += "COMMIT;";
+        if (sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK)
+            qFatal("cannot fill the huge definition: %s", sqlite3_errmsg(db));
+        sqlite3_close(db);
     }
 
-    void MakeDefinition(const QString& name, int rows) {
-        CVorDPMLibraryManager* library = nullptr;
-        if (Manager()->GetLibrary(QStringLiteral("Data"), library) != VOR::eOk)
-            Manager()->CreateLibrary(QStringLiteral("Data"), library);
-        CVorDPMDPD* dpd = nullptr;
-        library->CreateDPD(name, dpd);
-        std::vector<int> properties;
-        for (int p = 0; p < kProperties; ++p) {
-            auto* property = new CVorDPM_DPD_Property;
-            property->SetPropertyAlias(QStringLiteral("属性%1").arg(p));
-            property->SetParamAlias(QStringLiteral("p%1").arg(p));
-            dpd->AddProperty(property);
-            properties.push_back(property->GetObjectId());
-        }
-        auto* product = new CVorDPM_DPD_Product;
-        product->SetName(QStringLiteral("产品"));
-        product->SetNameRule(QStringLiteral("P%p0%p1"));
-        dpd->AddProduct(product);
-        for (int r = 0; r < rows; ++r) {
-            auto* serial = new CVorDPM_DPD_Serial;
-            serial->SetProductId(product->GetObjectId());
-            for (int p = 0; p < kProperties; ++p)
-                serial->SetValue(QString::number(r * 0.5 + p, 'f', 1), properties[p]);
-            dpd->AddSerial(serial);
-        }
-    }
-
-    QTemporaryDir m_dir;
+    BenchLibraryRoot m_libraryRoot;
+    QString m_root;
 };
 
-CVorDPMDPD* Definition(const QString& name) {
+CVorDPMLibraryManager* Library(const QString& name) {
     CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("Data"), library);
+    Manager()->GetLibrary(name, library);
+    return library;
+}
+
+CVorDPMDPD* Definition(const QString& name) {
     CVorDPMDPD* dpd = nullptr;
-    library->GetDPD(name, dpd);
+    Library(QStringLiteral("Data"))->GetDPD(name, dpd);
     return dpd;
 }
 
-void BM_ListNamesOf10000Definitions(benchmark::State& state) {
-    const QString root = BenchRoot::Get().Path();
-    for (auto _ : state) {
-        Manager()->SetDPMLibraryRootPath(root);
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(QStringLiteral("Big"), library);
-        QStringList names;
-        library->GetAllDPDName(names);
-        if (names.size() != kDefinitions) state.SkipWithError("wrong count");
-    }
+long MinorFaults() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_minflt;
 }
-BENCHMARK(BM_ListNamesOf10000Definitions)->Unit(benchmark::kMillisecond);
 
-void BM_LoadDefinition100kRows(benchmark::State& state) {
+// A fresh look at the library, as when the editor or the tool starts.
+void BM_ListNamesOf50000Definitions(benchmark::State& state) {
     BenchRoot::Get();
     for (auto _ : state) {
         Manager()->DiscardChanges();
-        const size_t before = mallinfo2().uordblks;
-        CVorDPMDPD* dpd = Definition(QStringLiteral("Large"));
-        CKZList<CVorDPM_DPD_Serial*> rows;
-        dpd->GetAllSerial(rows);  // the first use of a table reads the file
-        state.counters["heap_MB"] = double(mallinfo2().uordblks - before) / (1024.0 * 1024.0);
-        if (rows.GetCount() != kSeries) state.SkipWithError("wrong count");
+        QStringList names;
+        Library(QStringLiteral("Big"))->GetAllDPDName(names);
+        if (names.size() != kManyDefinitions) state.SkipWithError("wrong count");
     }
 }
-BENCHMARK(BM_LoadDefinition100kRows)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ListNamesOf50000Definitions)->Unit(benchmark::kMillisecond);
 
-// The same rows read with plain SQLite, every column taken, as the floor for loading.
-void BM_PlainSQLiteRead100kRows(benchmark::State& state) {
-    const QByteArray path = QFile::encodeName(BenchRoot::Get().LargePath());
+// The floor: the folder read unsorted with readdir, the definitions' names picked out by their
+// extension and sorted once, in the order of the store's listings.
+void BM_PlainReaddirAndSort50000(benchmark::State& state) {
+    const QByteArray folder = QFile::encodeName(BenchRoot::Get().Root() + QStringLiteral("/Big"));
     for (auto _ : state) {
+        QStringList names;
+        DIR* directory = opendir(folder.constData());
+        while (const dirent* entry = readdir(directory)) {
+            const qsizetype length = qsizetype(strlen(entry->d_name));
+            if (entry->d_type == DT_REG && length > 4 &&
+                strcasecmp(entry->d_name + length - 4, ".DPD") == 0)
+                names.append(QFile::decodeName(QByteArray(entry->d_name, length - 4)));
+        }
+        closedir(directory);
+        VorDPMNames::Sort(names);
+        if (names.size() != kManyDefinitions) state.SkipWithError("wrong count");
+    }
+}
+BENCHMARK(BM_PlainReaddirAndSort50000)->Unit(benchmark::kMillisecond);
+
+// Create, copy and rename of a definition in a library of `range(0)` definitions (its names
+// listed before); removing them again is not timed.
+void BM_CreateCopyRename(benchmark::State& state) {
+    BenchRoot::Get();
+    CVorDPMLibraryManager* library =
+        Library(state.range(0) == 10 ? QStringLiteral("Small") : QStringLiteral("Big"));
+    QStringList names;
+    library->GetAllDPDName(names);
+    if (names.size() != state.range(0)) state.SkipWithError("wrong library size");
+    for (auto _ : state) {
+        CVorDPMDPD* created = nullptr;
+        const bool ok =
+            library->CreateDPD(QStringLiteral("New"), created) == VOR::eOk &&
+            library->CopyDPD(QStringLiteral("New"), QStringLiteral("Copy")) == VOR::eOk &&
+            library->RenameDPD(QStringLiteral("Copy"), QStringLiteral("Renamed")) == VOR::eOk;
+        state.PauseTiming();
+        if (!ok) state.SkipWithError("create, copy or rename failed");
+        library->RemoveDPD(QStringLiteral("New"));
+        library->RemoveDPD(QStringLiteral("Renamed"));
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_CreateCopyRename)->Arg(10)->Arg(kManyDefinitions)->Unit(benchmark::kMillisecond);
+
+// Runs `load` once untimed, then timed: both loads then run on memory the process already
+// has, so neither pays page faults that the other does not. faults counts them per load.
+template <class Load>
+void OnWarmMemory(benchmark::State& state, Load&& load) {
+    load();
+    long faults = 0;
+    for (auto _ : state) {
+        const long before = MinorFaults();
+        load();
+        faults = MinorFaults() - before;
+    }
+    state.counters["faults"] = double(faults);
+    state.SetComplexityN(state.range(0));
+}
+
+QString DefinitionOf(int rows) {
+    return rows == kSeries ? QStringLiteral("Large") : QStringLiteral("Huge");
+}
+
+// The first use of a table reads the whole file; heap_MB is what the loaded rows keep.
+void BM_LoadDefinition(benchmark::State& state) {
+    BenchRoot::Get();
+    const int rows = int(state.range(0));
+    double heap = 0;
+    OnWarmMemory(state, [&] {
+        Manager()->DiscardChanges();
+        const size_t before = mallinfo2().uordblks;
+        CKZList<CVorDPM_DPD_Serial*> list;
+        Definition(DefinitionOf(rows))->GetAllSerial(list);
+        heap = double(mallinfo2().uordblks - before) / (1024.0 * 1024.0);
+        if (list.GetCount() != rows) state.SkipWithError("wrong count");
+    });
+    Manager()->DiscardChanges();
+    state.counters["heap_MB"] = heap;
+}
+BENCHMARK(BM_LoadDefinition)->Arg(kSeries)->Arg(kHugeSeries)->Unit(benchmark::kMillisecond);
+
+// The same rows read with plain SQLite into rows of the same fields (a text key, three
+// numbers and the packed values), as the floor for loading.
+struct PlainRow {
+    int id;
+    QString key;
+    int productId, imageId, shapeId;
+    QByteArray values;
+};
+
+void BM_PlainSQLiteRead(benchmark::State& state) {
+    const int rows = int(state.range(0));
+    const QByteArray path = QFile::encodeName(BenchRoot::Get().DataPath(DefinitionOf(rows)));
+    OnWarmMemory(state, [&] {
         sqlite3* db = nullptr;
         sqlite3_open_v2(path.constData(), &db, SQLITE_OPEN_READONLY, nullptr);
         sqlite3_stmt* statement = nullptr;
@@ -130,22 +210,25 @@ void BM_PlainSQLiteRead100kRows(benchmark::State& state) {
                            "SELECT id, key, product_id, image_id, shape_id, vals FROM serial "
                            "ORDER BY id",
                            -1, &statement, nullptr);
-        std::vector<QByteArray> rows;
-        rows.reserve(kSeries);
+        std::vector<std::unique_ptr<PlainRow>> read;
+        read.reserve(size_t(rows));
         while (sqlite3_step(statement) == SQLITE_ROW) {
-            benchmark::DoNotOptimize(
-                sqlite3_column_int(statement, 0) + sqlite3_column_int(statement, 2) +
-                sqlite3_column_int(statement, 3) + sqlite3_column_int(statement, 4));
-            benchmark::DoNotOptimize(sqlite3_column_text(statement, 1));
-            rows.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, 5)),
-                              sqlite3_column_bytes(statement, 5));
+            const auto text = [&](int column) {
+                return QByteArray(
+                    reinterpret_cast<const char*>(sqlite3_column_text(statement, column)),
+                    sqlite3_column_bytes(statement, column));
+            };
+            read.push_back(std::make_unique<PlainRow>(
+                PlainRow{sqlite3_column_int(statement, 0), QString::fromUtf8(text(1)),
+                         sqlite3_column_int(statement, 2), sqlite3_column_int(statement, 3),
+                         sqlite3_column_int(statement, 4), text(5)}));
         }
         sqlite3_finalize(statement);
         sqlite3_close(db);
-        if (rows.size() != size_t(kSeries)) state.SkipWithError("wrong count");
-    }
+        if (read.size() != size_t(rows)) state.SkipWithError("wrong count");
+    });
 }
-BENCHMARK(BM_PlainSQLiteRead100kRows)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainSQLiteRead)->Arg(kSeries)->Arg(kHugeSeries)->Unit(benchmark::kMillisecond);
 
 // Saving after one changed series row: the cost should follow the change, not the table.
 void SaveOneChangedRow(benchmark::State& state, const QString& name) {
@@ -176,4 +259,13 @@ BENCHMARK(BM_SaveOneRowOf10Rows)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    // Freed memory stays with the process, so that a load after a load reuses it.
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
+    mallopt(M_MMAP_THRESHOLD, 1 << 30);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

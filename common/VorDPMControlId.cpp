@@ -11,8 +11,12 @@ QPushButton* VorDPMControlId::AddButton(QWidget* parent, int id, const QString& 
 }
 
 std::pair<QPushButton*, QPushButton*> VorDPMControlId::AddOkCancel(QDialog* dialog) {
-    QPushButton* ok =
-        AddButton(dialog, IDOK, QCoreApplication::translate("VorDPMControlId", "确定"));
+    return AddButtonAndCancel(dialog, IDOK, QCoreApplication::translate("VorDPMControlId", "确定"));
+}
+
+std::pair<QPushButton*, QPushButton*> VorDPMControlId::AddButtonAndCancel(QDialog* dialog, int id,
+                                                                          const QString& text) {
+    QPushButton* ok = AddButton(dialog, id, text);
     QPushButton* cancel =
         AddButton(dialog, IDCANCEL, QCoreApplication::translate("VorDPMControlId", "取消"));
     ok->setDefault(true);

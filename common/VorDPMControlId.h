@@ -29,6 +29,9 @@ QPushButton* AddButton(QWidget* parent, int id, const QString& text);
 // "确定" (IDOK, the default button, left for the dialog to connect) and "取消" (IDCANCEL,
 // rejects the dialog); the dialog places them.
 std::pair<QPushButton*, QPushButton*> AddOkCancel(QDialog* dialog);
+// The same with another default button (such as "下一步"), left for the dialog to connect.
+std::pair<QPushButton*, QPushButton*> AddButtonAndCancel(QDialog* dialog, int id,
+                                                         const QString& text);
 // A row holding the two buttons, right-aligned, for dialogs laid out by Qt layouts.
 QHBoxLayout* OkCancelRow(const std::pair<QPushButton*, QPushButton*>& buttons);
 

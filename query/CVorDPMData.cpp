@@ -1,6 +1,7 @@
 #include "query/CVorDPMData.h"
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTreeWidget>
 
 #include "CVorDPMDPC.h"
@@ -22,18 +23,6 @@ void UnlinkEntries(CKZList<CVorDPM_DPC_Content*>& list, Predicate&& drop) {
             it = list.RemoveAt(it);
         else
             ++it;
-    }
-}
-
-// Calls `visit` for each live row of one table of `file`, in table order: what the matching
-// GetAll call lists, without building a list. Naming every row of a large table reads the
-// property rows once per row, where a list of them would be allocated and freed each time.
-template <class Row, class Visit>
-void ForEachLiveRow(const CVorDPMDBBase& file, Visit&& visit) {
-    for (const auto& table : file.Tables()) {
-        if (&table->Info() != &Row::ClassInfo()) continue;
-        for (const CVorDPMObject* row : table->AllRows())
-            if (!row->IsDeleted()) visit(static_cast<const Row*>(row));
     }
 }
 
@@ -64,7 +53,9 @@ void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QString
                 QString& name) {
     name += parts.first();
     int values = 1;
-    ForEachLiveRow<CVorDPM_DPD_Property>(*dpd, [&](const CVorDPM_DPD_Property* property) {
+    // A rule names a few of the properties: each value is looked up on its own, which stops
+    // at its line, rather than unpacking the whole row. The property rows are read in place.
+    dpd->ForEachLiveRow<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property* property) {
         const QString& param = property->GetParamAlias();
         for (qsizetype i = 1; i < parts.size(); ++i) {
             if (!SameIgnoringCase(parts[i], param)) continue;
@@ -74,6 +65,25 @@ void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QString
             name += value;
         }
     });
+}
+
+// The product names of the live entries of every catalog of the library, case-folded: a
+// catalog holds a product when an entry names it without regard to case.
+QSet<QString> CataloguedProducts(CVorDPMLibraryManager& library) {
+    QStringList catalogs;
+    library.GetAllDPCName(catalogs);
+    QSet<QString> products;
+    for (const QString& name : std::as_const(catalogs)) {
+        CVorDPMDPC* catalog = nullptr;
+        library.GetDPC(name, catalog);
+        if (!catalog) continue;
+        CKZList<CVorDPM_DPC_Content*> entries;
+        catalog->GetAllContent(entries, 0);
+        products.reserve(products.size() + entries.GetCount());
+        for (const CVorDPM_DPC_Content* entry : entries)
+            products.insert(entry->GetDPD().toCaseFolded());
+    }
+    return products;
 }
 
 }  // namespace
@@ -220,17 +230,13 @@ int CVorDPMData::GetALLExteriorDPD(const QString& library, CKZList<CVorDPMDPD*>&
     CVorDPMLibraryManager* manager = nullptr;
     GetLibraryManger(library, manager);
     if (!manager) return 0;
-    QStringList catalogs;
+    // The products every catalog names, gathered once: asking each catalog about each
+    // definition would cost definitions times entries.
+    const QSet<QString> catalogued = CataloguedProducts(*manager);
     QStringList definitions;
-    manager->GetAllDPCName(catalogs);
     manager->GetAllDPDName(definitions);
-    for (const QString& name : std::as_const(catalogs)) {
-        CVorDPMDPC* catalog = nullptr;
-        manager->GetDPC(name, catalog);
-        if (!catalog) continue;
-        definitions.removeIf([catalog](const QString& dpd) { return catalog->HasDPD(dpd) != 0; });
-    }
     for (const QString& name : std::as_const(definitions)) {
+        if (catalogued.contains(name.toCaseFolded())) continue;
         CVorDPMDPD* dpd = nullptr;
         manager->GetDPD(name, dpd);
         if (dpd) out.AddTail(dpd);

@@ -21,6 +21,9 @@
 #include "library/CDPMlibraryPage.h"
 #include "product/CDPMDataPage.h"
 #include "query/CVorDPMData.h"
+#include "template/CVorDPMEditTemplateDlg.h"
+#include "template/CVorDPMNewTemplateDlg.h"
+#include "template/VorDPMDeleteTemplateDlg.h"
 
 namespace {
 
@@ -174,6 +177,9 @@ const std::map<int, CVorDPMEditorDlg::Handler>& CVorDPMEditorDlg::Handlers() {
         {ID_PROPERTY_TABLE, &CVorDPMEditorDlg::OnPropertyTable},
         {ID_UNIT_TABLE, &CVorDPMEditorDlg::OnUnitTable},
         {ID_INNER_PARAM_TABLE, &CVorDPMEditorDlg::OnInnerParamTable},
+        {ID_NEW_TEMPLATE, &CVorDPMEditorDlg::OnNewTemplate},
+        {ID_EDIT_TEMPLATE, &CVorDPMEditorDlg::OnEditTemplate},
+        {ID_DELETE_TEMPLATE, &CVorDPMEditorDlg::OnDeleteTemplate},
     };
     return handlers;
 }
@@ -352,6 +358,25 @@ void CVorDPMEditorDlg::OnInnerParamTable() {
 
 void CVorDPMEditorDlg::OpenCommonTable(int mode) {
     CVorDPMDPODlg dialog(mode, this);
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+// Offered only while a node of a library the store knows is selected.
+void CVorDPMEditorDlg::OnNewTemplate() {
+    if (!FindLibrary(SelectedNode())) return;
+    CVorDPMNewTemplateDlg dialog(m_pPreviewDrawCallback, m_pPreviewCloseCallback,
+                                 m_pPreviewMoveCallback, this);
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+void CVorDPMEditorDlg::OnEditTemplate() {
+    CVorDPMEditTemplateDlg dialog(m_pPreviewDrawCallback, m_pPreviewCloseCallback,
+                                  m_pPreviewMoveCallback, this);
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+void CVorDPMEditorDlg::OnDeleteTemplate() {
+    VorDPMDeleteTemplateDlg dialog(this);
     CVorDPMUiService::Instance()->Exec(&dialog);
 }
 

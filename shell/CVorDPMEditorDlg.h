@@ -103,6 +103,9 @@ private:
     void OnUnitTable();
     void OnInnerParamTable();
     void OpenCommonTable(int mode);
+    void OnNewTemplate();
+    void OnEditTemplate();
+    void OnDeleteTemplate();
 
     QTreeWidgetItem* SelectedNode() const;
     // The library of a node by name: its own text for a root, its parent's for a catalog.

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QStringList>
 #include <QTreeWidgetItemIterator>
+#include <unordered_map>
 
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
@@ -21,6 +22,44 @@ bool IsProductFile(const CVorDPMDPD* dpd) {
 }
 
 }  // namespace
+
+// The children of the nodes that a build visits, by their exact text, so that placing each of
+// many catalog entries finds its classification node without walking all of its siblings.
+// A node's children are read once, on its first visit; later children are added as appended.
+class CVorDPMTreeCtrlEx::ChildIndex {
+public:
+    explicit ChildIndex(const CVorDPMTreeCtrlEx& tree) : m_tree(tree) {}
+
+    // The children of `parent` (the top level for null) with that text, in tree order. A copy:
+    // the index grows while the caller walks the list.
+    QList<QTreeWidgetItem*> Matching(const QTreeWidgetItem* parent, const QString& text) {
+        return ChildrenOf(parent).value(text);
+    }
+
+    // Call before `child` is attached under `parent`, so that it is not read twice.
+    void Add(const QTreeWidgetItem* parent, QTreeWidgetItem* child) {
+        ChildrenOf(parent)[child->text(0)].append(child);
+    }
+
+private:
+    using ByText = QHash<QString, QList<QTreeWidgetItem*>>;
+
+    ByText& ChildrenOf(const QTreeWidgetItem* parent) {
+        auto found = m_children.find(parent);
+        if (found != m_children.end()) return found->second;
+        ByText& children = m_children[parent];
+        const int count = m_tree.ChildCount(parent);
+        for (int i = 0; i < count; ++i) {
+            QTreeWidgetItem* child = m_tree.ChildAt(parent, i);
+            children[child->text(0)].append(child);
+        }
+        return children;
+    }
+
+    const CVorDPMTreeCtrlEx& m_tree;
+    // Node-based, so that references to one node's children survive insertions of others.
+    std::unordered_map<const QTreeWidgetItem*, ByText> m_children;
+};
 
 CVorDPMTreeCtrlEx::CVorDPMTreeCtrlEx(QWidget* parent) : QTreeWidget(parent) {
     InitalImageList();
@@ -59,11 +98,15 @@ QTreeWidgetItem* CVorDPMTreeCtrlEx::CreateItem(const QString& text, int image,
 QTreeWidgetItem* CVorDPMTreeCtrlEx::AppendItem(const QString& text, int image, CVorDPMDBBase* data,
                                                QTreeWidgetItem* parent) {
     QTreeWidgetItem* node = CreateItem(text, image, data);
+    Attach(node, parent);
+    return node;
+}
+
+void CVorDPMTreeCtrlEx::Attach(QTreeWidgetItem* node, QTreeWidgetItem* parent) {
     if (parent)
         parent->addChild(node);
     else
         addTopLevelItem(node);
-    return node;
 }
 
 int CVorDPMTreeCtrlEx::ChildCount(const QTreeWidgetItem* parent) const {
@@ -150,42 +193,59 @@ int CVorDPMTreeCtrlEx::InsertTree(const QString& library, QTreeWidgetItem* paren
 int CVorDPMTreeCtrlEx::InsertTree(CVorDPMDPC* catalog, CKZList<CVorDPM_DPC_Content*>& contents,
                                   int withProducts, QTreeWidgetItem* parent) {
     if (!catalog) return 0;
-    QTreeWidgetItem* node = AppendItem(catalog->GetDPCName(), ImageCatalog, catalog, parent);
+    // The catalog's subtree is built detached and inserted in one go, as the uncatalogued
+    // products are: one model update instead of one per node.
+    QTreeWidgetItem* node = CreateItem(catalog->GetDPCName(), ImageCatalog, catalog);
+    ChildIndex index(*this);
     for (const CVorDPM_DPC_Content* row : contents) {
-        if (row) InsertSubtree(catalog, node, *row, CVorDPM_DPC_Content::FirstType, withProducts);
+        if (row)
+            InsertRow(index, catalog, node, *row, CVorDPM_DPC_Content::FirstType, withProducts);
     }
+    Attach(node, parent);
     return 1;
 }
 
 int CVorDPMTreeCtrlEx::InsertSubtree(CVorDPMDPC* catalog, QTreeWidgetItem* parent,
                                      const CVorDPM_DPC_Content& row,
                                      CVorDPM_DPC_Content::ProductType level, int withProducts) {
+    ChildIndex index(*this);
+    InsertRow(index, catalog, parent, row, level, withProducts);
+    return 1;
+}
+
+void CVorDPMTreeCtrlEx::InsertRow(ChildIndex& index, CVorDPMDPC* catalog, QTreeWidgetItem* parent,
+                                  const CVorDPM_DPC_Content& row,
+                                  CVorDPM_DPC_Content::ProductType level, int withProducts) {
     const QString text = level < 3 ? row.GetType(level) : QString();
     if (text.isEmpty()) {
-        if (!withProducts || !catalog) return 1;
+        if (!withProducts || !catalog) return;
         CVorDPMDPD* dpd = nullptr;
         catalog->GetDPD(&row, dpd);
         const QString& name = row.GetDPD();
-        if (name.isEmpty()) return 1;
+        if (name.isEmpty()) return;
         if (dpd)
-            AppendItem(name, ImageProduct, dpd, parent);
+            AppendIndexed(index, name, ImageProduct, dpd, parent);
         else
-            AppendItem(name, ImageMissingProduct, nullptr, parent);
-        return 1;
+            AppendIndexed(index, name, ImageMissingProduct, nullptr, parent);
+        return;
     }
+    // Every child of that exact text takes the row's next level (case counts here); without
+    // one, a classification node is made for it.
     const auto next = static_cast<CVorDPM_DPC_Content::ProductType>(level + 1);
-    int matched = 0;
-    const int count = ChildCount(parent);
-    for (int i = 0; i < count; ++i) {
-        QTreeWidgetItem* child = ChildAt(parent, i);
-        if (child->text(0) != text) continue;
-        InsertSubtree(catalog, child, row, next, withProducts);
-        ++matched;
-    }
-    if (!matched)
-        InsertSubtree(catalog, AppendItem(text, ImageClassification, nullptr, parent), row, next,
-                      withProducts);
-    return 1;
+    const QList<QTreeWidgetItem*> matching = index.Matching(parent, text);
+    for (QTreeWidgetItem* child : matching)
+        InsertRow(index, catalog, child, row, next, withProducts);
+    if (matching.isEmpty())
+        InsertRow(index, catalog, AppendIndexed(index, text, ImageClassification, nullptr, parent),
+                  row, next, withProducts);
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::AppendIndexed(ChildIndex& index, const QString& text, int image,
+                                                  CVorDPMDBBase* data, QTreeWidgetItem* parent) {
+    QTreeWidgetItem* node = CreateItem(text, image, data);
+    index.Add(parent, node);
+    Attach(node, parent);
+    return node;
 }
 
 int CVorDPMTreeCtrlEx::UpdataTreeCtrl(const QString& path, int withProducts) {
@@ -361,14 +421,15 @@ int CVorDPMTreeCtrlEx::GetDataListItemText(QTreeWidgetItem* node,
     CKZList<CVorDPM_DPD_Serial*> serials;
     dpd->GetAllProperty(properties, 0);
     dpd->GetAllSerial(serials, 0);
+    std::vector<int> propertyIds;
+    for (const CVorDPM_DPD_Property* property : properties)
+        if (property) propertyIds.push_back(property->GetObjectId());
     rows.reserve(static_cast<size_t>(serials.GetCount()));
     for (const CVorDPM_DPD_Serial* serial : serials) {
         if (!serial) continue;
         std::vector<QString> row{QString::number(serial->GetObjectId())};
-        row.reserve(static_cast<size_t>(properties.GetCount()) + 1);
-        for (const CVorDPM_DPD_Property* property : properties) {
-            if (property) row.push_back(serial->GetValue(property->GetObjectId()));
-        }
+        const QStringList values = serial->GetValues(propertyIds);
+        row.insert(row.end(), values.cbegin(), values.cend());
         rows.push_back(std::move(row));
     }
     return 1;

@@ -103,6 +103,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    class ChildIndex;
+
+    // InsertSubtree with the children of the nodes it visits found by text through `index`.
+    void InsertRow(ChildIndex& index, CVorDPMDPC* catalog, QTreeWidgetItem* parent,
+                   const CVorDPM_DPC_Content& row, CVorDPM_DPC_Content::ProductType level,
+                   int withProducts);
+    QTreeWidgetItem* AppendIndexed(ChildIndex& index, const QString& text, int image,
+                                   CVorDPMDBBase* data, QTreeWidgetItem* parent);
+    // Appends a node after the last child of `parent` (the top level for null).
+    void Attach(QTreeWidgetItem* node, QTreeWidgetItem* parent);
     // A detached node with its text, image, item data and check box.
     QTreeWidgetItem* CreateItem(const QString& text, int image, CVorDPMDBBase* data) const;
     // Children of a node, or the top-level nodes for a null parent.

@@ -1,7 +1,10 @@
 // Snapshot of one product definition's series as a flat table: one column per parameter name,
-// one row per series row, for fast look-ups by other modules.
+// one row per series row, for fast look-ups by other modules. Each row keeps the series row's
+// packed values, shared with the row until the row changes, so that a snapshot of 100,000 rows
+// is taken at every save without copying a value.
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -24,6 +27,10 @@ public:
 
 private:
     QStringList m_columns;
-    std::vector<QStringList> m_rows;
-    QHash<QString, int> m_rowByKey;
+    // The property object id of each column.
+    std::vector<int> m_properties;
+    std::vector<QByteArray> m_rows;
+    // The rows' keys; the index by key is made by the first FindRow, not at every save.
+    std::vector<QString> m_keys;
+    mutable QHash<QString, int> m_rowByKey;
 };

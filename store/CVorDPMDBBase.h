@@ -52,6 +52,13 @@ public:
     // Writes the changed rows in one transaction; on failure the file stays as it was.
     VOR::ErrorStatus Save();
     const std::vector<std::unique_ptr<CVorDPMTable>>& Tables() const { return m_tables; }
+    // Calls `visit(Row*)` for each live row of the table of that row class, in table order:
+    // what the matching GetAll… lists, without building a list of a large table.
+    template <class Row, class Visitor>
+    void ForEachLiveRow(Visitor&& visit) const {
+        for (const auto& table : m_tables)
+            if (&table->Info() == &Row::ClassInfo()) table->template ForEachLive<Row>(visit);
+    }
     // Copies the rows of every table that `source` shares with this file, keeping object ids.
     void CopyContentFrom(const CVorDPMDBBase& source, bool withVersions);
 

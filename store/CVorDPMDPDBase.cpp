@@ -42,6 +42,9 @@ CVorDPMDPDBase::CVorDPMDPDBase(const QString& name, const QString& path, quint32
     m_shapes = AddTable(CVorDPM_DPD_Shape::ClassInfo());
     m_products = AddTable(CVorDPM_DPD_Product::ClassInfo());
     m_serials = AddTable(CVorDPM_DPD_Serial::ClassInfo());
+    m_serials->IndexByKey([](const CVorDPMObject& row) {
+        return static_cast<const CVorDPM_DPD_Serial&>(row).GetKey();
+    });
     m_scripts = AddTable(CVorDPM_DPD_Dps::ClassInfo());
 }
 
@@ -76,14 +79,10 @@ VOR::ErrorStatus CVorDPMDPDBase::AddProperty(CVorDPM_DPD_Property* row) {
 }
 
 VOR::ErrorStatus CVorDPMDPDBase::GetSerial(const QString& key, CVorDPM_DPD_Serial*& out, int) {
-    for (CVorDPMObject* row : m_serials->AllRows()) {
-        auto* serial = static_cast<CVorDPM_DPD_Serial*>(row);
-        if (!serial->IsDeleted() && serial->GetKey() == key) {
-            out = serial;
-            return VOR::eOk;
-        }
-    }
-    return VOR::eNotFound;
+    CVorDPMObject* row = m_serials->FindByKey(key);
+    if (!row) return VOR::eNotFound;
+    out = static_cast<CVorDPM_DPD_Serial*>(row);
+    return VOR::eOk;
 }
 VOR::ErrorStatus CVorDPMDPDBase::GetSerial(int id, CVorDPM_DPD_Serial*& out, int) {
     return FindRow(m_serials, id, out);

@@ -6,11 +6,12 @@
 #include <QHash>
 #include <QStringList>
 #include <functional>
-#include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "CVorDPMFileStore.h"
+#include "VorDPMFolderListing.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
@@ -24,18 +25,26 @@ public:
 
     CVorDPMFileSet(const QString& folder, const QString& extension, const QString& root,
                    Factory factory)
-        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {
-        Scan();
-    }
+        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {}
 
-    const QStringList& Names() const { return m_names; }
-    bool Has(const QString& name) const { return m_byFoldedName.contains(name.toCaseFolded()); }
+    // Sorted as every listing of the store (VorDPMNames::Less).
+    const QStringList& Names() const {
+        Scan();
+        return m_names;
+    }
+    bool Has(const QString& name) const { return ByFoldedName().contains(name.toCaseFolded()); }
     QString PathOf(const QString& name) const {
         return QDir(m_folder).filePath(name + m_extension);
     }
 
     // The file's object; its tables are read when they are first used.
     VOR::ErrorStatus Get(const QString& name, T*& out) {
+        // Callers mostly pass the name as listed: a loaded file is then found in one look-up.
+        const auto exact = m_loaded.find(name);
+        if (exact != m_loaded.end()) {
+            out = exact->second.get();
+            return VOR::eOk;
+        }
         const QString canonical = Canonical(name);
         if (canonical.isEmpty()) return VOR::eNotFound;
         auto loaded = m_loaded.find(canonical);
@@ -126,29 +135,42 @@ public:
     }
 
 private:
-    void Scan() {
-        QStringList names;
-        const QStringList files =
-            QDir(m_folder).entryList({QLatin1Char('*') + m_extension}, QDir::Files);
-        for (const QString& file : files) names.append(file.left(file.size() - m_extension.size()));
-        VorDPMNames::Sort(names);
-        m_names = names;
-        for (const QString& name : m_names) m_byFoldedName.insert(name.toCaseFolded(), name);
+    // Lists the folder on the first question about names, not when the set is made: a search
+    // of a library's catalogs never pays for the names of its many definitions. The folder is
+    // read unsorted and sorted once.
+    void Scan() const {
+        if (m_scanned) return;
+        m_scanned = true;
+        m_names = VorDPMFolderListing::FileNames(m_folder, m_extension);
+        VorDPMNames::Sort(m_names);
+    }
+
+    // Names by their case-folded form, made on the first look-up by name: a listing alone
+    // does not need it.
+    const QHash<QString, QString>& ByFoldedName() const {
+        Scan();
+        if (m_byFoldedName.isEmpty() && !m_names.isEmpty()) {
+            m_byFoldedName.reserve(m_names.size());
+            for (const QString& name : std::as_const(m_names))
+                m_byFoldedName.insert(name.toCaseFolded(), name);
+        }
+        return m_byFoldedName;
     }
 
     // The name as the file is called, found without regard to case; empty when there is none.
     QString Canonical(const QString& name) const {
-        return m_byFoldedName.value(name.toCaseFolded());
+        return ByFoldedName().value(name.toCaseFolded());
     }
 
     void AddName(const QString& name) {
-        m_names.append(name);
-        VorDPMNames::Sort(m_names);
+        ByFoldedName();
+        VorDPMNames::InsertSorted(m_names, name);
         m_byFoldedName.insert(name.toCaseFolded(), name);
     }
 
     void RemoveName(const QString& canonical) {
-        m_names.removeOne(canonical);
+        ByFoldedName();
+        VorDPMNames::RemoveSorted(m_names, canonical);
         m_byFoldedName.remove(canonical.toCaseFolded());
     }
 
@@ -177,9 +199,17 @@ private:
     QString m_extension;
     QString m_root;
     Factory m_factory;
-    QStringList m_names;
-    QHash<QString, QString> m_byFoldedName;
-    std::map<QString, std::unique_ptr<T>> m_loaded;
+    mutable bool m_scanned = false;
+    mutable QStringList m_names;
+    mutable QHash<QString, QString> m_byFoldedName;
+    // Hashes names for m_loaded. Not noexcept on purpose: the standard map then keeps each
+    // entry's hash and does not hash the names of a bucket's entries again on every look-up.
+    struct NameHash {
+        size_t operator()(const QString& name) const { return qHash(name); }
+    };
+
+    // By canonical name; hashed, since building a tree looks up every definition of a library.
+    std::unordered_map<QString, std::unique_ptr<T>, NameHash> m_loaded;
     // Removed files' objects: kept so that pointers handed out earlier stay valid.
     std::vector<std::unique_ptr<T>> m_retired;
 };

@@ -236,6 +236,9 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
     if (!db.Open(file.GetFilePath(), CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs))
         return Fail(db.Error(), error);
     if (!CheckHeader(db, file, error)) return false;
+    // Every page is read once, in order: a page cache would only add to the memory that the
+    // rows being built need at the same time.
+    db.Execute("PRAGMA cache_size = -64");
     // One read transaction so that a concurrent writer cannot show half of its change.
     if (!db.Execute("BEGIN")) return Fail(db.Error(), error);
     qint64 generation = 0;

@@ -80,7 +80,9 @@ VOR::ErrorStatus CVorDPMLibraryManager::RemoveDPD(const QString& name) {
     return m_definitions->Remove(name);
 }
 
-VOR::ErrorStatus CVorDPMLibraryManager::RenameDPD(const QString& from, const QString& to) {
+VOR::ErrorStatus CVorDPMLibraryManager::RenameDPD(const QString& fromName, const QString& to) {
+    // A copy: `fromName` may be the definition's own name, which the rename changes.
+    const QString from = fromName;
     const VOR::ErrorStatus renamed = m_definitions->Rename(from, to);
     if (renamed != VOR::eOk) return renamed;
     for (const QString& name : m_catalogs->Names()) {

@@ -11,8 +11,8 @@ CVorDPMObject::CVorDPMObject(const CVorDPMObject& other)
 CVorDPMObject::~CVorDPMObject() = default;
 
 void CVorDPMObject::SetDeleted(int deleted) {
-    if (m_deleted == (deleted ? 1 : 0)) return;
-    m_deleted = deleted ? 1 : 0;
+    if (m_deleted == (deleted != 0)) return;
+    m_deleted = deleted != 0;
     MarkChanged();
 }
 

@@ -23,7 +23,7 @@ public:
 
     int GetObjectId() const { return m_objectId; }
     void SetDeleted(int deleted);
-    int IsDeleted() const { return m_deleted; }
+    int IsDeleted() const { return m_deleted ? 1 : 0; }
     CVorDPMTable* GetTable() const { return m_table; }
 
 protected:
@@ -32,10 +32,11 @@ protected:
 
 private:
     friend class CVorDPMTable;
-    int m_objectId = 0;
-    int m_deleted = 0;
-    bool m_dirty = false;
+    // Packed into 16 bytes after the vtable: a large table holds a row object per row.
     CVorDPMTable* m_table = nullptr;
+    int m_objectId = 0;
+    bool m_deleted = false;
+    bool m_dirty = false;
 };
 
 // Declares a field with its getter and a setter that records a change (setting the value a

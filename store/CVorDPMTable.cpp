@@ -1,8 +1,10 @@
 #include "CVorDPMTable.h"
 
+#include <algorithm>
 #include <climits>
 
 #include "CVorDPMDBBase.h"
+#include "CVorDPMKeyIndex.h"
 #include "CVorDPMMemoryFiler.h"
 #include "VorDPMLastError.h"
 
@@ -16,8 +18,8 @@ CVorDPMTable::~CVorDPMTable() {
 void CVorDPMTable::Clear() {
     for (CVorDPMObject* row : m_rows) delete row;
     m_rows.clear();
-    m_byId.clear();
     m_changed.clear();
+    if (m_keyIndex) m_keyIndex->Drop();
 }
 
 bool CVorDPMTable::IsReadable() const {
@@ -31,15 +33,21 @@ const std::vector<CVorDPMObject*>& CVorDPMTable::AllRows() const {
 
 void CVorDPMTable::Reserve(size_t rows) {
     m_rows.reserve(m_rows.size() + rows);
-    m_byId.reserve(m_byId.size() + rows);
 }
 
 void CVorDPMTable::AdoptLoaded(CVorDPMObject* row, int objectId) {
     row->m_objectId = objectId;
     row->m_table = this;
-    m_rows.push_back(row);
-    m_byId.emplace(objectId, row);
+    // Rows come in id order; one that does not is put in its place to keep the table sorted.
+    if (m_rows.empty() || m_rows.back()->GetObjectId() < objectId)
+        m_rows.push_back(row);
+    else
+        m_rows.insert(
+            std::upper_bound(m_rows.begin(), m_rows.end(), objectId,
+                             [](int id, const CVorDPMObject* r) { return id < r->GetObjectId(); }),
+            row);
     if (objectId >= m_nextId) m_nextId = static_cast<qint64>(objectId) + 1;
+    if (m_keyIndex) m_keyIndex->Added(row);
 }
 
 namespace {
@@ -89,13 +97,31 @@ void CVorDPMTable::Restore(CVorDPMObject* row, const CVorDPMObject& image) {
     row->VorDPMInFields(&filer);
     row->m_deleted = image.m_deleted;
     row->MarkChanged();
+    // The fields were put back behind the setters' backs: any key may have changed.
+    if (row->m_table && row->m_table->m_keyIndex) row->m_table->m_keyIndex->Drop();
 }
 
 CVorDPMObject* CVorDPMTable::Find(int objectId) const {
     if (!IsReadable()) return nullptr;
-    const auto found = m_byId.find(objectId);
-    if (found == m_byId.end() || found->second->IsDeleted()) return nullptr;
-    return found->second;
+    const auto found =
+        std::lower_bound(m_rows.cbegin(), m_rows.cend(), objectId,
+                         [](const CVorDPMObject* row, int id) { return row->GetObjectId() < id; });
+    if (found == m_rows.cend() || (*found)->GetObjectId() != objectId || (*found)->IsDeleted())
+        return nullptr;
+    return *found;
+}
+
+void CVorDPMTable::IndexByKey(std::function<QString(const CVorDPMObject&)> keyOf) {
+    m_keyIndex = std::make_unique<CVorDPMKeyIndex>(std::move(keyOf));
+}
+
+CVorDPMObject* CVorDPMTable::FindByKey(const QString& key) const {
+    if (!m_keyIndex || !IsReadable()) return nullptr;
+    return m_keyIndex->Find(key, m_rows);
+}
+
+void CVorDPMTable::KeyChanged(CVorDPMObject* row, const QString& oldKey) {
+    if (m_keyIndex) m_keyIndex->KeyChanged(row, oldKey);
 }
 
 int CVorDPMTable::LiveCount() const {

@@ -1,9 +1,10 @@
 // One table of a store file held in memory: rows in table order, lookup by id, change tracking.
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
+#include <functional>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 #include "CKZList.h"
@@ -11,6 +12,7 @@
 #include "VorDPMExport.h"
 
 class CVorDPMDBBase;
+class CVorDPMKeyIndex;
 
 class VORDPM_API CVorDPMTable {
 public:
@@ -39,17 +41,28 @@ public:
 
     // Live (not deleted) row by id, or null.
     CVorDPMObject* Find(int objectId) const;
+    // Makes the rows findable by a text key; the file that owns the table sets this up.
+    void IndexByKey(std::function<QString(const CVorDPMObject&)> keyOf);
+    // The first live row in table order whose key equals `key`, or null (also without a key).
+    CVorDPMObject* FindByKey(const QString& key) const;
+    // Called by a row of the table whose key changed.
+    void KeyChanged(CVorDPMObject* row, const QString& oldKey);
     // Every row, deleted ones included; reads the file first if it was not read yet.
     const std::vector<CVorDPMObject*>& AllRows() const;
     int LiveCount() const;
 
+    // Calls `visit(T*)` for each live row in table order; false when the file cannot be read.
+    template <class T, class Visitor>
+    bool ForEachLive(Visitor&& visit) const {
+        if (!IsReadable()) return false;
+        for (CVorDPMObject* row : m_rows)
+            if (!row->IsDeleted()) visit(static_cast<T*>(row));
+        return true;
+    }
     // Appends the live rows; false when the file cannot be read.
     template <class T>
     bool AppendLive(CKZList<T*>& out) const {
-        if (!IsReadable()) return false;
-        for (CVorDPMObject* row : m_rows)
-            if (!row->IsDeleted()) out.AddTail(static_cast<T*>(row));
-        return true;
+        return ForEachLive<T>([&out](T* row) { out.AddTail(row); });
     }
     // Deletes every row (after a failed read).
     void Clear();
@@ -64,9 +77,11 @@ private:
 
     CVorDPMDBBase* m_file;
     const CVorDPMClassInfo& m_info;
+    // In table order, which is object id order (rows are read by id and added with rising
+    // ids), so a row is found by id with a binary search and no map per row.
     std::vector<CVorDPMObject*> m_rows;
-    std::unordered_map<int, CVorDPMObject*> m_byId;
     std::vector<CVorDPMObject*> m_changed;
+    std::unique_ptr<CVorDPMKeyIndex> m_keyIndex;
     // 64 bits so that the id after the largest int is seen as unavailable, never wrapped.
     qint64 m_nextId = 1;
 };

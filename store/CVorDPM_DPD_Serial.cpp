@@ -1,7 +1,9 @@
 #include "CVorDPM_DPD_Serial.h"
 
 #include <cstring>
+#include <utility>
 
+#include "CVorDPMTable.h"
 #include "VorDPMFieldIO.h"
 
 VORDPM_DEFINE_ROW(CVorDPM_DPD_Serial, "serial",
@@ -51,8 +53,7 @@ bool FindEntry(const QByteArray& packed, Visitor&& visit, PackedEntry& found) {
     return false;
 }
 
-QString Unescape(const char* bytes, qsizetype length) {
-    if (!std::memchr(bytes, '\\', length)) return QString::fromUtf8(bytes, length);
+QByteArray UnescapeBytes(const char* bytes, qsizetype length) {
     QByteArray plain;
     plain.reserve(length);
     for (qsizetype i = 0; i < length; ++i) {
@@ -63,7 +64,12 @@ QString Unescape(const char* bytes, qsizetype length) {
         }
         plain.append(bytes[i]);
     }
-    return QString::fromUtf8(plain);
+    return plain;
+}
+
+QString Unescape(const char* bytes, qsizetype length) {
+    if (!std::memchr(bytes, '\\', size_t(length))) return QString::fromUtf8(bytes, length);
+    return QString::fromUtf8(UnescapeBytes(bytes, length));
 }
 
 QByteArray Escape(const QString& value) {
@@ -75,13 +81,53 @@ QByteArray Escape(const QString& value) {
 
 }  // namespace
 
+void CVorDPM_DPD_Serial::SetKey(const QString& key) {
+    if (m_Key == key) return;
+    const QString old = std::exchange(m_Key, key);
+    MarkChanged();
+    if (GetTable()) GetTable()->KeyChanged(this, old);
+}
+
 QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
+    return ValueIn(m_values, propertyObjectId);
+}
+
+QString CVorDPM_DPD_Serial::ValueIn(const QByteArray& packed, int propertyObjectId) {
     PackedEntry entry;
     if (!FindEntry(
-            m_values, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; },
-            entry))
+            packed, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; }, entry))
         return {};
     return Unescape(entry.value, entry.valueLength);
+}
+
+QStringList CVorDPM_DPD_Serial::GetValues(const std::vector<int>& propertyObjectIds) const {
+    QStringList values;
+    values.reserve(static_cast<qsizetype>(propertyObjectIds.size()));
+    for (const QByteArray& value : GetValuesUtf8(propertyObjectIds))
+        values.append(QString::fromUtf8(value));
+    return values;
+}
+
+std::vector<QByteArray> CVorDPM_DPD_Serial::GetValuesUtf8(
+    const std::vector<int>& propertyObjectIds) const {
+    std::vector<QByteArray> values(propertyObjectIds.size());
+    // A property listed in the row twice keeps its first value, as GetValue reads it.
+    std::vector<bool> filled(propertyObjectIds.size(), false);
+    PackedEntry unused;
+    FindEntry(
+        m_values,
+        [&](const PackedEntry& e) {
+            for (size_t i = 0; i < propertyObjectIds.size(); ++i) {
+                if (propertyObjectIds[i] != e.propertyId || filled[i]) continue;
+                values[i] = std::memchr(e.value, '\\', size_t(e.valueLength))
+                                ? UnescapeBytes(e.value, e.valueLength)
+                                : QByteArray::fromRawData(e.value, e.valueLength);
+                filled[i] = true;
+            }
+            return false;
+        },
+        unused);
+    return values;
 }
 
 void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {

@@ -2,21 +2,34 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
+#include <vector>
 
 #include "CVorDPMObject.h"
 
 class VORDPM_API CVorDPM_DPD_Serial : public CVorDPMObject {
     VORDPM_DECLARE_ROW(CVorDPM_DPD_Serial)
 
-    // Stable text key of the row (a GUID given when the row is added).
-    VORDPM_FIELD(QString, Key)
     VORDPM_FIELD(int, ProductId)
     VORDPM_FIELD(int, ImageId)
     VORDPM_FIELD(int, ShapeId)
 
 public:
+    // Stable text key of the row (a GUID given when the row is added). Setting it keeps the
+    // table's lookup by key up to date.
+    const QString& GetKey() const { return m_Key; }
+    void SetKey(const QString& key);
+
     // Value of the property with that object id; empty when none is set.
     QString GetValue(int propertyObjectId) const;
+    // The same, read from packed values as GetPackedValues gives them.
+    static QString ValueIn(const QByteArray& packed, int propertyObjectId);
+    // The values of the given properties, in the order given (empty where none is set), read
+    // in one pass over the packed row: reading them one by one would walk it once per property.
+    QStringList GetValues(const std::vector<int>& propertyObjectIds) const;
+    // The same as UTF-8 bytes. A value without escapes refers to the row's own bytes (valid
+    // until the row changes), so that printing a large table copies nothing per value.
+    std::vector<QByteArray> GetValuesUtf8(const std::vector<int>& propertyObjectIds) const;
     // Sets the value of one property; an empty value removes it.
     void SetValue(const QString& value, int propertyObjectId);
     // The packed values as stored: UTF-8 lines "<property id>=<value>", with "\\" and newline
@@ -33,5 +46,6 @@ public:
     }
 
 private:
+    QString m_Key;
     QByteArray m_values;
 };

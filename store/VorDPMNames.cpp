@@ -51,9 +51,22 @@ int VorDPMNames::IndexOf(const QStringList& names, const QString& name) {
     return -1;
 }
 
+bool VorDPMNames::Less(const QString& a, const QString& b) {
+    const int folded = a.compare(b, Qt::CaseInsensitive);
+    return folded != 0 ? folded < 0 : a < b;
+}
+
 void VorDPMNames::Sort(QStringList& names) {
-    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) {
-        const int folded = a.compare(b, Qt::CaseInsensitive);
-        return folded != 0 ? folded < 0 : a < b;
-    });
+    std::sort(names.begin(), names.end(), Less);
+}
+
+void VorDPMNames::InsertSorted(QStringList& names, const QString& name) {
+    names.insert(std::upper_bound(names.cbegin(), names.cend(), name, Less), name);
+}
+
+bool VorDPMNames::RemoveSorted(QStringList& names, const QString& name) {
+    const auto found = std::lower_bound(names.cbegin(), names.cend(), name, Less);
+    if (found == names.cend() || *found != name) return false;
+    names.erase(found);
+    return true;
 }

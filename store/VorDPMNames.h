@@ -20,7 +20,15 @@ VORDPM_API bool ContainsAny(const QString& text, const QString& characters);
 VORDPM_API bool IsValidName(const QString& name);
 // Index of `name` in `names` compared without regard to case (file names on Windows), or -1.
 VORDPM_API int IndexOf(const QStringList& names, const QString& name);
-// Sorts names the way every listing of the store returns them: case-insensitive, then exact.
+// The order of every listing of the store: without regard to case, names equal but for case
+// in code-unit order.
+VORDPM_API bool Less(const QString& a, const QString& b);
+// Sorts names in that order.
 VORDPM_API void Sort(QStringList& names);
+// Inserts a name into a list sorted in that order, at its place: a binary search instead of a
+// sort of the whole list, so adding a name costs the same in a large library as in a small one.
+VORDPM_API void InsertSorted(QStringList& names, const QString& name);
+// Removes the name (exact) from a sorted list; false when it is not there.
+VORDPM_API bool RemoveSorted(QStringList& names, const QString& name);
 
 }  // namespace VorDPMNames

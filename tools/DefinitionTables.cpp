@@ -10,49 +10,45 @@ DefinitionTables::DefinitionTables(CVorDPMDPD& dpd) {
     AddSeries(dpd);
 }
 
-template <class Row, class Fetch, class Cells>
-void DefinitionTables::Add(const QString& name, const QStringList& columns, Fetch&& fetch,
+template <class Row, class Cells>
+void DefinitionTables::Add(CVorDPMDPD& dpd, const QString& name, const QStringList& columns,
                            Cells&& cells) {
     Table table(name, columns);
-    CKZList<Row*> rows;
-    fetch(rows);
-    for (const Row* row : rows) table.rows.append(cells(*row));
+    table.forEachRow = [&dpd, cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
+        dpd.ForEachLiveRow<Row>([&](const Row* row) { visit(cells(*row)); });
+    };
     m_tables.push_back(std::move(table));
 }
 
 void DefinitionTables::AddProperties(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Property>(
-        QStringLiteral("properties"),
-        {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit", "DefValue",
-         "SerialCheck", "SystemProperty", "Description"},
-        [&](auto& rows) { dpd.GetAllProperty(rows, 0); },
-        [](const CVorDPM_DPD_Property& r) -> QVariantList {
-            return {r.GetObjectId(),   r.GetPropertyId(),  r.GetPropertyAlias(),
-                    r.GetParamAlias(), r.GetChapter(),     r.GetUnit(),
-                    r.GetDefValue(),   r.GetSerialCheck(), r.GetSystemProperty(),
-                    r.GetDescription()};
-        });
+    Add<CVorDPM_DPD_Property>(dpd, QStringLiteral("properties"),
+                              {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit",
+                               "DefValue", "SerialCheck", "SystemProperty", "Description"},
+                              [](const CVorDPM_DPD_Property& r) -> QVariantList {
+                                  return {r.GetObjectId(),       r.GetPropertyId(),
+                                          r.GetPropertyAlias(),  r.GetParamAlias(),
+                                          r.GetChapter(),        r.GetUnit(),
+                                          r.GetDefValue(),       r.GetSerialCheck(),
+                                          r.GetSystemProperty(), r.GetDescription()};
+                              });
 }
 
 void DefinitionTables::AddPictures(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Image>(
-        QStringLiteral("pictures"),
-        {"id", "Name", "Description", "ImageBytes", "Block2dBytes", "Block3dBytes", "BlockSysBytes",
-         "IsUsingBlock"},
-        [&](auto& rows) { dpd.GetAllImage(rows, 0); },
-        [](const CVorDPM_DPD_Image& r) -> QVariantList {
-            return {r.GetObjectId(),           r.GetName(),
-                    r.GetDescription(),        r.GetImage().GetSize(),
-                    r.GetBlock2d().GetSize(),  r.GetBlock3d().GetSize(),
-                    r.GetBlockSys().GetSize(), r.GetIsUsingBlock()};
-        });
+    Add<CVorDPM_DPD_Image>(dpd, QStringLiteral("pictures"),
+                           {"id", "Name", "Description", "ImageBytes", "Block2dBytes",
+                            "Block3dBytes", "BlockSysBytes", "IsUsingBlock"},
+                           [](const CVorDPM_DPD_Image& r) -> QVariantList {
+                               return {r.GetObjectId(),           r.GetName(),
+                                       r.GetDescription(),        r.GetImage().GetSize(),
+                                       r.GetBlock2d().GetSize(),  r.GetBlock3d().GetSize(),
+                                       r.GetBlockSys().GetSize(), r.GetIsUsingBlock()};
+                           });
 }
 
 void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Shape>(
-        QStringLiteral("shapes"),
+        dpd, QStringLiteral("shapes"),
         {"id", "Name", "Description", "DPSId", "Param", "ParamType", "ParamIndex"},
-        [&](auto& rows) { dpd.GetAllShape(rows, 0); },
         [](const CVorDPM_DPD_Shape& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(),      r.GetDescription(), r.GetDPSId(),
                     r.GetParam(),    r.GetParamType(), r.GetParamIndex()};
@@ -61,8 +57,7 @@ void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
 
 void DefinitionTables::AddProducts(CVorDPMDPD& dpd) {
     Add<CVorDPM_DPD_Product>(
-        QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
-        [&](auto& rows) { dpd.GetAllProduct(rows, 0); },
+        dpd, QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
         [](const CVorDPM_DPD_Product& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(), r.GetNameRule(), r.GetDescription()};
         });
@@ -74,16 +69,21 @@ void DefinitionTables::AddSeries(CVorDPMDPD& dpd) {
     dpd.GetAllProperty(properties, 0);
     QStringList columns{"id", "Key", "ProductId", "ImageId", "ShapeId"};
     const qsizetype valuesFrom = columns.size();
-    for (const CVorDPM_DPD_Property* property : properties)
+    std::vector<int> propertyIds;
+    for (const CVorDPM_DPD_Property* property : properties) {
         columns.append(property->GetParamAlias());
-    Add<CVorDPM_DPD_Serial>(
-        QStringLiteral("series"), columns, [&](auto& rows) { dpd.GetAllSerial(rows, 0); },
-        [&](const CVorDPM_DPD_Serial& r) {
-            QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(), r.GetImageId(),
-                             r.GetShapeId()};
-            for (const CVorDPM_DPD_Property* property : properties)
-                row.append(r.GetValue(property->GetObjectId()));
-            return row;
-        });
+        propertyIds.push_back(property->GetObjectId());
+    }
+    Add<CVorDPM_DPD_Serial>(dpd, QStringLiteral("series"), columns,
+                            [propertyIds](const CVorDPM_DPD_Serial& r) {
+                                QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(),
+                                                 r.GetImageId(), r.GetShapeId()};
+                                // Values as the row's UTF-8 bytes: a table of many rows is printed
+                                // without a text
+                                // made for each value.
+                                for (QByteArray& value : r.GetValuesUtf8(propertyIds))
+                                    row.append(std::move(value));
+                                return row;
+                            });
     m_tables.back().valueColumnsFrom = valuesFrom;
 }

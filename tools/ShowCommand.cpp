@@ -1,26 +1,85 @@
 #include "ShowCommand.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <algorithm>
+#include <functional>
+#include <utility>
+#include <vector>
 
 #include "CVorDPMLibraryManager.h"
 #include "DefinitionTables.h"
+#include "JsonStreamWriter.h"
 #include "ToolLookup.h"
 
 namespace {
 
 const QString kJson = QStringLiteral("json");
+const QString kValues = QStringLiteral("values");
 
-QJsonObject RowObject(const DefinitionTables::Table& table, const QVariantList& row) {
-    QJsonObject object;
-    QJsonObject values;
-    for (qsizetype i = 0; i < table.columns.size(); ++i) {
-        const bool isValue = table.valueColumnsFrom >= 0 && i >= table.valueColumnsFrom;
-        (isValue ? values : object).insert(table.columns[i], QJsonValue::fromVariant(row[i]));
+// Indexes of `keys` in the order in which QJsonObject lists them (plain code-unit order), a
+// key given twice once, at its last index (a later insert replaces the earlier one).
+std::vector<qsizetype> KeyOrder(const QStringList& keys) {
+    std::vector<qsizetype> order;
+    for (qsizetype i = keys.size() - 1; i >= 0; --i)
+        if (std::none_of(order.cbegin(), order.cend(),
+                         [&](qsizetype j) { return keys[j] == keys[i]; }))
+            order.push_back(i);
+    std::sort(order.begin(), order.end(),
+              [&](qsizetype a, qsizetype b) { return keys[a] < keys[b]; });
+    return order;
+}
+
+// One row of a table as a JSON object: its own columns, and for series rows the property
+// values in an object "values".
+class JsonRowLayout {
+public:
+    explicit JsonRowLayout(const DefinitionTables::Table& table) {
+        const qsizetype split =
+            table.valueColumnsFrom >= 0 ? table.valueColumnsFrom : table.columns.size();
+        QStringList keys = table.columns.mid(0, split);
+        if (table.valueColumnsFrom >= 0) keys.append(kValues);
+        m_ownOrder = KeyOrder(keys);
+        m_valuesFrom = split;
+        const QStringList valueKeys = table.columns.mid(split);
+        m_valueOrder = KeyOrder(valueKeys);
+        for (const QString& key : std::as_const(keys)) m_keys.append(JsonStreamWriter::Quoted(key));
+        for (const QString& key : valueKeys) m_valueKeys.append(JsonStreamWriter::Quoted(key));
     }
-    if (table.valueColumnsFrom >= 0) object.insert(QStringLiteral("values"), values);
-    return object;
+
+    void Write(JsonStreamWriter& json, const QVariantList& cells) const {
+        json.BeginObject();
+        for (const qsizetype i : m_ownOrder) {
+            json.QuotedKey(m_keys[i]);
+            if (i < m_valuesFrom)
+                json.Value(cells[i]);
+            else
+                WriteValues(json, cells);
+        }
+        json.EndObject();
+    }
+
+private:
+    void WriteValues(JsonStreamWriter& json, const QVariantList& cells) const {
+        json.BeginObject();
+        for (const qsizetype i : m_valueOrder) {
+            json.QuotedKey(m_valueKeys[i]);
+            json.Value(cells[m_valuesFrom + i]);
+        }
+        json.EndObject();
+    }
+
+    // Encoded once for every row.
+    QByteArrayList m_keys;
+    std::vector<qsizetype> m_ownOrder;
+    qsizetype m_valuesFrom = 0;
+    QByteArrayList m_valueKeys;
+    std::vector<qsizetype> m_valueOrder;
+};
+
+void WriteTable(JsonStreamWriter& json, const DefinitionTables::Table& table) {
+    const JsonRowLayout layout(table);
+    json.BeginArray();
+    table.forEachRow([&](const QVariantList& cells) { layout.Write(json, cells); });
+    json.EndArray();
 }
 
 }  // namespace
@@ -56,22 +115,32 @@ void ShowCommand::PrintText(const DefinitionTables& tables, QTextStream& out) {
         if (!first) out << '\n';
         first = false;
         out << '[' << table.name << "]\n" << ToolConsole::Record(table.columns);
-        for (const QVariantList& row : table.rows) {
+        table.forEachRow([&](const QVariantList& row) {
             QStringList cells;
             for (const QVariant& value : row) cells.append(value.toString());
             out << ToolConsole::Record(cells);
-        }
+        });
     }
 }
 
+// Written as it is made, the members in the order a QJsonObject keeps them, so that the
+// output is the indented QJsonDocument of the same object, without holding it in memory.
 void ShowCommand::PrintJson(const QString& library, const QString& product,
                             const DefinitionTables& tables, QTextStream& out) {
-    QJsonObject document{{QStringLiteral("library"), library},
-                         {QStringLiteral("product"), product}};
-    for (const DefinitionTables::Table& table : tables.Tables()) {
-        QJsonArray rows;
-        for (const QVariantList& row : table.rows) rows.append(RowObject(table, row));
-        document.insert(table.name, rows);
+    std::vector<std::pair<QString, std::function<void(JsonStreamWriter&)>>> members{
+        {QStringLiteral("library"), [&](JsonStreamWriter& json) { json.Value(library); }},
+        {QStringLiteral("product"), [&](JsonStreamWriter& json) { json.Value(product); }}};
+    for (const DefinitionTables::Table& table : tables.Tables())
+        members.emplace_back(table.name,
+                             [&table](JsonStreamWriter& json) { WriteTable(json, table); });
+    std::sort(members.begin(), members.end(),
+              [](const auto& a, const auto& b) { return a.first < b.first; });
+    out.flush();
+    JsonStreamWriter json(*out.device());
+    json.BeginObject();
+    for (const auto& [key, write] : members) {
+        json.Key(key);
+        write(json);
     }
-    out << QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Indented));
+    json.EndObject();
 }

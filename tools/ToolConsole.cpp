@@ -8,15 +8,31 @@ ToolConsole::ToolConsole() : m_out(stdout), m_err(stderr) {
 }
 
 QString ToolConsole::Record(const QStringList& fields) {
-    QStringList escaped;
-    for (QString field : fields) {
-        field.replace(QLatin1Char('\\'), QStringLiteral("\\\\"));
-        field.replace(QLatin1Char('\t'), QStringLiteral("\\t"));
-        field.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
-        field.replace(QLatin1Char('\r'), QStringLiteral("\\r"));
-        escaped.append(field);
+    QString line;
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        if (i > 0) line += QLatin1Char('\t');
+        AppendEscaped(fields[i], line);
     }
-    return escaped.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    line += QLatin1Char('\n');
+    return line;
+}
+
+// Copies the runs between special characters whole: most fields have none.
+void ToolConsole::AppendEscaped(const QString& field, QString& line) {
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < field.size(); ++i) {
+        const char16_t c = field[i].unicode();
+        const char* escape = c == u'\\'   ? "\\\\"
+                             : c == u'\t' ? "\\t"
+                             : c == u'\n' ? "\\n"
+                             : c == u'\r' ? "\\r"
+                                          : nullptr;
+        if (!escape) continue;
+        line += QStringView(field).mid(start, i - start);
+        line += QLatin1String(escape);
+        start = i + 1;
+    }
+    line += QStringView(field).mid(start);
 }
 
 int ToolConsole::Fail(int code, const QString& message) {

@@ -19,6 +19,8 @@ public:
     int Fail(int code, const QString& message);
 
 private:
+    static void AppendEscaped(const QString& field, QString& line);
+
     QTextStream m_out;
     QTextStream m_err;
 };

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "common/VorDPMControlId.h"
 #include "shell/CVorDPMReportCtrlBase.h"
 
 namespace {
@@ -188,18 +189,19 @@ TEST_F(ReportCtrlTest, ClearingRemovesColumnsAndRows) {
 }
 
 TEST_F(ReportCtrlTest, TakesThePlaceOfAPlaceholder) {
+    constexpr int kPlaceholderId = 8001;
     QWidget page;
     auto* layout = new QVBoxLayout(&page);
     auto* above = new QWidget;
     QPointer<QWidget> placeholder = new QWidget;
-    placeholder->setObjectName(QStringLiteral("8001"));
+    VorDPMControlId::Set(placeholder, kPlaceholderId);
     layout->addWidget(above);
     layout->addWidget(placeholder);
     auto* report = new CVorDPMReportCtrlBase;
     EXPECT_EQ(report->CreateFromResource(placeholder), 1);
     EXPECT_TRUE(placeholder.isNull());
     EXPECT_EQ(report->parentWidget(), &page);
-    EXPECT_EQ(report->objectName(), QStringLiteral("8001"));
+    EXPECT_EQ(VorDPMControlId::Find<CVorDPMReportCtrlBase>(&page, kPlaceholderId), report);
     EXPECT_EQ(layout->indexOf(report), 1);
 
     // Without a layout it takes the placeholder's rectangle.

@@ -150,6 +150,18 @@ TEST_F(TreeCtrlTest, ClassificationChainsFollowTheEntryLevels) {
          1,
          {"C:1", "  Bolt:3", "    HexBolt:2", "  bolt:3", "    Nut:2"}},
         {"without products", {{"Nut", "A", "", ""}}, 0, {"C:1", "  A:3"}},
+        {"a product node with a level's text takes that level's rows",
+         {{"A", "", "", ""}, {"Nut", "A", "", ""}},
+         1,
+         {"C:1", "  A:4", "    Nut:2"}},
+        {"many rows, chains in the order first seen",
+         {{"Nut", "B", "Y", ""},
+          {"HexBolt", "A", "", ""},
+          {"Washer", "B", "X", ""},
+          {"StudBolt", "B", "Y", ""}},
+         1,
+         {"C:1", "  B:3", "    Y:3", "      Nut:2", "      StudBolt:2", "    X:3", "      Washer:2",
+          "  A:3", "    HexBolt:2"}},
         {"empty product name", {{"", "A", "", ""}}, 1, {"C:1", "  A:3"}},
     };
     for (const Case& c : cases) {
@@ -171,6 +183,23 @@ TEST_F(TreeCtrlTest, ClassificationChainsFollowTheEntryLevels) {
     CKZList<CVorDPM_DPC_Content*> none;
     EXPECT_EQ(m_tree.InsertTree(nullptr, none, 1, nullptr), 0);
     EXPECT_EQ(m_tree.topLevelItemCount(), 0);
+}
+
+// One row added to a built catalog tree joins the chain that its levels name.
+TEST_F(TreeCtrlTest, InsertSubtreeJoinsTheExistingChain) {
+    std::unique_ptr<CVorDPM_DPC_Content> first(
+        MakeEntry(nullptr, QStringLiteral("Nut"), QStringLiteral("A"), QStringLiteral("B")));
+    std::unique_ptr<CVorDPM_DPC_Content> second(
+        MakeEntry(nullptr, QStringLiteral("HexBolt"), QStringLiteral("A"), QStringLiteral("B")));
+    CKZList<CVorDPM_DPC_Content*> rows;
+    rows.AddTail(first.get());
+    m_tree.InsertTree(m_catalog, rows, 1, nullptr);
+    m_tree.topLevelItem(0)->setText(0, QStringLiteral("C"));
+    EXPECT_EQ(m_tree.InsertSubtree(m_catalog, m_tree.topLevelItem(0), *second,
+                                   CVorDPM_DPC_Content::FirstType, 1),
+              1);
+    EXPECT_EQ(Dump(m_tree),
+              (QStringList{"C:1", "  A:3", "    B:3", "      Nut:2", "      HexBolt:2"}));
 }
 
 TEST_F(TreeCtrlTest, FindsNodesByTextWithoutRegardToCase) {

@@ -75,7 +75,7 @@ TEST_F(MainDialog, OpensWithTheFixedLibrariesTheSheetAndTheFirstLibrarySelected)
     EXPECT_EQ(dlg.GetCurrentPath(), QStringLiteral("QXMaterial"));
 }
 
-TEST_F(MainDialog, MenuBarHoldsItsEntriesWithTheTemplateCommandsDisabled) {
+TEST_F(MainDialog, MenuBarHoldsItsEntriesAllEnabled) {
     QStringList texts;
     QStringList disabled;
     for (QAction* top : Dialog().GetMenuBar()->actions()) {
@@ -86,8 +86,7 @@ TEST_F(MainDialog, MenuBarHoldsItsEntriesWithTheTemplateCommandsDisabled) {
     EXPECT_EQ(texts, (QStringList{"产品库:新建产品库,删除产品库,-,产品库根路径",
                                   "基本属性:属性表,单位表,内置参数表",
                                   "模板:新建模板,编辑模板,删除模板"}));
-    EXPECT_EQ(disabled, (QStringList{"新建模板", "编辑模板", "删除模板"}));
-    for (int id : {40033, 40034, 40035}) EXPECT_FALSE(Dialog().OnCommand(id)) << id;
+    EXPECT_TRUE(disabled.isEmpty()) << disabled.join(",").toStdString();
 }
 
 TEST_F(MainDialog, SelectingANodeHandsItsPathToAllPagesAndKeepsTheTab) {

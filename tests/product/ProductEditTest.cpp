@@ -22,16 +22,6 @@ protected:
         return editor;
     }
 
-    static void PressButton(Edit& editor, const QString& caption) {
-        CVorDPMPropertyGrid* grid = Grid(&editor);
-        QWidget* inplace = grid->EditValue(grid->FindItem(caption));
-        ASSERT_TRUE(inplace) << caption.toStdString();
-        auto* button =
-            inplace->findChild<QAction*>(CVorDPMPropertyGridDelegate::kInplaceButtonName);
-        ASSERT_TRUE(button) << caption.toStdString();
-        button->trigger();
-    }
-
     static QString Value(Edit& editor, const QString& caption) {
         CVorDPMPropertyGridItem* item = Grid(&editor)->FindItem(caption);
         return item ? item->GetValue() : QStringLiteral("<none>");

@@ -3,6 +3,7 @@
 // and a unit; helpers that drive the record editor's grid as a user does.
 #pragma once
 
+#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -10,6 +11,7 @@
 #include "CVorDPMLibraryManager.h"
 #include "product/CVorDPMProductEdit.h"
 #include "product/CVorDPMPropertyGrid.h"
+#include "product/CVorDPMPropertyGridDelegate.h"
 #include "product/VorDPMDefinitionTable.h"
 #include "support/GuiTestBase.h"
 #include "support/QtPrinters.h"
@@ -127,6 +129,17 @@ protected:
         Type(edit, text);
         QTest::keyClick(combo ? static_cast<QWidget*>(combo) : edit, Qt::Key_Return);
         QCoreApplication::processEvents();  // the view takes the value in a queued call
+    }
+
+    // Presses the in-place button of the grid item captioned `caption` of a record editor.
+    static void PressButton(QWidget& editor, const QString& caption) {
+        CVorDPMPropertyGrid* grid = Grid(&editor);
+        QWidget* inplace = grid->EditValue(grid->FindItem(caption));
+        ASSERT_TRUE(inplace) << caption.toStdString();
+        auto* button =
+            inplace->findChild<QAction*>(CVorDPMPropertyGridDelegate::kInplaceButtonName);
+        ASSERT_TRUE(button) << caption.toStdString();
+        button->trigger();
     }
 
     // A record-editor answer: types the edits into the grid, then presses OK.

@@ -113,10 +113,15 @@ TEST_F(CatalogQueryTest, ExteriorDefinitionsAreThoseNoCatalogHolds) {
 
 TEST_F(CatalogQueryTest, ExteriorListEmptyWhenEveryDefinitionIsCatalogued) {
     // Catalog entries name definitions without regard to case.
-    MakeEntry(Catalog(QStringLiteral("Spares")), QStringLiteral("LOOSE"));
+    CVorDPM_DPC_Content* entry =
+        MakeEntry(Catalog(QStringLiteral("Spares")), QStringLiteral("LOOSE"));
     CKZList<CVorDPMDPD*> exterior;
     EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
     EXPECT_TRUE(exterior.IsEmpty());
+    // A deleted entry holds nothing.
+    entry->SetDeleted(1);
+    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
+    EXPECT_EQ(exterior.GetCount(), 1);
 }
 
 TEST_F(CatalogQueryTest, CollectsEachNonEmptyClassificationTextOnceInOrder) {

@@ -102,8 +102,10 @@ TEST_F(CatalogTest, CopyRenameRemoveAndEntriesFollowARenamedDefinition) {
               VOR::eNameExists);
     EXPECT_EQ(m_library->RenameDPC(QStringLiteral("副本"), QStringLiteral("Copy")), VOR::eOk);
     EXPECT_EQ(m_library->RenameDPC(QStringLiteral("nothing"), QStringLiteral("x")), VOR::eNotFound);
-    ASSERT_EQ(m_library->RenameDPD(QStringLiteral("HexBolt"), QStringLiteral("六角螺栓")),
-              VOR::eOk);
+    // The old name given as the definition's own name, which the rename changes.
+    CVorDPMDPD* renamed = nullptr;
+    ASSERT_EQ(m_library->GetDPD(QStringLiteral("HexBolt"), renamed), VOR::eOk);
+    ASSERT_EQ(m_library->RenameDPD(renamed->GetDPDName(), QStringLiteral("六角螺栓")), VOR::eOk);
     EXPECT_EQ(m_catalog->HasDPD(QStringLiteral("六角螺栓")), 1);
     CKZList<CVorDPM_DPC_Content*> entries;
     m_catalog->GetAllContent(QStringLiteral("螺栓"), QStringLiteral("六角头"), QString(), entries);

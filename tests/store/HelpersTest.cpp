@@ -130,6 +130,9 @@ TEST_F(CursorTest, CacheTableFollowsTheDefinitionUntilDropped) {
     ASSERT_NE(table, nullptr);
     const int row = table->FindRow(serial->GetKey());
     EXPECT_EQ(table->GetValue(row, QStringLiteral("D")), QStringLiteral("M12"));
+    // A snapshot: a later change of the row reaches the table with the next SetCacheTable.
+    serial->SetValue(QStringLiteral("M16"), d->GetObjectId());
+    EXPECT_EQ(table->GetValue(row, QStringLiteral("d")), QStringLiteral("M12"));
     EXPECT_EQ(table->GetValue(row + 1, QStringLiteral("d")), QString());
     cache->RemoveDPMCacheTableManger(QStringLiteral("Bolt"));
     EXPECT_EQ(cache->GetDPMCacheTableManger(QStringLiteral("Bolt")), nullptr);

@@ -1,0 +1,50 @@
+#include "CVorDPMCreateProductDlg.h"
+
+#include "CVorDPMDPD.h"
+#include "CVorDPMUiService.h"
+#include "library/CVorDPMVersionDlg.h"
+#include "template/CVorDPMSaveAsTemplateDlg.h"
+
+namespace {
+const QRect kDialogRect(0, 0, 499, 353);
+}  // namespace
+
+CVorDPMCreateProductDlg::CVorDPMCreateProductDlg(CVorDPMDPD* dpd, PreviewDrawCallback draw,
+                                                 PreviewCloseCallback close,
+                                                 PreviewMoveCallback move, QWidget* parent)
+    : CVorDPMProductHostDlg(IDD, dpd, draw, close, move, parent), m_dpd(dpd) {
+    setWindowTitle(tr("创建产品"));
+    connect(AddRowButton(IDC_VERSION, tr("版本信息")), &QPushButton::clicked, this,
+            &CVorDPMCreateProductDlg::OnVersion);
+    connect(AddRowButton(IDC_SAVE_AS_TEMPLATE, tr("另存为模板")), &QPushButton::clicked, this,
+            &CVorDPMCreateProductDlg::OnSaveAsTemplate);
+    connect(AddRowButton(IDC_SAVE_CONTINUE, tr("保存继续")), &QPushButton::clicked, this,
+            [this] { OnSave(false); });
+    connect(AddRowButton(IDC_SAVE_CLOSE, tr("保存关闭")), &QPushButton::clicked, this,
+            [this] { OnSave(true); });
+    resize(MapDialogRect(kDialogRect).size());
+}
+
+bool CVorDPMCreateProductDlg::OnInitDialog() {
+    CVorDPMProductHostDlg::OnInitDialog();
+    AutoLoadPlacement(QStringLiteral("CVorDPMCreateProductDlg"));
+    return true;
+}
+
+// The definition's cache table is rebuilt from what was just written.
+void CVorDPMCreateProductDlg::OnSave(bool close) {
+    if (!SaveEdits(!close)) return;
+    m_dpd->SetCacheTable();
+    if (close) accept();
+}
+
+void CVorDPMCreateProductDlg::OnSaveAsTemplate() {
+    CVorDPMSaveAsTemplateDlg dialog(this);
+    dialog.m_pDPD = m_dpd;
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+void CVorDPMCreateProductDlg::OnVersion() {
+    CVorDPMVersionDlg dialog(m_dpd, tr("产品\"%1\"的版本信息").arg(m_dpd->GetDPDName()), this);
+    CVorDPMUiService::Instance()->Exec(&dialog);
+}

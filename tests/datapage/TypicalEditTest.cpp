@@ -1,0 +1,193 @@
+// The typical edit of a product, end to end through the real editor: a catalog is selected in
+// the main dialog, a product is added on the product data page from a template, its five
+// tables are filled through the record editor (the shape's script picked in the script editor,
+// with a preview), "保存关闭" saves it, and the catalog and the file on disk hold every value.
+#include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QToolButton>
+
+#include "CDPMSheet.h"
+#include "CVorDPMEditorDlg.h"
+#include "CVorDPMTreeCtrlEx.h"
+#include "controls/CVorDPMTreeComboBox.h"
+#include "controls/CVorDPMlistCtrlBase.h"
+#include "product/CDPMDataPage.h"
+#include "product/CVorDPMCreateProductDlg.h"
+#include "product/CVorDPMEditProductDlg.h"
+#include "product/CVorDPMNewProductDlg.h"
+#include "product/ProductTestBase.h"
+#include "query/CVorDPMData.h"
+#include "script/CVorDPMScriptEdit.h"
+#include "support/GuiTestBase.h"
+
+namespace {
+
+using Panel = CVorDPMEditProductDlg;
+
+int g_previews = 0;
+void CountPreview(QRect, QWidget*, const QString&, const char*,
+                  const std::map<QString, _struParam>&, const std::map<int, tagVorDPM_Value>&) {
+    ++g_previews;
+}
+
+// The record editor's grid, as the product editor's tests drive it.
+struct RecordEditor : ProductTestBase {
+    using ProductTestBase::Grid;
+    using ProductTestBase::GridEdits;
+    using ProductTestBase::PressButton;
+    using ProductTestBase::TypeInto;
+};
+
+class TypicalEditTest : public GuiTestBase {
+protected:
+    void SetUp() override {
+        CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("QXMaterial"));
+        MakeDefinition(library, QStringLiteral("法兰B"));
+        MakeEntry(MakeCatalog(library, QStringLiteral("管道")), QStringLiteral("法兰B"),
+                  QStringLiteral("阀门"));
+        CVorDPMDPT* pattern = nullptr;
+        ASSERT_EQ(Manager()->GetTemplateManager()->CreateDPT(QStringLiteral("标准阀"), pattern),
+                  VOR::eOk);
+        AddProperty(pattern, QStringLiteral("DN"), QStringLiteral("公称直径"))->SetPropertyId(1);
+        auto* script = new CVorDPM_DPD_Dps;
+        script->SetName(QStringLiteral("阀体脚本"));
+        script->SetContent(CBinaryData(QByteArray("box(DN, DN, PN)")));
+        ASSERT_EQ(pattern->AddDps(script), VOR::eOk);
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        picturePath = root.Home() + QStringLiteral("/正视图.png");
+        ASSERT_TRUE(picture.save(picturePath));
+        g_previews = 0;
+    }
+
+    void NewRecord(QDialog* create, int table, std::function<int(QDialog*)> editor) {
+        ui.ExpectDialog(std::move(editor));
+        QTest::mouseClick(Control<QToolButton>(create, Panel::ButtonId(table, 0)), Qt::LeftButton);
+    }
+
+    // The five tables, filled as a user does in "创建产品".
+    void FillTables(QDialog* create) {
+        NewRecord(
+            create, Panel::Properties,
+            RecordEditor::GridEdits({{"属性ID", "2"}, {"属性别名", "公称压力"}, {"参数名", "PN"}}));
+        NewRecord(create, Panel::Pictures, Filling([this](QDialog* editor) {
+                      RecordEditor::TypeInto(RecordEditor::Grid(editor), "名字", "正视图");
+                      ui.ExpectFile(picturePath);
+                      RecordEditor::PressButton(*editor, QStringLiteral("图片"));
+                      Click(editor, VorDPMControlId::IDOK);
+                  }));
+        NewRecord(create, Panel::Shapes, Filling([this](QDialog* editor) {
+                      RecordEditor::TypeInto(RecordEditor::Grid(editor), "形体名称", "阀体");
+                      ui.ExpectDialog(Filling([](QDialog* scripts) {
+                          auto* list = Control<CVorDPMlistCtrlBase>(
+                              scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
+                          QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                                            list->visualRect(list->model()->index(0, 0)).center());
+                          Click(scripts, CVorDPMScriptEdit::IDC_PREVIEW);
+                          Click(scripts, VorDPMControlId::IDOK);
+                      }));
+                      RecordEditor::PressButton(*editor, QStringLiteral("DPS ID"));
+                      Click(editor, VorDPMControlId::IDOK);
+                  }));
+        NewRecord(create, Panel::Products,
+                  RecordEditor::GridEdits({{"产品名", "闸阀"}, {"命名规则", "Z41H DN PN"}}));
+        NewRecord(create, Panel::Series,
+                  RecordEditor::GridEdits({{"产品ID", "1"},
+                                           {"参数化形体库ID", "1"},
+                                           {"实物图片ID", "1"},
+                                           {"公称直径", "50"},
+                                           {"公称压力", "16"}}));
+    }
+
+    QString picturePath;
+};
+
+TEST_F(TypicalEditTest, AProductAddedFromATemplateAndFilledIsInTheCatalogAndOnDisk) {
+    CVorDPMEditorDlg editor(&CountPreview, nullptr, nullptr);
+    editor.show();
+    CVorDPMTreeCtrlEx* libraries = editor.GetTreeCtrl();
+    libraries->setCurrentItem(libraries->GetItem(QStringLiteral("QXMaterial"), nullptr)->child(0));
+    editor.GetSheet()->setCurrentWidget(editor.GetDataPage());
+    CDPMDataPage* page = editor.GetDataPage();
+    CVorDPMTreeCtrlEx* products = page->GetTreeCtrl();
+    products->setCurrentItem(
+        products->findItems(QStringLiteral("阀门"), Qt::MatchExactly | Qt::MatchRecursive).first());
+
+    ui.ExpectDialog(Filling([](QDialog* add) {
+        auto* chooser = Control<CVorDPMTreeComboBox>(add, CVorDPMNewProductDlg::IDC_TEMPLATE);
+        chooser->SelectItem(chooser->GetTreeCtrl()->topLevelItem(0)->child(0));
+        Type(Control<QComboBox>(add, CVorDPMNewProductDlg::IDC_PRODUCT_NAME)->lineEdit(),
+             QStringLiteral("闸阀Z41H"));
+        Click(add, CVorDPMNewProductDlg::IDC_NEXT);
+    }));
+    ui.ExpectDialog(Filling([this](QDialog* create) {
+        FillTables(create);
+        Click(create, CVorDPMCreateProductDlg::IDC_SAVE_CLOSE);
+    }));
+    Click(page, CDPMDataPage::IDC_ADD_PRODUCT);
+    ui.VerifyAllUsed();
+    EXPECT_EQ(g_previews, 1);
+    EXPECT_EQ(products->currentItem()->text(0), QStringLiteral("闸阀Z41H"));
+    const QAbstractItemModel* report = page->GetReportCtrl()->model();
+    ASSERT_EQ(report->rowCount(), 1);
+    EXPECT_EQ(report->index(0, 0).data().toString(), QStringLiteral("Z41H50*16"));
+
+    // Everything is on disk.
+    Reopen();
+    CVorDPMDPC* catalog = nullptr;
+    CVorDPMData::GetDPCManger(QStringLiteral("QXMaterial"), QStringLiteral("管道"), catalog);
+    ASSERT_TRUE(catalog);
+    CKZList<CVorDPM_DPC_Content*> entries;
+    catalog->GetAllContent(CVorDPM_DPC_Content::FirstType, QStringLiteral("阀门"), entries);
+    QStringList entered;
+    for (const CVorDPM_DPC_Content* entry : entries) entered << entry->GetDPD();
+    EXPECT_EQ(entered, QStringList({"法兰B", "闸阀Z41H"}));
+
+    CVorDPMDPD* dpd = nullptr;
+    Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("闸阀Z41H"), dpd);
+    ASSERT_TRUE(dpd);
+    EXPECT_TRUE(QFileInfo::exists(dpd->GetDPDFullPath()));
+    CKZList<CVorDPM_DPD_Property*> properties;
+    dpd->GetAllProperty(properties);
+    QStringList propertyTexts;
+    for (const CVorDPM_DPD_Property* p : properties)
+        propertyTexts << QStringLiteral("%1:%2:%3")
+                             .arg(p->GetPropertyId())
+                             .arg(p->GetPropertyAlias(), p->GetParamAlias());
+    EXPECT_EQ(propertyTexts, QStringList({"1:公称直径:DN", "2:公称压力:PN"}));
+    CKZList<CVorDPM_DPD_Image*> images;
+    dpd->GetAllImage(images);
+    ASSERT_EQ(images.GetCount(), 1);
+    QFile pictureFile(picturePath);
+    ASSERT_TRUE(pictureFile.open(QIODevice::ReadOnly));
+    EXPECT_EQ(images.GetAt(0)->GetName(), QStringLiteral("正视图"));
+    EXPECT_EQ(images.GetAt(0)->GetImage().Bytes(), pictureFile.readAll());
+    CKZList<CVorDPM_DPD_Shape*> shapes;
+    dpd->GetAllShape(shapes);
+    ASSERT_EQ(shapes.GetCount(), 1);
+    EXPECT_EQ(shapes.GetAt(0)->GetName(), QStringLiteral("阀体"));
+    CKZList<CVorDPM_DPD_Dps*> scripts;
+    dpd->GetAllDps(scripts);
+    ASSERT_EQ(scripts.GetCount(), 1);
+    EXPECT_EQ(shapes.GetAt(0)->GetDPSId(), scripts.GetAt(0)->GetObjectId());
+    CKZList<CVorDPM_DPD_Product*> productRows;
+    dpd->GetAllProduct(productRows);
+    ASSERT_EQ(productRows.GetCount(), 1);
+    EXPECT_EQ(productRows.GetAt(0)->GetName(), QStringLiteral("闸阀"));
+    EXPECT_EQ(productRows.GetAt(0)->GetNameRule(), QStringLiteral("Z41H DN PN"));
+    CKZList<CVorDPM_DPD_Serial*> series;
+    dpd->GetAllSerial(series);
+    ASSERT_EQ(series.GetCount(), 1);
+    const CVorDPM_DPD_Serial* row = series.GetAt(0);
+    EXPECT_EQ(row->GetProductId(), productRows.GetAt(0)->GetObjectId());
+    EXPECT_EQ(row->GetShapeId(), shapes.GetAt(0)->GetObjectId());
+    EXPECT_EQ(row->GetImageId(), images.GetAt(0)->GetObjectId());
+    EXPECT_EQ(row->GetValue(properties.GetAt(0)->GetObjectId()), QStringLiteral("50"));
+    EXPECT_EQ(row->GetValue(properties.GetAt(1)->GetObjectId()), QStringLiteral("16"));
+}
+
+}  // namespace
