@@ -114,6 +114,65 @@
         <source>产品数据</source>
         <translation>Product Data</translation>
     </message>
+    <message>
+        <source>添加产品</source>
+        <translation>Add Product</translation>
+    </message>
+    <message>
+        <source>删除产品</source>
+        <translation>Delete Product</translation>
+    </message>
+    <message>
+        <source>修改产品</source>
+        <translation>Edit Product</translation>
+    </message>
+    <message>
+        <source>版本信息</source>
+        <translation>Versions</translation>
+    </message>
+    <message>
+        <source>无法读取产品&quot;%1&quot;: %2</source>
+        <translation>Cannot read the product &quot;%1&quot;: %2</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>产品重命名</source>
+        <translation>Rename Product</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;不存在。</source>
+        <translation>The library &quot;%1&quot; does not exist.</translation>
+    </message>
+    <message>
+        <source>确实要把&quot;%1&quot;产品放入回收站吗?</source>
+        <translation>Do you really want to move the product &quot;%1&quot; to the trash?</translation>
+    </message>
+    <message>
+        <source>删除失败: %1</source>
+        <translation>Deleting failed: %1</translation>
+    </message>
+    <message>
+        <source>重命名失败: %1</source>
+        <translation>Renaming failed: %1</translation>
+    </message>
+    <message>
+        <source>产品&quot;%1&quot;的版本信息</source>
+        <translation>Versions of the product &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CDPMSeriesModel</name>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
 </context>
 <context>
     <name>CDPMlibraryPage</name>
@@ -250,6 +309,52 @@
     <message>
         <source>%1/%2添加失败，该外部目录已被包含！</source>
         <translation>Adding %1/%2 failed: this external catalog is already included.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMCreateProductDlg</name>
+    <message>
+        <source>创建产品</source>
+        <translation>Create Product</translation>
+    </message>
+    <message>
+        <source>版本信息</source>
+        <translation>Versions</translation>
+    </message>
+    <message>
+        <source>另存为模板</source>
+        <translation>Save as Template</translation>
+    </message>
+    <message>
+        <source>保存继续</source>
+        <translation>Save and Continue</translation>
+    </message>
+    <message>
+        <source>保存关闭</source>
+        <translation>Save and Close</translation>
+    </message>
+    <message>
+        <source>产品&quot;%1&quot;的版本信息</source>
+        <translation>Versions of the product &quot;%1&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMCreateTemplateDlg</name>
+    <message>
+        <source>创建模板</source>
+        <translation>Create Template</translation>
+    </message>
+    <message>
+        <source>保存并继续</source>
+        <translation>Save and Continue</translation>
+    </message>
+    <message>
+        <source>保存并关闭</source>
+        <translation>Save and Close</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 <context>
@@ -466,6 +571,25 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMEditTemplateDlg</name>
+    <message>
+        <source>编辑模板</source>
+        <translation>Edit Template</translation>
+    </message>
+    <message>
+        <source>选择模板</source>
+        <translation>Choose Template</translation>
+    </message>
+    <message>
+        <source>确定</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>请选择正确的模板</source>
+        <translation>Please choose a valid template.</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMEditorDlg</name>
     <message>
         <source>产品库管理</source>
@@ -635,6 +759,41 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMNewProductDlg</name>
+    <message>
+        <source>添加产品</source>
+        <translation>Add Product</translation>
+    </message>
+    <message>
+        <source>产品文件名</source>
+        <translation>Product File Name</translation>
+    </message>
+    <message>
+        <source>选择产品模板</source>
+        <translation>Choose a Product Template</translation>
+    </message>
+    <message>
+        <source>下一步</source>
+        <translation>Next</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;不存在。</source>
+        <translation>The library &quot;%1&quot; does not exist.</translation>
+    </message>
+    <message>
+        <source>请选择正确的模板</source>
+        <translation>Please choose a valid template.</translation>
+    </message>
+    <message>
+        <source>创建产品失败: %1</source>
+        <translation>Creating the product failed: %1</translation>
+    </message>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMNewScriptDlg</name>
     <message>
         <source>新建脚本</source>
@@ -655,6 +814,45 @@
     <message>
         <source>添加失败！</source>
         <translation>Adding failed.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMNewTemplateDlg</name>
+    <message>
+        <source>新建模板</source>
+        <translation>New Template</translation>
+    </message>
+    <message>
+        <source>产品模板类型</source>
+        <translation>Product Template Type</translation>
+    </message>
+    <message>
+        <source>模板名称</source>
+        <translation>Template Name</translation>
+    </message>
+    <message>
+        <source>下一步</source>
+        <translation>Next</translation>
+    </message>
+    <message>
+        <source>没有选择模板位置，请选择!</source>
+        <translation>No template location is chosen. Please choose one.</translation>
+    </message>
+    <message>
+        <source>请在下拉列表中选择模板位置!</source>
+        <translation>Please choose the template location from the list.</translation>
+    </message>
+    <message>
+        <source>请输入模板名称</source>
+        <translation>Please enter a template name.</translation>
+    </message>
+    <message>
+        <source>已存在，请指定其他模板名！</source>
+        <translation>This name already exists. Please choose another template name.</translation>
+    </message>
+    <message>
+        <source>创建模板失败: %1</source>
+        <translation>Creating the template failed: %1</translation>
     </message>
 </context>
 <context>
@@ -853,6 +1051,13 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMProductHostDlg</name>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMRelatedDlg</name>
     <message>
         <source>选择产品</source>
@@ -881,6 +1086,33 @@
     <message>
         <source>未选择项目, 请重新选择!</source>
         <translation>Nothing is selected. Please select an item.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMSaveAsTemplateDlg</name>
+    <message>
+        <source>另存为模板</source>
+        <translation>Save as Template</translation>
+    </message>
+    <message>
+        <source>选择模板位置</source>
+        <translation>Template Location</translation>
+    </message>
+    <message>
+        <source>新模板名</source>
+        <translation>New Template Name</translation>
+    </message>
+    <message>
+        <source>请输入模板名称</source>
+        <translation>Please enter a template name.</translation>
+    </message>
+    <message>
+        <source>创建失败！</source>
+        <translation>Creation failed.</translation>
+    </message>
+    <message>
+        <source>该名称的模板已存在！</source>
+        <translation>A template of this name already exists.</translation>
     </message>
 </context>
 <context>
@@ -1119,10 +1351,36 @@
     </message>
 </context>
 <context>
+    <name>VorDPMDeleteTemplateDlg</name>
+    <message>
+        <source>删除模板</source>
+        <translation>Delete Template</translation>
+    </message>
+    <message>
+        <source>请选择正确的模板</source>
+        <translation>Please choose a valid template.</translation>
+    </message>
+    <message>
+        <source>确实要把&quot;%1&quot;产品放入回收站吗?</source>
+        <translation>Do you really want to move the template &quot;%1&quot; to the trash?</translation>
+    </message>
+    <message>
+        <source>删除模板&quot;%1&quot;失败: %2</source>
+        <translation>Deleting the template &quot;%1&quot; failed: %2</translation>
+    </message>
+</context>
+<context>
     <name>VorDPMSaveWork</name>
     <message>
         <source>保存失败: %1</source>
         <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
+    <name>VorDPMTemplateTree</name>
+    <message>
+        <source>平台模板</source>
+        <translation>Platform Templates</translation>
     </message>
 </context>
 </TS>
