@@ -39,6 +39,12 @@ CVorDPMTreeComboBox::CVorDPMTreeComboBox(QWidget* parent)
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { m_chosen = nullptr; });
 }
 
+// The drop-down and its tree go away after this object has: they must no longer call it.
+CVorDPMTreeComboBox::~CVorDPMTreeComboBox() {
+    m_tree->model()->disconnect(this);
+    m_tree->disconnect(this);
+}
+
 void CVorDPMTreeComboBox::ShowDropDown() {
     m_popup->resize(width(), kDropDownHeight);
     m_popup->move(mapToGlobal(QPoint(0, height())));

@@ -14,6 +14,7 @@ class CVorDPMTreeComboBox : public QLineEdit {
 
 public:
     explicit CVorDPMTreeComboBox(QWidget* parent = nullptr);
+    ~CVorDPMTreeComboBox() override;
 
     // The drop-down tree (no check boxes), for the owner to fill.
     CVorDPMTreeCtrlEx* GetTreeCtrl() const { return m_tree; }

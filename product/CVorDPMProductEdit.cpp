@@ -323,6 +323,12 @@ void CVorDPMProductEdit::AddSerialItems() {
     }
 }
 
+// The grid outlives this object while the dialog's widgets are destroyed, and an editor still
+// open would then report its value: nothing may be written into the record by then.
+CVorDPMProductEdit::~CVorDPMProductEdit() {
+    m_grid->disconnect(this);
+}
+
 void CVorDPMProductEdit::AddRelatedId(QTreeWidgetItem* category, const QString& caption, int kind,
                                       int value, void (CVorDPM_DPD_Serial::*set)(const int&)) {
     auto* item =

@@ -51,6 +51,7 @@ public:
     CVorDPMProductEdit(CVorDPMDPDBase* dpd, CVorDPM_DPD_Serial* record, int mode,
                        PreviewDrawCallback draw, PreviewCloseCallback close,
                        PreviewMoveCallback move, QWidget* parent = nullptr);
+    ~CVorDPMProductEdit() override;
 
 protected:
     bool OnInitDialog() override;
