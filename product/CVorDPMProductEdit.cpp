@@ -234,15 +234,17 @@ void CVorDPMProductEdit::AddImageItems() {
 void CVorDPMProductEdit::AddPictureFile(QTreeWidgetItem* category, const QString& caption,
                                         void (CVorDPM_DPD_Image::*set)(const CBinaryData&),
                                         bool image) {
+    // The record is captured itself rather than reached through this: GCC 12's vptr check
+    // miscompiles a member-pointer call on a member reached through a lambda's captured this.
     Add(category, new CXTPPropertyGridItemFile(caption),
-        [this, set, image](CVorDPMPropertyGridItem* item) {
+        [this, record = m_image, set, image](CVorDPMPropertyGridItem* item) {
             CBinaryData data;
             const QString problem = FileProblem(item->GetValue(), data, image);
             if (!problem.isEmpty()) {
                 item->SetNote(problem);
                 return;
             }
-            (m_image->*set)(data);
+            (record->*set)(data);
             if (!image) return;
             if (CVorDPMPropertyGridItem* size = m_grid->FindItem(tr("大小")))
                 size->SetValue(Number(data.GetSize()));
@@ -334,8 +336,9 @@ void CVorDPMProductEdit::AddRelatedId(QTreeWidgetItem* category, const QString& 
     auto* item =
         Add(category,
             new CVorDPMPropertyGridItem(CVorDPMPropertyGridItem::Number, caption, Number(value)),
-            [this, set](CVorDPMPropertyGridItem* changed) {
-                (m_serial->*set)(VorDPMDecimal::LeadingInt(changed->GetValue()));
+            // Captures the record for the reason given in AddPictureFile.
+            [record = m_serial, set](CVorDPMPropertyGridItem* changed) {
+                (record->*set)(VorDPMDecimal::LeadingInt(changed->GetValue()));
             });
     item->SetHasButton(true);
     m_pickers.insert(item, [this, item, kind] { PickRelated(item, kind); });
