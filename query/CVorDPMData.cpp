@@ -67,12 +67,13 @@ void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QString
     });
 }
 
-// The product names of the live entries of every catalog of the library, case-folded: a
-// catalog holds a product when an entry names it without regard to case.
-QSet<QString> CataloguedProducts(CVorDPMLibraryManager& library) {
+// The definitions that the live entries of the library's catalogs name. An entry names a
+// definition without regard to case, which the library's own look-up resolves: comparing the
+// definitions found needs no case folding of every name.
+QSet<const CVorDPMDPD*> CataloguedProducts(CVorDPMLibraryManager& library) {
     QStringList catalogs;
     library.GetAllDPCName(catalogs);
-    QSet<QString> products;
+    QSet<const CVorDPMDPD*> products;
     for (const QString& name : std::as_const(catalogs)) {
         CVorDPMDPC* catalog = nullptr;
         library.GetDPC(name, catalog);
@@ -80,8 +81,11 @@ QSet<QString> CataloguedProducts(CVorDPMLibraryManager& library) {
         CKZList<CVorDPM_DPC_Content*> entries;
         catalog->GetAllContent(entries, 0);
         products.reserve(products.size() + entries.GetCount());
-        for (const CVorDPM_DPC_Content* entry : entries)
-            products.insert(entry->GetDPD().toCaseFolded());
+        for (const CVorDPM_DPC_Content* entry : entries) {
+            CVorDPMDPD* dpd = nullptr;
+            library.GetDPD(entry->GetDPD(), dpd);
+            if (dpd) products.insert(dpd);
+        }
     }
     return products;
 }
@@ -232,14 +236,13 @@ int CVorDPMData::GetALLExteriorDPD(const QString& library, CKZList<CVorDPMDPD*>&
     if (!manager) return 0;
     // The products every catalog names, gathered once: asking each catalog about each
     // definition would cost definitions times entries.
-    const QSet<QString> catalogued = CataloguedProducts(*manager);
+    const QSet<const CVorDPMDPD*> catalogued = CataloguedProducts(*manager);
     QStringList definitions;
     manager->GetAllDPDName(definitions);
     for (const QString& name : std::as_const(definitions)) {
-        if (catalogued.contains(name.toCaseFolded())) continue;
         CVorDPMDPD* dpd = nullptr;
         manager->GetDPD(name, dpd);
-        if (dpd) out.AddTail(dpd);
+        if (dpd && !catalogued.contains(dpd)) out.AddTail(dpd);
     }
     return 1;
 }

@@ -223,10 +223,13 @@ void CVorDPMTreeCtrlEx::InsertRow(ChildIndex& index, CVorDPMDPC* catalog, QTreeW
         catalog->GetDPD(&row, dpd);
         const QString& name = row.GetDPD();
         if (name.isEmpty()) return;
-        if (dpd)
-            AppendIndexed(index, name, ImageProduct, dpd, parent);
+        const int image = dpd ? ImageProduct : ImageMissingProduct;
+        // Below the last classification level no text is looked up again, so the many product
+        // nodes there stay out of the index.
+        if (level > CVorDPM_DPC_Content::ThirdType)
+            AppendItem(name, image, dpd, parent);
         else
-            AppendIndexed(index, name, ImageMissingProduct, nullptr, parent);
+            AppendIndexed(index, name, image, dpd, parent);
         return;
     }
     // Every child of that exact text takes the row's next level (case counts here); without
