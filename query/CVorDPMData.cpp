@@ -8,11 +8,11 @@
 #include "CVorDPMDPD.h"
 #include "CVorDPMManager.h"
 #include "query/CVorDPMNamePattern.h"
+#include "query/CVorDPMNameRule.h"
 
 namespace {
 
 const QString kAnyValue = QStringLiteral("*");
-const QString kNameRuleDelimiters = QStringLiteral("% *");
 const QString kPathDelimiters = QStringLiteral("/");
 
 // Unlinks every non-null entry for which `drop` holds; the entries themselves are untouched.
@@ -24,47 +24,6 @@ void UnlinkEntries(CKZList<CVorDPM_DPC_Content*>& list, Predicate&& drop) {
         else
             ++it;
     }
-}
-
-// The rule split into its tokens. Every series row of a product shares one rule, so naming a
-// whole table splits each rule once rather than once per row.
-const QStringList& RuleParts(const QString& rule) {
-    // Both start empty, which agree: an empty rule has no tokens.
-    thread_local QString lastRule;
-    thread_local QStringList lastParts;
-    if (rule != lastRule) {
-        lastParts.clear();
-        CVorDPMData::ParseString(rule, kNameRuleDelimiters, lastParts);
-        lastRule = rule;
-    }
-    return lastParts;
-}
-
-// Case folding keeps every character in its plane, so texts of different lengths never compare
-// equal; naming a large table compares every rule token with every parameter name once per row,
-// and checking the lengths first spares most of those comparisons.
-bool SameIgnoringCase(const QString& a, const QString& b) {
-    return a.size() == b.size() && a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-// Appends the literal part, then the values of the rule's parameters in the order of the
-// definition's properties: the first value directly, every further one after a "*".
-void AppendName(CVorDPMDPD* dpd, const CVorDPM_DPD_Serial& serial, const QStringList& parts,
-                QString& name) {
-    name += parts.first();
-    int values = 1;
-    // A rule names a few of the properties: each value is looked up on its own, which stops
-    // at its line, rather than unpacking the whole row. The property rows are read in place.
-    dpd->ForEachLiveRow<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property* property) {
-        const QString& param = property->GetParamAlias();
-        for (qsizetype i = 1; i < parts.size(); ++i) {
-            if (!SameIgnoringCase(parts[i], param)) continue;
-            const QString value = serial.GetValue(property->GetObjectId());
-            if (value.isEmpty()) continue;
-            if (++values > 2) name += QLatin1Char('*');
-            name += value;
-        }
-    });
 }
 
 // The definitions that the live entries of the library's catalogs name. An entry names a
@@ -159,9 +118,12 @@ int CVorDPMData::ParseProductNameRule(CVorDPMDPD* dpd, CVorDPM_DPD_Serial* seria
     CVorDPM_DPD_Product* product = nullptr;
     dpd->GetProduct(serial->GetProductId(), product, 0);
     if (!product) return 0;
-    const QStringList& parts = RuleParts(product->GetNameRule());
-    if (parts.isEmpty()) return 0;
-    AppendName(dpd, *serial, parts, name);
+    CVorDPMNameRule rule(product->GetNameRule());
+    if (!rule.Names()) return 0;
+    dpd->ForEachLiveRow<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property* property) {
+        rule.AddProperty(property->GetObjectId(), property->GetParamAlias());
+    });
+    rule.AppendName(*serial, name);
     return 1;
 }
 

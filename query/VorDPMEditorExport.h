@@ -1,5 +1,5 @@
-// Symbol visibility for the editor library: only the entry function, the query class and the
-// two reusable controls are exported.
+// Symbol visibility for the editor library: only the entry function, the query class, the
+// naming rule and the two reusable controls are exported.
 #pragma once
 
 #if defined(VORDPM_BUILDING_EDITOR)

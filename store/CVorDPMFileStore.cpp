@@ -81,12 +81,12 @@ bool CheckHeader(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file, QString
     return true;
 }
 
-bool OutOfRange(const CVorDPMTable& table, qint64 id, const QString& path, QString& error) {
+bool OutOfRange(const CVorDPMClassInfo& info, qint64 id, const QString& path, QString& error) {
     return Fail(QStringLiteral("%1: row %2 of table %3 holds a number outside the range this "
                                "program can keep")
                     .arg(path)
                     .arg(id)
-                    .arg(QString::fromLatin1(table.Info().tableName)),
+                    .arg(QString::fromLatin1(info.tableName)),
                 error);
 }
 
@@ -97,26 +97,14 @@ bool ReadTable(CVorDPMSQLiteConnection& db, CVorDPMTable& table, const QString& 
     qint64 highestId = 0;
     if (db.QueryInt(QByteArray("SELECT ifnull(max(id), 0) FROM ") + info.tableName, highestId))
         table.Reserve(static_cast<size_t>(std::clamp<qint64>(highestId, 0, 10000000)));
-    SQLiteStatement statement(db.Prepare(QByteArray("SELECT ") + ColumnList(info) + " FROM " +
-                                         info.tableName + " ORDER BY id"));
-    if (!statement) return Fail(db.Error(), error);
-    CVorDPMSQLiteFiler filer(statement.get(), info, 1);
-    int rc = SQLITE_ROW;
-    while ((rc = sqlite3_step(statement.get())) == SQLITE_ROW) {
-        // Ids and numbers are kept as int; a larger one cut down would alias another row.
-        const qint64 id = sqlite3_column_int64(statement.get(), 0);
-        if (id < INT_MIN || id > INT_MAX) return OutOfRange(table, id, path, error);
-        CVorDPMObject* row = info.create();
-        filer.Rewind();
-        row->VorDPMInFields(&filer);
-        if (filer.OutOfRange()) {
-            CVorDPMTable::KeepRefused(row);
-            return OutOfRange(table, id, path, error);
-        }
-        table.AdoptLoaded(row, static_cast<int>(id));
-    }
-    if (rc != SQLITE_DONE) return Fail(db.Error(), error);
-    return true;
+    std::unique_ptr<CVorDPMObject> row;
+    return CVorDPMFileStore::ReadRows(
+        db, info, path,
+        [&]() -> CVorDPMObject& {
+            row.reset(info.create());
+            return *row;
+        },
+        [&](CVorDPMObject&, int id) { table.AdoptLoaded(row.release(), id); }, error);
 }
 
 // The change generation: a random number that every successful write replaces, so that a
@@ -230,9 +218,9 @@ void ClearChanges(CVorDPMDBBase& file) {
 
 }  // namespace
 
-bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
+bool CVorDPMFileStore::OpenForReading(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file,
+                                      QString& error) {
     if (!VorDPMRootBoundary::Check(file.GetFilePath())) return Fail(VorDPMLastError::Get(), error);
-    CVorDPMSQLiteConnection db;
     if (!db.Open(file.GetFilePath(), CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs))
         return Fail(db.Error(), error);
     if (!CheckHeader(db, file, error)) return false;
@@ -240,7 +228,35 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
     // rows being built need at the same time.
     db.Execute("PRAGMA cache_size = -64");
     // One read transaction so that a concurrent writer cannot show half of its change.
-    if (!db.Execute("BEGIN")) return Fail(db.Error(), error);
+    return db.Execute("BEGIN") || Fail(db.Error(), error);
+}
+
+bool CVorDPMFileStore::ReadRows(CVorDPMSQLiteConnection& db, const CVorDPMClassInfo& info,
+                                const QString& path, const std::function<CVorDPMObject&()>& nextRow,
+                                const std::function<void(CVorDPMObject&, int)>& take,
+                                QString& error) {
+    SQLiteStatement statement(db.Prepare(QByteArray("SELECT ") + ColumnList(info) + " FROM " +
+                                         info.tableName + " ORDER BY id"));
+    if (!statement) return Fail(db.Error(), error);
+    CVorDPMSQLiteFiler filer(statement.get(), info, 1);
+    int rc = SQLITE_ROW;
+    while ((rc = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        // Ids and numbers are kept as int; a larger one cut down would alias another row.
+        const qint64 id = sqlite3_column_int64(statement.get(), 0);
+        if (id < INT_MIN || id > INT_MAX) return OutOfRange(info, id, path, error);
+        CVorDPMObject& row = nextRow();
+        filer.Rewind();
+        row.VorDPMInFields(&filer);
+        if (filer.OutOfRange()) return OutOfRange(info, id, path, error);
+        row.m_objectId = static_cast<int>(id);
+        take(row, static_cast<int>(id));
+    }
+    return rc == SQLITE_DONE || Fail(db.Error(), error);
+}
+
+bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
+    CVorDPMSQLiteConnection db;
+    if (!OpenForReading(db, file, error)) return false;
     qint64 generation = 0;
     if (!ReadGeneration(db, generation)) return Fail(db.Error(), error);
     for (const auto& table : file.Tables())

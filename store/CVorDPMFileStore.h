@@ -2,11 +2,15 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include "VorDPMExport.h"
 #include "VorDPMTypes.h"
 
+class CVorDPMClassInfo;
 class CVorDPMDBBase;
+class CVorDPMObject;
+class CVorDPMSQLiteConnection;
 
 class VORDPM_API CVorDPMFileStore {
 public:
@@ -20,6 +24,15 @@ public:
     // into place, so that a half-written file never appears under the target name; eNameExists
     // when a file of that name appeared meanwhile, which is never replaced.
     static VOR::ErrorStatus WriteNew(CVorDPMDBBase& file);
+    // Opens the file of `file` in a read transaction, having checked that it lies in the root,
+    // is of the file's kind and not newer than this program; false with a reason otherwise.
+    static bool OpenForReading(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file,
+                               QString& error);
+    // Reads the rows of the table of `info` in id order: each into the object `nextRow` gives,
+    // which `take` then gets with its id set. False with a reason when a row cannot be read.
+    static bool ReadRows(CVorDPMSQLiteConnection& db, const CVorDPMClassInfo& info,
+                         const QString& path, const std::function<CVorDPMObject&()>& nextRow,
+                         const std::function<void(CVorDPMObject&, int)>& take, QString& error);
     // Milliseconds a writer waits for another process's lock before giving up.
     static constexpr int kBusyTimeoutMs = 10000;
 };

@@ -32,6 +32,7 @@ protected:
 
 private:
     friend class CVorDPMTable;
+    friend class CVorDPMFileStore;
     // Packed into 16 bytes after the vtable: a large table holds a row object per row.
     CVorDPMTable* m_table = nullptr;
     int m_objectId = 0;

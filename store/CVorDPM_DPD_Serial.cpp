@@ -113,20 +113,39 @@ std::vector<QByteArray> CVorDPM_DPD_Serial::GetValuesUtf8(
     std::vector<QByteArray> values(propertyObjectIds.size());
     // A property listed in the row twice keeps its first value, as GetValue reads it.
     std::vector<bool> filled(propertyObjectIds.size(), false);
+    const size_t count = propertyObjectIds.size();
+    // Rows mostly hold their values in the order of the properties asked for: the entry after
+    // the last one found is tried first, which makes reading a whole row linear.
+    size_t next = 0;
+    const auto take = [&](size_t i, const PackedEntry& e) {
+        if (filled[i]) return;
+        values[i] = std::memchr(e.value, '\\', size_t(e.valueLength))
+                        ? UnescapeBytes(e.value, e.valueLength)
+                        : QByteArray::fromRawData(e.value, e.valueLength);
+        filled[i] = true;
+    };
     PackedEntry unused;
     FindEntry(
         m_values,
         [&](const PackedEntry& e) {
-            for (size_t i = 0; i < propertyObjectIds.size(); ++i) {
-                if (propertyObjectIds[i] != e.propertyId || filled[i]) continue;
-                values[i] = std::memchr(e.value, '\\', size_t(e.valueLength))
-                                ? UnescapeBytes(e.value, e.valueLength)
-                                : QByteArray::fromRawData(e.value, e.valueLength);
-                filled[i] = true;
+            if (next < count && propertyObjectIds[next] == e.propertyId) {
+                take(next++, e);
+                return false;
             }
+            for (size_t i = 0; i < count; ++i)
+                if (propertyObjectIds[i] == e.propertyId) take(i, e);
             return false;
         },
         unused);
+    // A property asked for twice: the quick path above filled only one of its places.
+    for (size_t i = 0; i < count; ++i) {
+        if (filled[i]) continue;
+        for (size_t j = 0; j < i; ++j) {
+            if (!filled[j] || propertyObjectIds[j] != propertyObjectIds[i]) continue;
+            values[i] = values[j];
+            break;
+        }
+    }
     return values;
 }
 

@@ -1,27 +1,27 @@
 #include "DefinitionTables.h"
 
 #include "CVorDPMDPD.h"
+#include "CVorDPMStoredRows.h"
 
-DefinitionTables::DefinitionTables(CVorDPMDPD& dpd) {
-    AddProperties(dpd);
-    AddPictures(dpd);
-    AddShapes(dpd);
-    AddProducts(dpd);
-    AddSeries(dpd);
+DefinitionTables::DefinitionTables(CVorDPMStoredRows& rows) : m_rows(rows) {
+    AddProperties();
+    AddPictures();
+    AddShapes();
+    AddProducts();
+    AddSeries();
 }
 
 template <class Row, class Cells>
-void DefinitionTables::Add(CVorDPMDPD& dpd, const QString& name, const QStringList& columns,
-                           Cells&& cells) {
+void DefinitionTables::Add(const QString& name, const QStringList& columns, Cells&& cells) {
     Table table(name, columns);
-    table.forEachRow = [&dpd, cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
-        dpd.ForEachLiveRow<Row>([&](const Row* row) { visit(cells(*row)); });
+    table.forEachRow = [this, cells = std::forward<Cells>(cells)](const RowVisitor& visit) {
+        return m_rows.ForEach<Row>([&](const Row& row) { visit(cells(row)); });
     };
     m_tables.push_back(std::move(table));
 }
 
-void DefinitionTables::AddProperties(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Property>(dpd, QStringLiteral("properties"),
+void DefinitionTables::AddProperties() {
+    Add<CVorDPM_DPD_Property>(QStringLiteral("properties"),
                               {"id", "PropertyId", "PropertyAlias", "ParamAlias", "Chapter", "Unit",
                                "DefValue", "SerialCheck", "SystemProperty", "Description"},
                               [](const CVorDPM_DPD_Property& r) -> QVariantList {
@@ -33,8 +33,8 @@ void DefinitionTables::AddProperties(CVorDPMDPD& dpd) {
                               });
 }
 
-void DefinitionTables::AddPictures(CVorDPMDPD& dpd) {
-    Add<CVorDPM_DPD_Image>(dpd, QStringLiteral("pictures"),
+void DefinitionTables::AddPictures() {
+    Add<CVorDPM_DPD_Image>(QStringLiteral("pictures"),
                            {"id", "Name", "Description", "ImageBytes", "Block2dBytes",
                             "Block3dBytes", "BlockSysBytes", "IsUsingBlock"},
                            [](const CVorDPM_DPD_Image& r) -> QVariantList {
@@ -45,9 +45,9 @@ void DefinitionTables::AddPictures(CVorDPMDPD& dpd) {
                            });
 }
 
-void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
+void DefinitionTables::AddShapes() {
     Add<CVorDPM_DPD_Shape>(
-        dpd, QStringLiteral("shapes"),
+        QStringLiteral("shapes"),
         {"id", "Name", "Description", "DPSId", "Param", "ParamType", "ParamIndex"},
         [](const CVorDPM_DPD_Shape& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(),      r.GetDescription(), r.GetDPSId(),
@@ -55,32 +55,31 @@ void DefinitionTables::AddShapes(CVorDPMDPD& dpd) {
         });
 }
 
-void DefinitionTables::AddProducts(CVorDPMDPD& dpd) {
+void DefinitionTables::AddProducts() {
     Add<CVorDPM_DPD_Product>(
-        dpd, QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
+        QStringLiteral("products"), {"id", "Name", "NameRule", "Description"},
         [](const CVorDPM_DPD_Product& r) -> QVariantList {
             return {r.GetObjectId(), r.GetName(), r.GetNameRule(), r.GetDescription()};
         });
 }
 
 // After the row's own fields, one value column per property, named by its parameter name.
-void DefinitionTables::AddSeries(CVorDPMDPD& dpd) {
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd.GetAllProperty(properties, 0);
+void DefinitionTables::AddSeries() {
     QStringList columns{"id", "Key", "ProductId", "ImageId", "ShapeId"};
     const qsizetype valuesFrom = columns.size();
     std::vector<int> propertyIds;
-    for (const CVorDPM_DPD_Property* property : properties) {
-        columns.append(property->GetParamAlias());
-        propertyIds.push_back(property->GetObjectId());
-    }
-    Add<CVorDPM_DPD_Serial>(dpd, QStringLiteral("series"), columns,
+    m_read = m_rows.ForEach<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property& property) {
+        columns.append(property.GetParamAlias());
+        propertyIds.push_back(property.GetObjectId());
+    });
+    Add<CVorDPM_DPD_Serial>(QStringLiteral("series"), columns,
                             [propertyIds](const CVorDPM_DPD_Serial& r) {
-                                QVariantList row{r.GetObjectId(), r.GetKey(), r.GetProductId(),
-                                                 r.GetImageId(), r.GetShapeId()};
-                                // Values as the row's UTF-8 bytes: a table of many rows is printed
-                                // without a text
-                                // made for each value.
+                                QVariantList row;
+                                row.reserve(5 + qsizetype(propertyIds.size()));
+                                row << r.GetObjectId() << r.GetKey() << r.GetProductId()
+                                    << r.GetImageId() << r.GetShapeId();
+                                // Values as the row's UTF-8 bytes: a table of many rows is
+                                // printed without a text made for each value.
                                 for (QByteArray& value : r.GetValuesUtf8(propertyIds))
                                     row.append(std::move(value));
                                 return row;

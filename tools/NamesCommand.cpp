@@ -1,8 +1,31 @@
 #include "NamesCommand.h"
 
+#include <QHash>
+#include <utility>
+#include <vector>
+
 #include "CVorDPMDPD.h"
+#include "CVorDPMStoredRows.h"
 #include "ToolLookup.h"
-#include "query/CVorDPMData.h"
+#include "query/CVorDPMNameRule.h"
+
+namespace {
+
+// The naming rule of each product by its object id, made ready for the definition's properties.
+// Read from the file as the series rows are, so that a large table is never held in memory.
+bool ReadRules(CVorDPMStoredRows& rows, QHash<int, CVorDPMNameRule>& rules) {
+    std::vector<std::pair<int, QString>> properties;
+    const bool read = rows.ForEach<CVorDPM_DPD_Property>([&](const CVorDPM_DPD_Property& row) {
+        properties.emplace_back(row.GetObjectId(), row.GetParamAlias());
+    });
+    return read && rows.ForEach<CVorDPM_DPD_Product>([&](const CVorDPM_DPD_Product& row) {
+        CVorDPMNameRule rule(row.GetNameRule());
+        for (const auto& [id, paramAlias] : properties) rule.AddProperty(id, paramAlias);
+        rules.insert(row.GetObjectId(), std::move(rule));
+    });
+}
+
+}  // namespace
 
 QString NamesCommand::Summary() const {
     return QStringLiteral(
@@ -12,15 +35,22 @@ QString NamesCommand::Summary() const {
 
 int NamesCommand::Execute(const QCommandLineParser& parser, ToolConsole& console) {
     const QStringList arguments = parser.positionalArguments();
-    CVorDPMDPD* dpd = ToolLookup(console).Definition(arguments[0], arguments[1]);
-    if (!dpd) return ToolConsole::NotFound;
-    CKZList<CVorDPM_DPD_Serial*> rows;
-    dpd->GetAllSerial(rows, 0);
-    for (CVorDPM_DPD_Serial* row : rows) {
-        QString name;
-        CVorDPMData::ParseProductNameRule(dpd, row, name);
-        console.Out() << ToolConsole::Record(
-            {QString::number(row->GetObjectId()), row->GetKey(), name});
-    }
-    return ToolConsole::Success;
+    ToolLookup lookup(console);
+    CVorDPMDPD* dpd = nullptr;
+    const std::unique_ptr<CVorDPMStoredRows> rows =
+        lookup.DefinitionRows(arguments[0], arguments[1], dpd);
+    if (!rows) return ToolConsole::NotFound;
+    QHash<int, CVorDPMNameRule> rules;
+    if (!ReadRules(*rows, rules)) return lookup.Unreadable(*rows, *dpd);
+    // Kept from row to row, so that naming a large table makes no text per row.
+    QString id;
+    QString name;
+    const bool read = rows->ForEach<CVorDPM_DPD_Serial>([&](const CVorDPM_DPD_Serial& row) {
+        id.setNum(row.GetObjectId());
+        name.truncate(0);
+        const auto rule = rules.constFind(row.GetProductId());
+        if (rule != rules.cend()) rule->AppendName(row, name);
+        console.WriteRecord({id, row.GetKey(), name});
+    });
+    return read ? ToolConsole::Success : lookup.Unreadable(*rows, *dpd);
 }

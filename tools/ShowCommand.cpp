@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "CVorDPMLibraryManager.h"
+#include "CVorDPMStoredRows.h"
 #include "DefinitionTables.h"
 #include "JsonStreamWriter.h"
 #include "ToolLookup.h"
@@ -75,11 +76,13 @@ private:
     std::vector<qsizetype> m_valueOrder;
 };
 
-void WriteTable(JsonStreamWriter& json, const DefinitionTables::Table& table) {
+bool WriteTable(JsonStreamWriter& json, const DefinitionTables::Table& table) {
     const JsonRowLayout layout(table);
     json.BeginArray();
-    table.forEachRow([&](const QVariantList& cells) { layout.Write(json, cells); });
+    if (!table.forEachRow([&](const QVariantList& cells) { layout.Write(json, cells); }))
+        return false;
     json.EndArray();
+    return true;
 }
 
 }  // namespace
@@ -98,41 +101,53 @@ QList<QCommandLineOption> ShowCommand::Options() const {
 
 int ShowCommand::Execute(const QCommandLineParser& parser, ToolConsole& console) {
     const QStringList arguments = parser.positionalArguments();
-    CVorDPMDPD* dpd = ToolLookup(console).Definition(arguments[0], arguments[1]);
-    if (!dpd) return ToolConsole::NotFound;
-    const DefinitionTables tables(*dpd);
-    if (parser.isSet(kJson))
-        PrintJson(dpd->GetVorDPMLibraryManager()->GetLibraryName(), dpd->GetDPDName(), tables,
-                  console.Out());
-    else
-        PrintText(tables, console.Out());
-    return ToolConsole::Success;
+    ToolLookup lookup(console);
+    CVorDPMDPD* dpd = nullptr;
+    const std::unique_ptr<CVorDPMStoredRows> rows =
+        lookup.DefinitionRows(arguments[0], arguments[1], dpd);
+    if (!rows) return ToolConsole::NotFound;
+    const DefinitionTables tables(*rows);
+    if (!tables.IsRead()) return lookup.Unreadable(*rows, *dpd);
+    const bool printed = parser.isSet(kJson)
+                             ? PrintJson(dpd->GetVorDPMLibraryManager()->GetLibraryName(),
+                                         dpd->GetDPDName(), tables, console.Out())
+                             : PrintText(tables, console.Out());
+    return printed ? ToolConsole::Success : lookup.Unreadable(*rows, *dpd);
 }
 
-void ShowCommand::PrintText(const DefinitionTables& tables, QTextStream& out) {
+bool ShowCommand::PrintText(const DefinitionTables& tables, QTextStream& out) {
     bool first = true;
     for (const DefinitionTables::Table& table : tables.Tables()) {
         if (!first) out << '\n';
         first = false;
         out << '[' << table.name << "]\n" << ToolConsole::Record(table.columns);
-        table.forEachRow([&](const QVariantList& row) {
+        const bool read = table.forEachRow([&](const QVariantList& row) {
             QStringList cells;
             for (const QVariant& value : row) cells.append(value.toString());
             out << ToolConsole::Record(cells);
         });
+        if (!read) return false;
     }
+    return true;
 }
 
 // Written as it is made, the members in the order a QJsonObject keeps them, so that the
 // output is the indented QJsonDocument of the same object, without holding it in memory.
-void ShowCommand::PrintJson(const QString& library, const QString& product,
+bool ShowCommand::PrintJson(const QString& library, const QString& product,
                             const DefinitionTables& tables, QTextStream& out) {
-    std::vector<std::pair<QString, std::function<void(JsonStreamWriter&)>>> members{
-        {QStringLiteral("library"), [&](JsonStreamWriter& json) { json.Value(library); }},
-        {QStringLiteral("product"), [&](JsonStreamWriter& json) { json.Value(product); }}};
+    std::vector<std::pair<QString, std::function<bool(JsonStreamWriter&)>>> members{
+        {QStringLiteral("library"),
+         [&](JsonStreamWriter& json) {
+             json.Value(library);
+             return true;
+         }},
+        {QStringLiteral("product"), [&](JsonStreamWriter& json) {
+             json.Value(product);
+             return true;
+         }}};
     for (const DefinitionTables::Table& table : tables.Tables())
         members.emplace_back(table.name,
-                             [&table](JsonStreamWriter& json) { WriteTable(json, table); });
+                             [&table](JsonStreamWriter& json) { return WriteTable(json, table); });
     std::sort(members.begin(), members.end(),
               [](const auto& a, const auto& b) { return a.first < b.first; });
     out.flush();
@@ -140,7 +155,8 @@ void ShowCommand::PrintJson(const QString& library, const QString& product,
     json.BeginObject();
     for (const auto& [key, write] : members) {
         json.Key(key);
-        write(json);
+        if (!write(json)) return false;
     }
     json.EndObject();
+    return true;
 }

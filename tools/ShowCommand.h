@@ -18,7 +18,8 @@ protected:
     int Execute(const QCommandLineParser& parser, ToolConsole& console) override;
 
 private:
-    static void PrintText(const DefinitionTables& tables, QTextStream& out);
-    static void PrintJson(const QString& library, const QString& product,
+    // Each false when the file could not be read to the end.
+    static bool PrintText(const DefinitionTables& tables, QTextStream& out);
+    static bool PrintJson(const QString& library, const QString& product,
                           const DefinitionTables& tables, QTextStream& out);
 };

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+#include <initializer_list>
 
 class ToolConsole {
 public:
@@ -15,12 +16,14 @@ public:
     // Fields joined by tabs and ended by a newline. Backslash, tab and line breaks inside a
     // field become \\, \t, \n and \r, so that every record keeps one line and its columns.
     static QString Record(const QStringList& fields);
+    // Writes such a record to standard output. Its line is made in a buffer that is kept, so
+    // that printing a large table makes no text per row.
+    void WriteRecord(std::initializer_list<QStringView> fields);
     // Writes "vordpm: <message>" as one line to standard error and returns `code`.
     int Fail(int code, const QString& message);
 
 private:
-    static void AppendEscaped(const QString& field, QString& line);
-
+    QString m_line;
     QTextStream m_out;
     QTextStream m_err;
 };

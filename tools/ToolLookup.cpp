@@ -1,6 +1,8 @@
 #include "ToolLookup.h"
 
+#include "CVorDPMLibraryManager.h"
 #include "CVorDPMManager.h"
+#include "CVorDPMStoredRows.h"
 #include "query/CVorDPMData.h"
 
 CVorDPMLibraryManager* ToolLookup::Library(const QString& name) {
@@ -19,14 +21,37 @@ CVorDPMDPC* ToolLookup::Catalog(const QString& library, const QString& name) {
                                                                                          : nullptr;
 }
 
-CVorDPMDPD* ToolLookup::Definition(const QString& library, const QString& name) {
+std::unique_ptr<CVorDPMStoredRows> ToolLookup::DefinitionRows(const QString& library,
+                                                              const QString& name,
+                                                              CVorDPMDPD*& dpd) {
+    dpd = FindDefinition(library, name);
+    if (!dpd) return nullptr;
+    auto rows = std::make_unique<CVorDPMStoredRows>(*dpd);
+    if (rows->Error().isEmpty()) return rows;
+    Unreadable(*rows, *dpd);
+    return nullptr;
+}
+
+int ToolLookup::Unreadable(const CVorDPMStoredRows& rows, const CVorDPMDPD& dpd) {
+    const QString what =
+        DefinitionText(dpd.GetVorDPMLibraryManager()->GetLibraryName(), dpd.GetDPDName());
+    return m_console.Fail(ToolConsole::NotFound,
+                          QStringLiteral("cannot read %1: %2").arg(what, rows.Error()));
+}
+
+CVorDPMDPD* ToolLookup::FindDefinition(const QString& library, const QString& name) {
     CVorDPMLibraryManager* owner = Library(library);
     if (!owner) return nullptr;
     CVorDPMDPD* dpd = nullptr;
-    const int status = owner->GetDPD(name, dpd);
-    return Readable(dpd, status, QStringLiteral("product definition %1/%2").arg(library, name))
-               ? dpd
-               : nullptr;
+    owner->GetDPD(name, dpd);
+    if (!dpd)
+        m_console.Fail(ToolConsole::NotFound,
+                       QStringLiteral("no %1").arg(DefinitionText(library, name)));
+    return dpd;
+}
+
+QString ToolLookup::DefinitionText(const QString& library, const QString& name) {
+    return QStringLiteral("product definition %1/%2").arg(library, name);
 }
 
 // A file that exists but cannot be read is told apart from one that is not there. The store

@@ -9,28 +9,11 @@
 #include <functional>
 #include <thread>
 
+#include "CVorDPMStoredRows.h"
+#include "support/StoreFileEdits.h"
 #include "support/StoreTestBase.h"
 
 namespace {
-
-QByteArray ReadAll(const QString& path) {
-    QFile file(path);
-    file.open(QIODevice::ReadOnly);
-    return file.readAll();
-}
-
-void Write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
-
-void Exec(const QString& path, const char* sql) {
-    sqlite3* db = nullptr;
-    ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
-    sqlite3_close(db);
-}
 
 // Integrity of the file and the distinct packed series values it holds.
 QStringList CheckedValues(const QString& path) {
@@ -62,6 +45,21 @@ protected:
         ASSERT_EQ(Manager()->SaveWork(), 1);
         Reopen();
         Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
+    }
+
+    // A one-pass read of the file fails as loading it does, and says why.
+    static void ExpectStoredRowsRefused(const CVorDPMDPD& dpd, const char* label,
+                                        const char* reason) {
+        CVorDPMStoredRows stored(dpd);
+        int rows = 0;
+        const auto count = [&](const auto&) { ++rows; };
+        EXPECT_FALSE(stored.ForEach<CVorDPM_DPD_Property>(count) &&
+                     stored.ForEach<CVorDPM_DPD_Serial>(count))
+            << label;
+        EXPECT_TRUE(stored.Error().contains(QStringLiteral("Bad.DPD")))
+            << label << ": " << stored.Error().toStdString();
+        EXPECT_TRUE(stored.Error().contains(QString::fromUtf8(reason)))
+            << label << ": " << stored.Error().toStdString();
     }
 
     QString PathOf(const char* dpd) {
@@ -119,6 +117,7 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
         // Definitions are read on first use: the lookup or that first use fails.
         CVorDPMDPD* dpd = nullptr;
         m_library->GetDPD(QStringLiteral("Bad"), dpd);
+        if (dpd) ExpectStoredRowsRefused(*dpd, c.label, c.reason);
         CKZList<CVorDPM_DPD_Property*> rows;
         EXPECT_TRUE(!dpd || dpd->GetAllProperty(rows) != VOR::eOk) << c.label;
         EXPECT_TRUE(rows.IsEmpty()) << c.label;

@@ -82,13 +82,16 @@ TEST_F(LookupTest, ValuesOfSeveralPropertiesAgreeWithSingleReads) {
     row->SetValue(QStringLiteral("中文"), 12);
     row->SetValue(QStringLiteral("gone"), 3);
     row->SetValue(QString(), 3);
-    const std::vector<int> ids{12, 3, 1, 2, 1, 99};
-    const QStringList values = row->GetValues(ids);
-    ASSERT_EQ(values.size(), qsizetype(ids.size()));
-    for (size_t i = 0; i < ids.size(); ++i)
-        EXPECT_EQ(values[qsizetype(i)], row->GetValue(ids[i])) << "property " << ids[i];
-    EXPECT_EQ(values[0], QStringLiteral("中文"));
-    EXPECT_TRUE(values[5].isEmpty());
+    // In the row's own order and out of it, with properties asked twice and ones without value.
+    const std::vector<std::vector<int>> asked{
+        {1, 2, 12}, {1, 1, 2, 12}, {1, 2, 12, 1, 12}, {12, 3, 1, 2, 1, 99}, {99, 1}, {}};
+    for (const std::vector<int>& ids : asked) {
+        const QStringList values = row->GetValues(ids);
+        ASSERT_EQ(values.size(), qsizetype(ids.size()));
+        for (size_t i = 0; i < ids.size(); ++i)
+            EXPECT_EQ(values[qsizetype(i)], row->GetValue(ids[i])) << "property " << ids[i];
+    }
+    EXPECT_EQ(row->GetValues({12, 99}), (QStringList{QStringLiteral("中文"), QString()}));
 }
 
 TEST_F(LookupTest, NameListsStaySortedThroughCreateCopyRenameAndRemove) {

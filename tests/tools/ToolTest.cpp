@@ -5,6 +5,7 @@
 
 #include "ToolRunner.h"
 #include "query/QueryFixture.h"
+#include "support/StoreFileEdits.h"
 
 // A small root made through the store: one library with a catalog of three levels, an empty
 // catalog, a bolt definition with two series rows and an unreadable definition file.
@@ -191,6 +192,11 @@ TEST_F(ToolTest, NamesEverySeriesRowFromItsRule) {
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_EQ(run.OutLines(), (QStringList{"1\t" + m_keys[0] + "\t螺栓M12*50",
                                            "2\t" + m_keys[1] + "\t螺栓M16*tab\\there"}));
+    // A row of a product that is not there has no name.
+    Exec(root.File(QStringLiteral("QXMaterial/HexBolt.DPD")),
+         "UPDATE serial SET product_id = 99 WHERE id = 2");
+    EXPECT_EQ(Run({"names", "QXMaterial", "HexBolt"}).OutLines(),
+              (QStringList{"1\t" + m_keys[0] + "\t螺栓M12*50", "2\t" + m_keys[1] + "\t"}));
 }
 
 TEST_F(ToolTest, ShowsTheFiveTablesAsText) {
@@ -221,4 +227,24 @@ TEST_F(ToolTest, ShowsTheFiveTablesAsJson) {
     EXPECT_EQ(row["Key"].toString(), m_keys[1]);
     EXPECT_EQ(row["ProductId"].toInt(), 1);
     EXPECT_EQ(row["values"].toObject()["l"].toString(), "tab\there");
+}
+
+// Rows are printed as they are read: a row that cannot be read ends the output there, and the
+// tool fails naming the definition and the reason.
+TEST_F(ToolTest, ARowThatCannotBeReadEndsTheOutputAndFails) {
+    Exec(root.File(QStringLiteral("QXMaterial/HexBolt.DPD")),
+         "UPDATE serial SET product_id = 4294967297 WHERE id = 2");
+    const ToolRun names = Run({"names", "QXMaterial", "HexBolt"});
+    EXPECT_EQ(names.exitCode, 1);
+    EXPECT_EQ(names.OutLines(), QStringList{"1\t" + m_keys[0] + "\t螺栓M12*50"});
+    for (const QStringList& arguments : {QStringList{"names", "QXMaterial", "HexBolt"},
+                                         QStringList{"show", "QXMaterial", "HexBolt"},
+                                         QStringList{"show", "QXMaterial", "HexBolt", "--json"}}) {
+        const ToolRun run = Run(arguments);
+        EXPECT_EQ(run.exitCode, 1) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(run.HasOneErrorLine()) << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains("cannot read product definition QXMaterial/HexBolt"))
+            << run.err.toStdString();
+        EXPECT_TRUE(run.err.contains("outside the range")) << run.err.toStdString();
+    }
 }
