@@ -1,5 +1,7 @@
 #include "query/CVorDPMNameRule.h"
 
+#include <algorithm>
+
 #include "CVorDPM_DPD_Serial.h"
 #include "query/CVorDPMData.h"
 
@@ -27,6 +29,18 @@ const QStringList& RuleTokens(const QString& rule) {
     return lastTokens;
 }
 
+// Most values are plain ASCII (sizes, numbers), which is widened in place; only others are
+// decoded into a text of their own first.
+void AppendUtf8(const QByteArray& utf8, QString& text) {
+    if (!std::all_of(utf8.cbegin(), utf8.cend(), [](char c) { return uchar(c) < 0x80; })) {
+        text += QString::fromUtf8(utf8);
+        return;
+    }
+    const qsizetype start = text.size();
+    text.resize(start + utf8.size());
+    std::copy(utf8.cbegin(), utf8.cend(), reinterpret_cast<char16_t*>(text.data()) + start);
+}
+
 }  // namespace
 
 CVorDPMNameRule::CVorDPMNameRule(const QString& rule)
@@ -45,10 +59,10 @@ void CVorDPMNameRule::AppendName(const CVorDPM_DPD_Serial& row, QString& name) c
     // A rule names a few of the properties: each value is looked up on its own, which stops at
     // its line, rather than unpacking the whole row.
     for (const int property : m_valueProperties) {
-        const QString value = row.GetValue(property);
+        const QByteArray value = row.GetValueUtf8(property);
         if (value.isEmpty()) continue;
         if (!first) name += QLatin1Char('*');
         first = false;
-        name += value;
+        AppendUtf8(value, name);
     }
 }

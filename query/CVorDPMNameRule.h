@@ -6,7 +6,7 @@
 
 #include <QString>
 #include <QStringList>
-#include <vector>
+#include <QVarLengthArray>
 
 #include "query/VorDPMEditorExport.h"
 
@@ -27,5 +27,7 @@ private:
     QStringList m_tokens;
     bool m_names = false;
     // One entry per token that names the property: a property named twice gives its value twice.
-    std::vector<int> m_valueProperties;
+    // Held inline: a rule names a few properties, and the name of a single row is often
+    // asked for with a rule made for it alone.
+    QVarLengthArray<int, 8> m_valueProperties;
 };

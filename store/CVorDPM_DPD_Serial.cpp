@@ -67,9 +67,15 @@ QByteArray UnescapeBytes(const char* bytes, qsizetype length) {
     return plain;
 }
 
-QString Unescape(const char* bytes, qsizetype length) {
-    if (!std::memchr(bytes, '\\', size_t(length))) return QString::fromUtf8(bytes, length);
-    return QString::fromUtf8(UnescapeBytes(bytes, length));
+// The value bytes of the property's line; without escapes a view of the packed bytes.
+QByteArray Utf8ValueIn(const QByteArray& packed, int propertyObjectId) {
+    PackedEntry entry;
+    if (!FindEntry(
+            packed, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; }, entry))
+        return {};
+    if (std::memchr(entry.value, '\\', size_t(entry.valueLength)))
+        return UnescapeBytes(entry.value, entry.valueLength);
+    return QByteArray::fromRawData(entry.value, entry.valueLength);
 }
 
 QByteArray Escape(const QString& value) {
@@ -93,11 +99,11 @@ QString CVorDPM_DPD_Serial::GetValue(int propertyObjectId) const {
 }
 
 QString CVorDPM_DPD_Serial::ValueIn(const QByteArray& packed, int propertyObjectId) {
-    PackedEntry entry;
-    if (!FindEntry(
-            packed, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; }, entry))
-        return {};
-    return Unescape(entry.value, entry.valueLength);
+    return QString::fromUtf8(Utf8ValueIn(packed, propertyObjectId));
+}
+
+QByteArray CVorDPM_DPD_Serial::GetValueUtf8(int propertyObjectId) const {
+    return Utf8ValueIn(m_values, propertyObjectId);
 }
 
 QStringList CVorDPM_DPD_Serial::GetValues(const std::vector<int>& propertyObjectIds) const {

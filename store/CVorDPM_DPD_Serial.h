@@ -24,6 +24,9 @@ public:
     QString GetValue(int propertyObjectId) const;
     // The same, read from packed values as GetPackedValues gives them.
     static QString ValueIn(const QByteArray& packed, int propertyObjectId);
+    // The same as UTF-8 bytes. A value without escapes refers to the row's own bytes (valid
+    // until the row changes), so that naming a large table makes no text per value.
+    QByteArray GetValueUtf8(int propertyObjectId) const;
     // The values of the given properties, in the order given (empty where none is set), read
     // in one pass over the packed row: reading them one by one would walk it once per property.
     QStringList GetValues(const std::vector<int>& propertyObjectIds) const;

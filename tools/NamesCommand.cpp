@@ -1,6 +1,9 @@
 #include "NamesCommand.h"
 
 #include <QHash>
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -25,6 +28,14 @@ bool ReadRules(CVorDPMStoredRows& rows, QHash<int, CVorDPMNameRule>& rules) {
     });
 }
 
+// The id as text in a buffer of the caller's, so that naming a large table makes no text per id.
+QStringView IdText(int id, std::array<char16_t, 12>& buffer) {
+    char digits[12];
+    const char* end = std::to_chars(digits, digits + sizeof digits, id).ptr;
+    std::copy(static_cast<const char*>(digits), end, buffer.begin());
+    return QStringView(buffer.data(), end - digits);
+}
+
 }  // namespace
 
 QString NamesCommand::Summary() const {
@@ -43,14 +54,13 @@ int NamesCommand::Execute(const QCommandLineParser& parser, ToolConsole& console
     QHash<int, CVorDPMNameRule> rules;
     if (!ReadRules(*rows, rules)) return lookup.Unreadable(*rows, *dpd);
     // Kept from row to row, so that naming a large table makes no text per row.
-    QString id;
+    std::array<char16_t, 12> id;
     QString name;
     const bool read = rows->ForEach<CVorDPM_DPD_Serial>([&](const CVorDPM_DPD_Serial& row) {
-        id.setNum(row.GetObjectId());
         name.truncate(0);
         const auto rule = rules.constFind(row.GetProductId());
         if (rule != rules.cend()) rule->AppendName(row, name);
-        console.WriteRecord({id, row.GetKey(), name});
+        console.WriteRecord({IdText(row.GetObjectId(), id), row.GetKey(), name});
     });
     return read ? ToolConsole::Success : lookup.Unreadable(*rows, *dpd);
 }

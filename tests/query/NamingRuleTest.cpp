@@ -77,6 +77,19 @@ TEST_F(NamingRuleTest, ThirdAndLaterValuesAreJoinedWithStars) {
     EXPECT_EQ(name, QStringLiteral("BoltM12*50*7.5"));
 }
 
+TEST_F(NamingRuleTest, ValuesAppearAsStoredBeyondAsciiAndWithEscapedCharacters) {
+    for (const char* value : {"不锈钢 A2", "Ω10", "back\\slash", "two\nlines",
+                              "\xEF\xBB\xBF"
+                              "bom"}) {
+        CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%d%l"));
+        serial->SetValue(QString::fromUtf8(value), m_d->GetObjectId());
+        QString name;
+        ASSERT_EQ(CVorDPMData::ParseProductNameRule(m_dpd, serial, name), 1) << value;
+        EXPECT_EQ(name, QStringLiteral("Bolt") + QString::fromUtf8(value) + QStringLiteral("*50"))
+            << value;
+    }
+}
+
 TEST_F(NamingRuleTest, MatchesParameterNamesIgnoringCaseBeyondAscii) {
     const CVorDPM_DPD_Property* angle = AddProperty(m_dpd, QStringLiteral("Δα"));
     CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%δΑ%dd"));

@@ -88,8 +88,10 @@ TEST_F(LookupTest, ValuesOfSeveralPropertiesAgreeWithSingleReads) {
     for (const std::vector<int>& ids : asked) {
         const QStringList values = row->GetValues(ids);
         ASSERT_EQ(values.size(), qsizetype(ids.size()));
-        for (size_t i = 0; i < ids.size(); ++i)
+        for (size_t i = 0; i < ids.size(); ++i) {
             EXPECT_EQ(values[qsizetype(i)], row->GetValue(ids[i])) << "property " << ids[i];
+            EXPECT_EQ(QString::fromUtf8(row->GetValueUtf8(ids[i])), row->GetValue(ids[i]));
+        }
     }
     EXPECT_EQ(row->GetValues({12, 99}), (QStringList{QStringLiteral("中文"), QString()}));
 }
