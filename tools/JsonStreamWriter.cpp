@@ -46,6 +46,7 @@ void AppendEscaped(QByteArray& out, char c) {
 // Appends by copying into room made at the end: QByteArray::append of another array goes
 // through its general insert, which costs more than the copy for the short pieces of JSON.
 void Append(QByteArray& out, QByteArrayView bytes) {
+    if (bytes.isEmpty()) return;  // an empty text may have no bytes to copy from at all
     const qsizetype at = out.size();
     out.resize(at + bytes.size());
     std::memcpy(out.data() + at, bytes.data(), size_t(bytes.size()));
@@ -159,6 +160,7 @@ void JsonStreamWriter::Close(char bracket) {
 }
 
 void JsonStreamWriter::Indent(size_t depth) {
+    if (depth == 0) return;
     const qsizetype at = m_buffer.size();
     m_buffer.resize(at + static_cast<qsizetype>(4 * depth));
     std::memset(m_buffer.data() + at, ' ', 4 * depth);
