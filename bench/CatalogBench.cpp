@@ -3,7 +3,6 @@
 // 5,000 products, and accepting the add-products dialog with 1,000 ticked products.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QPushButton>
 
@@ -201,13 +200,3 @@ void BM_AddProductsOk1000(benchmark::State& state) {
 BENCHMARK(BM_AddProductsOk1000)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    BenchScratch::RunHeadlessUnlessTold();
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -3,11 +3,8 @@
 // levels, with the store warm and cold, next to the plain loop that appends as many nodes.
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
-
 #include "BenchData.h"
 #include "BenchLibraryRoot.h"
-#include "BenchScratch.h"
 #include "CVorDPMManager.h"
 #include "query/CVorDPMData.h"
 #include "shell/CVorDPMTreeCtrlEx.h"
@@ -154,13 +151,3 @@ void BM_PlainNodes(benchmark::State& state) {
 BENCHMARK(BM_PlainNodes)->Arg(1000)->Arg(10000)->Arg(50000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    BenchScratch::RunHeadlessUnlessTold();
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
