@@ -211,8 +211,7 @@ std::vector<std::pair<QPushButton*, int>> CDPMContentPage::Buttons() const {
 void CDPMContentPage::ConnectSignals() {
     for (const auto& [button, command] : Buttons())
         connect(button, &QPushButton::clicked, this, [this, command] { OnCommand(command); });
-    connect(m_tree, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem* current) { OnTreeSelChanging(current); });
+    connect(m_tree, &QTreeWidget::currentItemChanged, this, [this] { OnTreeSelChanging(); });
     connect(m_labelDelegate, &CVorDPMLabelEditDelegate::LabelEditEnded, this,
             &CDPMContentPage::OnLabelEditEnded);
     for (CVorDPMReportCtrlBase* report : {m_contents, m_references})
@@ -230,7 +229,6 @@ int CDPMContentPage::SetCurrentPath(const QString& path) {
     if (!path.contains(QLatin1Char('/'))) {
         ClearTree();
         m_references->GetRecords()->RemoveAllRecords();
-        m_valid = 0;
         m_status->hide();
         UpdateCommandUi();
         return 0;
@@ -244,7 +242,6 @@ int CDPMContentPage::SetCurrentPath(const QString& path) {
     RebuildTree();
     ReloadReferences();
     ShowCatalogProblem();
-    m_valid = 1;
     UpdateCommandUi();
     return 1;
 }
@@ -270,8 +267,6 @@ CVorDPMDPC* CDPMContentPage::Catalog() const {
 // emptied without asking it about them.
 void CDPMContentPage::ClearTree() {
     m_renamedNode = nullptr;
-    m_currentNode = nullptr;
-    m_selectedPath.clear();
     {
         const QSignalBlocker blocker(m_tree);
         m_tree->clear();
@@ -322,23 +317,30 @@ std::vector<Row> CDPMContentPage::ReferenceRows(CVorDPMDPC& catalog) {
 
 void CDPMContentPage::ReloadContents() {
     std::vector<Row> rows;
-    m_tree->GetContListItemText(m_currentNode, rows);
+    m_tree->GetContListItemText(m_tree->currentItem(), rows);
     CVorDPMTypedRows::Fill(*m_contents, rows, true);
 }
 
-void CDPMContentPage::OnTreeSelChanging(QTreeWidgetItem* node) {
-    m_currentNode = node;
+void CDPMContentPage::OnTreeSelChanging() {
     ReloadContents();
-    m_selectedPath.clear();
-    m_tree->GetSelectdItemPath(node, m_selectedPath);
     UpdateCommandUi();
+}
+
+QTreeWidgetItem* CDPMContentPage::GetCurrentNode() const {
+    return m_tree->currentItem();
+}
+
+QString CDPMContentPage::GetSelectedNodePath() const {
+    QString path;
+    m_tree->GetSelectdItemPath(m_tree->currentItem(), path);
+    return path;
 }
 
 bool CDPMContentPage::IsCommandEnabled(int commandId) const {
     switch (ButtonOf(commandId)) {
         case IDC_ADD_REFERENCE:
         case IDC_VERSION:
-            return m_valid == 1;
+            return m_currentPath.contains(QLatin1Char('/'));
         case IDC_REMOVE_REFERENCE:
             return m_references->GetSelRecord() != nullptr;
         case IDC_ADD_PRODUCT:
@@ -346,7 +348,7 @@ bool CDPMContentPage::IsCommandEnabled(int commandId) const {
         case IDC_REMOVE_PRODUCT:
             return m_contents->GetSelRecord() != nullptr;
         case ID_RENAME_CLASS:
-            return m_currentNode != m_tree->topLevelItem(0);
+            return m_tree->currentItem() != m_tree->topLevelItem(0);
         default:
             return false;
     }
@@ -444,20 +446,15 @@ void CDPMContentPage::OnRemoveReferences() {
 }
 
 void CDPMContentPage::OnAddProducts() {
-    QString path;
-    m_tree->GetSelectdItemPath(m_tree->currentItem(), path);
-    CVorDPMAddProductDlg dialog(m_library, path, this);
+    CVorDPMAddProductDlg dialog(m_library, GetSelectedNodePath(), this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
     emit Modified();
-    ReloadContents();
+    // The rebuilt tree selects its root, which reads the contents again.
     RebuildTree();
 }
 
 void CDPMContentPage::OnRemoveProducts() {
-    QString catalogName, class1, class2, class3;
-    CVorDPMData::GetDPCType(m_selectedPath, catalogName, class1, class2, class3);
-    CVorDPMDPC* catalog = nullptr;
-    CVorDPMData::GetDPCManger(m_library, catalogName, catalog);
+    CVorDPMDPC* catalog = Catalog();
     if (!catalog) return;
     for (const CVorDPMReportRecord* record : m_contents->GetSelRecords()) {
         const int id = static_cast<int>(m_contents->GetSelectRecordData(record));
@@ -503,18 +500,14 @@ void CDPMContentPage::OnLabelEditEnded(const QString& text) {
 
 // Every content whose classification at the node's level bears the old text is renamed, also
 // under other parent classifications: the rename goes by level and text only.
-int CDPMContentPage::RenameClassification(QTreeWidgetItem* node, const QString& oldText,
-                                          const QString& newText) {
-    if (!node) {
-        emit Modified();
-        return 1;
-    }
+void CDPMContentPage::RenameClassification(QTreeWidgetItem* node, const QString& oldText,
+                                           const QString& newText) {
     QString path, catalogName, class1, class2, class3;
     m_tree->GetSelectdItemPath(node, path);
     const CVorDPM_DPC_Content::ProductType level =
         CVorDPMData::GetDPCType(path, catalogName, class1, class2, class3);
     CVorDPMDPC* catalog = Catalog();
-    if (!catalog) return 0;
+    if (!catalog) return;
     CKZList<CVorDPM_DPC_Content*> contents;
     catalog->GetAllContent(level, oldText, contents, 0);
     if (level != CVorDPM_DPC_Content::NoType) {
@@ -522,5 +515,4 @@ int CDPMContentPage::RenameClassification(QTreeWidgetItem* node, const QString& 
     }
     node->setText(0, newText);
     emit Modified();
-    return 1;
 }

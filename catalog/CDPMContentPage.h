@@ -69,9 +69,8 @@ public:
     CVorDPMTreeCtrlEx* GetTreeCtrl() const { return m_tree; }
     CVorDPMReportCtrlBase* GetReferenceReport() const { return m_references; }
     CVorDPMReportCtrlBase* GetContentReport() const { return m_contents; }
-    QTreeWidgetItem* GetCurrentNode() const { return m_currentNode; }
-    const QString& GetSelectedNodePath() const { return m_selectedPath; }
-    int IsCatalogValid() const { return m_valid; }
+    QTreeWidgetItem* GetCurrentNode() const;
+    QString GetSelectedNodePath() const;
 
 signals:
     // The page changed the catalog's contents; the main dialog keeps the flag until saving.
@@ -96,7 +95,7 @@ private:
     void ReloadReferences();
     void ReloadContents();
     static std::vector<std::vector<struTypeData>> ReferenceRows(CVorDPMDPC& catalog);
-    void OnTreeSelChanging(QTreeWidgetItem* node);
+    void OnTreeSelChanging();
     void ShowPopupMenu(int menuId);
     void OnTreeRightClick(const QPoint& position);
 
@@ -107,16 +106,14 @@ private:
     void OnVersion();
     void OnRenameClassification();
     void OnLabelEditEnded(const QString& text);
-    int RenameClassification(QTreeWidgetItem* node, const QString& oldText, const QString& newText);
+    void RenameClassification(QTreeWidgetItem* node, const QString& oldText,
+                              const QString& newText);
 
     QString m_currentPath;
     QString m_library;
     QString m_catalog;
-    QString m_selectedPath;
-    QTreeWidgetItem* m_currentNode = nullptr;
     // The node whose label is being edited by a rename.
     QTreeWidgetItem* m_renamedNode = nullptr;
-    int m_valid = 0;
 
     CVorDPMTreeCtrlEx* m_tree;
     CVorDPMLabelEditDelegate* m_labelDelegate;

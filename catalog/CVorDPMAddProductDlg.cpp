@@ -139,9 +139,9 @@ void CVorDPMAddProductDlg::FillSeriesList(QTreeWidgetItem* node) {
     std::vector<QString> heads;
     m_tree->GetDataListColunmHead(node, heads);
     for (const QString& head : heads) m_series->InsertColumn(m_series->GetColumnCount(), head, 80);
+    if (heads.empty()) return;
     std::vector<std::vector<QString>> rows;
     m_tree->GetDataListItemText(node, rows);
-    if (heads.empty()) return;
     for (const std::vector<QString>& cells : rows) {
         const int row = m_series->InsertItem(m_series->GetItemCount(),
                                              QString::number(m_series->GetItemCount() + 1));
