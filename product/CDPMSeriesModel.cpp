@@ -1,7 +1,7 @@
 #include "CDPMSeriesModel.h"
 
 #include "CVorDPMDPD.h"
-#include "query/CVorDPMData.h"
+#include "query/CVorDPMNameRule.h"
 
 namespace {
 // A property with this property id is internal to the definition and not shown.
@@ -34,15 +34,32 @@ bool CDPMSeriesModel::Read() {
         m_properties.push_back(property->GetObjectId());
         m_heads.append(property->GetPropertyAlias());
     }
+    const QHash<int, CVorDPMNameRule> rules = NameRules(properties);
     m_rows.reserve(static_cast<size_t>(serials.GetCount()));
     m_names.reserve(static_cast<size_t>(serials.GetCount()));
     for (CVorDPM_DPD_Serial* serial : serials) {
         QString name;
-        CVorDPMData::ParseProductNameRule(m_dpd, serial, name);
+        const auto rule = rules.constFind(serial->GetProductId());
+        if (rule != rules.cend()) rule->AppendName(*serial, name);
         m_rows.push_back(serial);
         m_names.push_back(name);
     }
     return true;
+}
+
+// Each product's naming rule, prepared once for all of its rows, by the product's object id.
+QHash<int, CVorDPMNameRule> CDPMSeriesModel::NameRules(
+    const CKZList<CVorDPM_DPD_Property*>& properties) const {
+    CKZList<CVorDPM_DPD_Product*> products;
+    m_dpd->GetAllProduct(products, 0);
+    QHash<int, CVorDPMNameRule> rules;
+    for (const CVorDPM_DPD_Product* product : products) {
+        CVorDPMNameRule rule(product->GetNameRule());
+        for (const CVorDPM_DPD_Property* property : properties)
+            rule.AddProperty(property->GetObjectId(), property->GetParamAlias());
+        rules.insert(product->GetObjectId(), std::move(rule));
+    }
+    return rules;
 }
 
 CVorDPM_DPD_Serial* CDPMSeriesModel::GetSerial(int row) const {

@@ -5,10 +5,15 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QStringList>
 #include <vector>
 
+#include "CKZList.h"
+#include "query/CVorDPMNameRule.h"
+
 class CVorDPMDPD;
+class CVorDPM_DPD_Property;
 class CVorDPM_DPD_Serial;
 
 class CDPMSeriesModel : public QAbstractTableModel {
@@ -31,6 +36,7 @@ public:
 
 private:
     bool Read();
+    QHash<int, CVorDPMNameRule> NameRules(const CKZList<CVorDPM_DPD_Property*>& properties) const;
 
     CVorDPMDPD* m_dpd = nullptr;
     std::vector<CVorDPM_DPD_Serial*> m_rows;

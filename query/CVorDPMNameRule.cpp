@@ -43,8 +43,7 @@ void AppendUtf8(const QByteArray& utf8, QString& text) {
 
 }  // namespace
 
-CVorDPMNameRule::CVorDPMNameRule(const QString& rule)
-    : m_tokens(RuleTokens(rule)), m_names(!m_tokens.isEmpty()) {}
+CVorDPMNameRule::CVorDPMNameRule(const QString& rule) : m_tokens(RuleTokens(rule)) {}
 
 void CVorDPMNameRule::AddProperty(int propertyObjectId, const QString& paramAlias) {
     for (qsizetype i = 1; i < m_tokens.size(); ++i)
@@ -53,7 +52,7 @@ void CVorDPMNameRule::AddProperty(int propertyObjectId, const QString& paramAlia
 }
 
 void CVorDPMNameRule::AppendName(const CVorDPM_DPD_Serial& row, QString& name) const {
-    if (!m_names) return;
+    if (!Names()) return;
     name += m_tokens.first();
     bool first = true;
     // A rule names a few of the properties: each value is looked up on its own, which stops at

@@ -17,7 +17,7 @@ public:
     explicit CVorDPMNameRule(const QString& rule);
 
     // False for a rule without tokens: it gives no name.
-    bool Names() const { return m_names; }
+    bool Names() const { return !m_tokens.isEmpty(); }
     // Call for each property of the definition, in their order.
     void AddProperty(int propertyObjectId, const QString& paramAlias);
     // Appends the row's name to `name`; empty values are left out.
@@ -25,7 +25,6 @@ public:
 
 private:
     QStringList m_tokens;
-    bool m_names = false;
     // One entry per token that names the property: a property named twice gives its value twice.
     // Held inline: a rule names a few properties, and the name of a single row is often
     // asked for with a rule made for it alone.

@@ -67,15 +67,20 @@ QByteArray UnescapeBytes(const char* bytes, qsizetype length) {
     return plain;
 }
 
-// The value bytes of the property's line; without escapes a view of the packed bytes.
+// The entry's value bytes; without escapes a view of the packed bytes.
+QByteArray ValueBytes(const PackedEntry& entry) {
+    if (std::memchr(entry.value, '\\', size_t(entry.valueLength)))
+        return UnescapeBytes(entry.value, entry.valueLength);
+    return QByteArray::fromRawData(entry.value, entry.valueLength);
+}
+
+// The value bytes of the property's line.
 QByteArray Utf8ValueIn(const QByteArray& packed, int propertyObjectId) {
     PackedEntry entry;
     if (!FindEntry(
             packed, [&](const PackedEntry& e) { return e.propertyId == propertyObjectId; }, entry))
         return {};
-    if (std::memchr(entry.value, '\\', size_t(entry.valueLength)))
-        return UnescapeBytes(entry.value, entry.valueLength);
-    return QByteArray::fromRawData(entry.value, entry.valueLength);
+    return ValueBytes(entry);
 }
 
 QByteArray Escape(const QString& value) {
@@ -125,9 +130,7 @@ std::vector<QByteArray> CVorDPM_DPD_Serial::GetValuesUtf8(
     size_t next = 0;
     const auto take = [&](size_t i, const PackedEntry& e) {
         if (filled[i]) return;
-        values[i] = std::memchr(e.value, '\\', size_t(e.valueLength))
-                        ? UnescapeBytes(e.value, e.valueLength)
-                        : QByteArray::fromRawData(e.value, e.valueLength);
+        values[i] = ValueBytes(e);
         filled[i] = true;
     };
     PackedEntry unused;

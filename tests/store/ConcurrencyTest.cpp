@@ -2,7 +2,6 @@
 // same files; no save may silently undo the other's work.
 #include <sqlite3.h>
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -184,14 +183,11 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
         for (QProcess& child : children) {
             child.write("go\n");
             child.waitForBytesWritten();
-            std::fprintf(stderr, "wrote %lld\n", (long long)QDateTime::currentMSecsSinceEpoch());
         }
         QStringList outcomes;
         for (QProcess& child : children) {
             child.waitForFinished(60000);
             outcomes.append(QString::fromUtf8(child.readAllStandardOutput()).trimmed());
-            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
-            std::fprintf(stderr, "%s\n", child.readAllStandardError().constData());
         }
         const int winner = outcomes[0].endsWith(QStringLiteral("ok")) ? 0 : 1;
         ASSERT_TRUE(outcomes[winner].endsWith(QStringLiteral("ok")))
