@@ -25,6 +25,7 @@
 #include "product/CVorDPMNewProductDlg.h"
 #include "product/VorDPMProductNames.h"
 #include "query/CVorDPMData.h"
+#include "shell/VorDPMSaveWork.h"
 
 namespace {
 
@@ -391,9 +392,7 @@ CVorDPMDPD* CDPMDataPage::SelectedDefinition() const {
 }
 
 bool CDPMDataPage::SaveStore() {
-    if (CVorDPMManager::GetVorDPMManager()->SaveWork()) return true;
-    ShowMessage(tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText()));
-    return false;
+    return VorDPMSaveWork::SaveOrTell(this).isEmpty();
 }
 
 void CDPMDataPage::ShowMessage(const QString& text) {

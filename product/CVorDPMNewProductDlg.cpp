@@ -13,6 +13,7 @@
 #include "product/CVorDPMCreateProductDlg.h"
 #include "product/VorDPMProductNames.h"
 #include "query/CVorDPMData.h"
+#include "shell/VorDPMSaveWork.h"
 #include "template/VorDPMTemplateTree.h"
 
 namespace {
@@ -103,7 +104,5 @@ void CVorDPMNewProductDlg::EnterIntoCatalog(CVorDPMLibraryManager& library,
     // product the catalog holds under the same classification.
     const CVorDPMContentAdder adder(catalog, level0, level1, level2);
     if (adder.Add(product) != CVorDPMContentAdder::Added) return;
-    if (!CVorDPMManager::GetVorDPMManager()->SaveWork())
-        CVorDPMUiService::Instance()->ShowMessage(
-            this, tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText()));
+    VorDPMSaveWork::SaveOrTell(this);
 }

@@ -4,10 +4,9 @@
 #include <QVBoxLayout>
 
 #include "CVorDPMCommandManager.h"
-#include "CVorDPMManager.h"
-#include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
 #include "product/CVorDPMEditProductDlg.h"
+#include "shell/VorDPMSaveWork.h"
 
 CVorDPMProductHostDlg::CVorDPMProductHostDlg(int templateId, CVorDPMDPDBase* dpd,
                                              PreviewDrawCallback draw, PreviewCloseCallback close,
@@ -43,14 +42,11 @@ bool CVorDPMProductHostDlg::SaveEdits(bool keepEditing) {
     CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
     if (m_commandOpen) commands->EndCommand();
     m_commandOpen = false;
-    const bool saved = CVorDPMManager::GetVorDPMManager()->SaveWork();
+    const bool saved = VorDPMSaveWork::SaveOrTell(this).isEmpty();
     if (keepEditing) {
         commands->StartCommand();
         m_commandOpen = true;
     }
-    if (!saved)
-        CVorDPMUiService::Instance()->ShowMessage(
-            this, tr("保存失败: %1").arg(CVorDPMManager::GetLastErrorText()));
     return saved;
 }
 
