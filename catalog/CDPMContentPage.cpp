@@ -23,6 +23,7 @@
 #include "common/VorDPMControlId.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "query/CVorDPMData.h"
+#include "shell/CVorDPMDialogBase.h"
 
 namespace {
 
@@ -147,9 +148,9 @@ CDPMContentPage::~CDPMContentPage() = default;
 // Column widths are given in dialog units (a quarter of the average character width), so that
 // the columns keep their proportions to the text on any font.
 std::vector<int> CDPMContentPage::ColumnWidths(const std::vector<int>& units) const {
-    const double unit = fontMetrics().averageCharWidth() / 4.0;
     std::vector<int> pixels;
-    for (int width : units) pixels.push_back(qRound(width * unit));
+    for (int width : units)
+        pixels.push_back(CVorDPMDialogBase::MapDialogRect(*this, QRect(0, 0, width, 0)).width());
     return pixels;
 }
 

@@ -224,6 +224,7 @@ bool CDPMDataPage::OnCommand(int commandId) {
 
 std::unique_ptr<QMenu> CDPMDataPage::CreateProductMenu() {
     auto menu = std::make_unique<QMenu>(tr("产品"), this);
+    VorDPMControlId::Set(menu.get(), IDR_PRODUCT_MENU);
     const std::pair<int, QString> entries[] = {{ID_RENAME_PRODUCT, tr("产品重命名")},
                                                {ID_ADD_PRODUCT, tr("添加产品")},
                                                {ID_REMOVE_PRODUCT, tr("删除产品")},

@@ -9,6 +9,7 @@
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "shell/CVorDPMDialogBase.h"
 
 namespace {
 
@@ -118,7 +119,7 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
                                              QWidget* parent)
     : QWidget(parent), m_dpd(dpd), m_draw(draw), m_close(close), m_move(move), m_resizer(this) {
     VorDPMControlId::Set(this, IDD);
-    resize(MapDialogRect(kSize).size());
+    resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
     for (int table = Properties; table <= Series; ++table) CreateTable(table);
     for (int table : kFillOrder) {
         m_tables[table]->BuildColumns();
@@ -132,15 +133,15 @@ CVorDPMEditProductDlg::~CVorDPMEditProductDlg() = default;
 void CVorDPMEditProductDlg::CreateTable(int table) {
     const TableLayout& layout = kTables[table];
     auto* box = new QGroupBox(tr(layout.title), this);
-    box->setGeometry(MapDialogRect(layout.box));
+    box->setGeometry(CVorDPMDialogBase::MapDialogRect(*this, layout.box));
     auto* list = new CVorDPMListCtrlEx(this);
-    list->setGeometry(MapDialogRect(layout.list));
+    list->setGeometry(CVorDPMDialogBase::MapDialogRect(*this, layout.list));
     VorDPMControlId::Set(list, layout.listId);
     CVorDPMDefinitionList::Buttons buttons{};
     for (int command = 0; command < 4; ++command) {
         auto* button = new QToolButton(this);
         const QPoint at(layout.buttonX, layout.list.top() + command * (kButton.height() + 1));
-        button->setGeometry(MapDialogRect(QRect(at, kButton)));
+        button->setGeometry(CVorDPMDialogBase::MapDialogRect(*this, QRect(at, kButton)));
         button->setIcon(QIcon(QString::fromLatin1(kButtons[command].icon)));
         button->setIconSize(QSize(16, 16));
         button->setToolTip(tr(kButtons[command].tooltip));
@@ -173,14 +174,6 @@ void CVorDPMEditProductDlg::CreateTable(int table) {
     for (QAbstractButton* button : buttons)
         m_resizer.SetResize(button, {layout.bottomRight.x(), layout.topLeft.y()},
                             {layout.bottomRight.x(), layout.topLeft.y()});
-}
-
-QRect CVorDPMEditProductDlg::MapDialogRect(const QRect& units) const {
-    const QFontMetrics metrics(font());
-    const double x = metrics.averageCharWidth() / 4.0;
-    const double y = metrics.height() / 8.0;
-    return QRect(qRound(units.x() * x), qRound(units.y() * y), qRound(units.width() * x),
-                 qRound(units.height() * y));
 }
 
 CVorDPMListCtrlEx* CVorDPMEditProductDlg::GetList(int table) const {

@@ -54,7 +54,6 @@ protected:
 
 private:
     void CreateTable(int table);
-    QRect MapDialogRect(const QRect& units) const;
 
     CVorDPMDPDBase* m_dpd;
     PreviewDrawCallback m_draw;

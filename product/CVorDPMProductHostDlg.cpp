@@ -11,13 +11,11 @@
 CVorDPMProductHostDlg::CVorDPMProductHostDlg(int templateId, CVorDPMDPDBase* dpd,
                                              PreviewDrawCallback draw, PreviewCloseCallback close,
                                              PreviewMoveCallback move, QWidget* parent)
-    : CVorDPMDialogBase(templateId, parent),
-      m_panel(new CVorDPMEditProductDlg(dpd, draw, close, move, this)),
-      m_buttons(new QHBoxLayout) {
+    : CVorDPMDialogBase(templateId, parent), m_buttons(new QHBoxLayout) {
     m_buttons->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
-    layout->addWidget(m_panel, 1);
+    layout->addWidget(new CVorDPMEditProductDlg(dpd, draw, close, move, this), 1);
     layout->addLayout(m_buttons);
     CVorDPMCommandManager::GetInstance()->StartCommand();
     m_commandOpen = true;
@@ -25,10 +23,6 @@ CVorDPMProductHostDlg::CVorDPMProductHostDlg(int templateId, CVorDPMDPDBase* dpd
 
 CVorDPMProductHostDlg::~CVorDPMProductHostDlg() {
     AbortEdits();
-}
-
-void CVorDPMProductHostDlg::UpdateCommandUi() {
-    m_panel->UpdateCommandUi();
 }
 
 QPushButton* CVorDPMProductHostDlg::AddRowButton(int id, const QString& text) {

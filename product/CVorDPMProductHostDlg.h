@@ -10,7 +10,6 @@
 #include "ExportVorDPMEditor.h"
 
 class CVorDPMDPDBase;
-class CVorDPMEditProductDlg;
 class QHBoxLayout;
 
 class CVorDPMProductHostDlg : public CVorDPMDialogBase {
@@ -23,13 +22,7 @@ public:
     // Rolls back edits not saved, also when the dialog never ended.
     ~CVorDPMProductHostDlg() override;
 
-    CVorDPMEditProductDlg* GetPanel() const { return m_panel; }
-    // The dialog's buttons have no rules of their own; the panel's follow its lists.
-    void UpdateCommandUi() override;
-
 protected:
-    // The row below the panel, for the dialog's buttons (right-aligned).
-    QHBoxLayout* ButtonRow() const { return m_buttons; }
     // A button of the row; none is a default button, so Enter never closes the dialog.
     QPushButton* AddRowButton(int id, const QString& text);
     // Commits the edits and writes the store; with `keepEditing` a new command collects the
@@ -40,7 +33,6 @@ protected:
 private:
     void AbortEdits();
 
-    CVorDPMEditProductDlg* m_panel;
     QHBoxLayout* m_buttons;
     bool m_commandOpen = false;
 };

@@ -14,7 +14,11 @@ CVorDPMDialogBase::CVorDPMDialogBase(int templateId, QWidget* parent)
 }
 
 QRect CVorDPMDialogBase::MapDialogRect(const QRect& units) const {
-    const QFontMetrics metrics(font());
+    return MapDialogRect(*this, units);
+}
+
+QRect CVorDPMDialogBase::MapDialogRect(const QWidget& widget, const QRect& units) {
+    const QFontMetrics metrics(widget.font());
     const double x = metrics.averageCharWidth() / 4.0;
     const double y = metrics.height() / 8.0;
     return QRect(qRound(units.x() * x), qRound(units.y() * y), qRound(units.width() * x),

@@ -17,6 +17,8 @@ public:
     // Converts a rectangle in dialog units (a quarter of the average character width, an eighth
     // of the character height) to pixels, so that layouts keep their proportions on any font.
     QRect MapDialogRect(const QRect& units) const;
+    // The same on any widget's font, for panels that are not dialogs.
+    static QRect MapDialogRect(const QWidget& widget, const QRect& units);
     // Refreshes the enabled state of the dialog's commands; dialogs with such rules override it.
     virtual void UpdateCommandUi() {}
     // Runs OnInitDialog before the first show. It must come before the window appears: changing
