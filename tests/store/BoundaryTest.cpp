@@ -102,10 +102,7 @@ TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
     for (const Case& c : cases) {
         Reopen();
         QFile::remove(path);
-        QFile saved(path);
-        ASSERT_TRUE(saved.open(QIODevice::WriteOnly));
-        saved.write(original);
-        saved.close();
+        Write(path, original);
         Exec(path, c.sql);
         const QByteArray damaged = ReadAll(path);
         CVorDPMDPD* dpd = nullptr;

@@ -1,36 +1,15 @@
 // Two processes on one library root: the test process and the store_writer child change the
 // same files; no save may silently undo the other's work.
-#include <sqlite3.h>
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <functional>
 
+#include "support/StoreFileEdits.h"
 #include "support/StoreTestBase.h"
 
 namespace {
-
-QString Writer() {
-    return qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
-}
-
-// The values of one column of a store file, read straight from disk in id order.
-QStringList Column(const QString& path, const char* sql) {
-    QStringList values;
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-        SQLITE_OK) {
-        sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
-        while (statement && sqlite3_step(statement) == SQLITE_ROW)
-            values.append(QString::fromUtf8(
-                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
-        sqlite3_finalize(statement);
-    }
-    sqlite3_close(db);
-    return values;
-}
 
 QStringList ProductNames(const QString& path) {
     return Column(path, "SELECT name FROM product ORDER BY id");
@@ -41,7 +20,7 @@ QStringList ProductNames(const QString& path) {
 class ConcurrencyTest : public StoreTestBase {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(QFile::exists(Writer())) << Writer().toStdString();
+        ASSERT_TRUE(QFile::exists(StoreWriter())) << StoreWriter().toStdString();
         Build();
     }
 
@@ -85,7 +64,7 @@ protected:
     // Runs the child to the end; its last line of output.
     QString RunChild(const QStringList& arguments) {
         QProcess child;
-        child.start(Writer(), QStringList{root.Path()} + arguments);
+        child.start(StoreWriter(), QStringList{root.Path()} + arguments);
         child.waitForStarted();
         QByteArray output;
         while (child.state() != QProcess::NotRunning) {
@@ -174,11 +153,8 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
         QProcess children[2];
         const char* sources[] = {"One", "Two"};
         for (int i = 0; i < 2; ++i) {
-            children[i].start(Writer(), {root.Path(), "copy-dpd", "QXMaterial", sources[i],
-                                         QStringLiteral("New%1").arg(round)});
-            children[i].waitForStarted();
-            while (!children[i].canReadLine() && children[i].state() == QProcess::Running)
-                children[i].waitForReadyRead(50);
+            StartWriter(children[i], root.Path(),
+                        {"copy-dpd", "QXMaterial", sources[i], QStringLiteral("New%1").arg(round)});
         }
         for (QProcess& child : children) {
             child.write("go\n");

@@ -17,19 +17,8 @@ namespace {
 
 // Integrity of the file and the distinct packed series values it holds.
 QStringList CheckedValues(const QString& path) {
-    sqlite3* db = nullptr;
-    sqlite3_open(QFile::encodeName(path).constData(), &db);
-    QStringList results;
-    for (const char* sql : {"PRAGMA integrity_check", "SELECT DISTINCT vals FROM serial"}) {
-        sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW)
-            results.append(QString::fromUtf8(
-                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
-        sqlite3_finalize(statement);
-    }
-    sqlite3_close(db);
-    return results;
+    return Column(path, "PRAGMA integrity_check") +
+           Column(path, "SELECT DISTINCT vals FROM serial");
 }
 
 }  // namespace
@@ -197,18 +186,12 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
         dpd->AddSerial(serial);
     }
     ASSERT_EQ(Manager()->SaveWork(), 1);
-    const QString writer =
-        qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
-    ASSERT_TRUE(QFile::exists(writer)) << writer.toStdString();
+    ASSERT_TRUE(QFile::exists(StoreWriter())) << StoreWriter().toStdString();
     const int delaysMs[] = {0, 5, 20, 60, 150};
     for (int round = 0; round < 5; ++round) {
         const QString value = QStringLiteral("value%1").arg(round);
         QProcess child;
-        child.start(writer, {root.Path(), QStringLiteral("values"), QStringLiteral("QXMaterial"),
-                             QStringLiteral("Good"), value});
-        ASSERT_TRUE(child.waitForStarted());
-        while (!child.canReadLine() && child.state() == QProcess::Running)
-            child.waitForReadyRead(50);
+        ASSERT_TRUE(StartWriter(child, root.Path(), {"values", "QXMaterial", "Good", value}));
         QThread::msleep(delaysMs[round]);
         child.kill();
         child.waitForFinished();
@@ -264,16 +247,10 @@ TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
         big->AddSerial(serial);
     }
     ASSERT_EQ(Manager()->SaveWork(), 1);
-    const QString writer =
-        qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
     const QDir folder(root.File(QStringLiteral("QXMaterial")));
     const auto temporaries = [&] { return folder.entryList({QStringLiteral("*.new-*")}); };
     const auto startCopy = [&](QProcess& child, const QString& name) {
-        child.start(writer, {root.Path(), QStringLiteral("copy-dpd"), QStringLiteral("QXMaterial"),
-                             QStringLiteral("Big"), name});
-        child.waitForStarted();
-        while (!child.canReadLine() && child.state() == QProcess::Running)
-            child.waitForReadyRead(50);
+        StartWriter(child, root.Path(), {"copy-dpd", "QXMaterial", "Big", name});
         child.write("go\n");
         child.waitForBytesWritten();
     };

@@ -1,5 +1,6 @@
 // Reading and damaging store files behind the store's back, as another program or a broken
-// disk would: whole contents, and SQL run on the file directly.
+// disk would: whole contents, SQL run on the file directly, and the store_writer helper that
+// changes a root from a process of its own.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,7 +8,9 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QProcess>
 #include <QString>
+#include <QStringList>
 
 inline QByteArray ReadAll(const QString& path) {
     QFile file(path);
@@ -26,4 +29,34 @@ inline void Exec(const QString& path, const char* sql) {
     ASSERT_EQ(sqlite3_open(QFile::encodeName(path).constData(), &db), SQLITE_OK);
     EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
     sqlite3_close(db);
+}
+
+// The values of one column of a store file, read straight from disk.
+inline QStringList Column(const QString& path, const char* sql) {
+    QStringList values;
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
+        SQLITE_OK) {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
+        while (statement && sqlite3_step(statement) == SQLITE_ROW)
+            values.append(QString::fromUtf8(
+                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(db);
+    return values;
+}
+
+inline QString StoreWriter() {
+    return qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
+}
+
+// Starts store_writer on the root and waits for its first line: it has loaded what it changes.
+// False when it did not start.
+inline bool StartWriter(QProcess& child, const QString& root, const QStringList& arguments) {
+    child.start(StoreWriter(), QStringList{root} + arguments);
+    if (!child.waitForStarted()) return false;
+    while (!child.canReadLine() && child.state() == QProcess::Running) child.waitForReadyRead(50);
+    return true;
 }

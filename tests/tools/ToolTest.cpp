@@ -26,9 +26,8 @@ protected:
         MakeBolt(library);
         MakeDefinition(library, QStringLiteral("Broken"));
         SaveAndReopen();
-        QFile broken(root.File(QStringLiteral("QXMaterial/Broken.DPD")));
-        ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        broken.write("this is not a product definition");
+        Write(root.File(QStringLiteral("QXMaterial/Broken.DPD")),
+              "this is not a product definition");
     }
 
     void MakeBolt(CVorDPMLibraryManager* library) {
@@ -172,10 +171,7 @@ TEST_F(ToolTest, FindsEntriesByNameAndClassification) {
 
 // A catalog that cannot be read may hold matches: the search fails naming it, not "no match".
 TEST_F(ToolTest, FindNamesAnUnreadableCatalogAndFails) {
-    QFile broken(root.File(QStringLiteral("QXMaterial/Bad.DPC")));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("this is not a catalog");
-    broken.close();
+    Write(root.File(QStringLiteral("QXMaterial/Bad.DPC")), "this is not a catalog");
     for (const QStringList& arguments :
          {QStringList{"find", "Bolt"}, QStringList{"find", "Nothing like it"},
           QStringList{"find", "*", "--library", "QXMaterial", "--catalog", "Bad"}}) {
