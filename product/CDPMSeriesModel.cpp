@@ -1,12 +1,8 @@
 #include "CDPMSeriesModel.h"
 
 #include "CVorDPMDPD.h"
+#include "product/VorDPMDefinitionTable.h"
 #include "query/CVorDPMNameRule.h"
-
-namespace {
-// A property with this property id is internal to the definition and not shown.
-constexpr int kHiddenPropertyId = -1;
-}  // namespace
 
 CDPMSeriesModel::CDPMSeriesModel(QObject* parent) : QAbstractTableModel(parent) {}
 
@@ -30,7 +26,7 @@ bool CDPMSeriesModel::Read() {
         m_dpd->GetAllSerial(serials, 0) != VOR::eOk)
         return false;
     for (const CVorDPM_DPD_Property* property : properties) {
-        if (property->GetPropertyId() == kHiddenPropertyId) continue;
+        if (!VorDPMDefinitionTables::IsValueProperty(*property)) continue;
         m_properties.push_back(property->GetObjectId());
         m_heads.append(property->GetPropertyAlias());
     }

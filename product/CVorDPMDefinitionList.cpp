@@ -40,16 +40,6 @@ void InsertColumns(CVorDPMListCtrlEx* list, std::initializer_list<ColumnSpec> co
     for (const ColumnSpec& spec : columns) list->InsertColumn(column++, Tr(spec.head), spec.width);
 }
 
-// The properties whose values the series list shows: those with a property id other than -1,
-// in the order of the property list.
-std::vector<CVorDPM_DPD_Property*> ValueProperties(CVorDPMDPDBase* dpd) {
-    std::vector<CVorDPM_DPD_Property*> shown;
-    for (CVorDPM_DPD_Property* property :
-         VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Property>(dpd))
-        if (property->GetPropertyId() != -1) shown.push_back(property);
-    return shown;
-}
-
 // Per record class: the list's columns, the column of the object id and the cells of a row.
 template <class TRecord>
 struct ListTraits;
@@ -196,7 +186,7 @@ struct ListTraits<CVorDPM_DPD_Serial> {
                              {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "参数化形体库ID"), 80},
                              {QT_TRANSLATE_NOOP("CVorDPMEditProductDlg", "实物图片ID"), 50}});
         int column = kFirstValueColumn;
-        for (CVorDPM_DPD_Property* property : ValueProperties(dpd))
+        for (CVorDPM_DPD_Property* property : VorDPMDefinitionTables::ValueProperties(dpd))
             list->InsertColumn(column++, property->GetPropertyAlias(), 80);
     }
     static QString Cell(const CVorDPM_DPD_Serial& s, int row, int column,
@@ -287,7 +277,7 @@ void CVorDPMDefinitionListOf<TRecord>::Fill() {
 template <>
 void CVorDPMDefinitionListOf<CVorDPM_DPD_Serial>::Fill() {
     std::vector<int> valueProperties;
-    for (CVorDPM_DPD_Property* property : ValueProperties(m_context.dpd))
+    for (CVorDPM_DPD_Property* property : VorDPMDefinitionTables::ValueProperties(m_context.dpd))
         valueProperties.push_back(property->GetObjectId());
     GetList()->SetRowSource(std::make_unique<CVorDPMRecordRows<CVorDPM_DPD_Serial>>(
         VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_context.dpd),

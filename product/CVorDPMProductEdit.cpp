@@ -310,9 +310,7 @@ void CVorDPMProductEdit::AddSerialItems() {
     AddRelatedId(category, tr("实物图片ID"), CVorDPMRelatedDlg::Pictures, m_serial->GetImageId(),
                  &CVorDPM_DPD_Serial::SetImageId);
     QTreeWidgetItem* values = m_grid->AddCategory(tr("属性"), category);
-    for (CVorDPM_DPD_Property* property :
-         VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Property>(m_dpd)) {
-        if (property->GetPropertyId() == -1) continue;
+    for (CVorDPM_DPD_Property* property : VorDPMDefinitionTables::ValueProperties(m_dpd)) {
         const int propertyObjectId = property->GetObjectId();
         // A new row starts from the properties' default values, and holds them.
         if (m_mode == NewRecord) m_serial->SetValue(property->GetDefValue(), propertyObjectId);

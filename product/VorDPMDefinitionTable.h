@@ -52,4 +52,18 @@ TRecord* Find(CVorDPMDPDBase* dpd, int id) {
     return row;
 }
 
+// Whether the series rows show a value of the property: one with the property id -1 is
+// internal to the definition.
+inline bool IsValueProperty(const CVorDPM_DPD_Property& property) {
+    return property.GetPropertyId() != -1;
+}
+
+// The properties whose values the series rows show, in the order of the property list.
+inline std::vector<CVorDPM_DPD_Property*> ValueProperties(CVorDPMDPDBase* dpd) {
+    std::vector<CVorDPM_DPD_Property*> shown;
+    for (CVorDPM_DPD_Property* property : LiveRows<CVorDPM_DPD_Property>(dpd))
+        if (IsValueProperty(*property)) shown.push_back(property);
+    return shown;
+}
+
 }  // namespace VorDPMDefinitionTables
