@@ -19,11 +19,6 @@ using NewDlg = CVorDPMNewProductDlg;
 using CreateDlg = CVorDPMCreateProductDlg;
 using Panel = CVorDPMEditProductDlg;
 
-// The record editor's answers of the product editor's tests.
-struct RecordEditor : ProductTestBase {
-    using ProductTestBase::GridEdits;
-};
-
 struct NewProductTest : DataPageTest {
     void SetUp() override {
         DataPageTest::SetUp();
@@ -53,21 +48,6 @@ struct NewProductTest : DataPageTest {
             Control<QComboBox>(dialog, NewDlg::IDC_PRODUCT_NAME)->setEditText(name);
             Click(dialog, NewDlg::IDC_NEXT);
         };
-    }
-
-    // A product record added through the panel of "创建产品".
-    void AddProductRecord(QDialog* host, const QString& name) {
-        ui.ExpectDialog(RecordEditor::GridEdits({{QStringLiteral("产品名"), name}}));
-        QTest::mouseClick(VorDPMControlId::Find<QToolButton>(host, Panel::IDC_PRODUCT_NEW),
-                          Qt::LeftButton);
-    }
-
-    static QStringList ProductNames(CVorDPMDPD* dpd) {
-        CKZList<CVorDPM_DPD_Product*> products;
-        if (dpd) dpd->GetAllProduct(products);
-        QStringList names;
-        for (const CVorDPM_DPD_Product* product : products) names.append(product->GetName());
-        return names;
     }
 };
 
@@ -116,7 +96,7 @@ TEST_F(NewProductTest, AddedFromATemplateUnderTheSelectedClassificationAndSaved)
     ui.ExpectDialog(Filling(NewProduct(QStringLiteral("新阀"), 0, 0)));
     ui.ExpectDialog(Filling([&](QDialog* create) {
         EXPECT_EQ(create->windowTitle(), QStringLiteral("创建产品"));
-        AddProductRecord(create, QStringLiteral("闸阀"));
+        ProductTestBase::AddProductRecord(create, QStringLiteral("闸阀"), ui);
         Click(create, CreateDlg::IDC_SAVE_CLOSE);
     }));
     Click(page.get(), CDPMDataPage::IDC_ADD_PRODUCT);
@@ -127,7 +107,7 @@ TEST_F(NewProductTest, AddedFromATemplateUnderTheSelectedClassificationAndSaved)
     Reopen();
     CVorDPMDPD* dpd = Definition(QStringLiteral("新阀"));
     ASSERT_TRUE(dpd);
-    EXPECT_EQ(ProductNames(dpd), QStringList{"闸阀"});
+    EXPECT_EQ(ProductTestBase::ProductNames(dpd), QStringList{"闸阀"});
     CKZList<CVorDPM_DPD_Property*> properties;
     dpd->GetAllProperty(properties);
     ASSERT_EQ(properties.GetCount(), 1);
@@ -170,7 +150,7 @@ TEST_F(NewProductTest, LeavingTheCreateDialogOtherwiseRemovesTheNewDefinition) {
         SCOPED_TRACE(what);
         ui.ExpectDialog(Filling(NewProduct(QStringLiteral("新阀"), 0, 0)));
         ui.ExpectDialog(Filling([&, leave = leave](QDialog* create) {
-            AddProductRecord(create, QStringLiteral("闸阀"));
+            ProductTestBase::AddProductRecord(create, QStringLiteral("闸阀"), ui);
             leave(create);
             EXPECT_FALSE(create->isVisible());
         }));
@@ -206,9 +186,9 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
     for (const auto& path : paths) {
         SCOPED_TRACE(path.what);
         ui.ExpectDialog(Filling([&](QDialog* create) {
-            AddProductRecord(create, QString::fromUtf8(path.kept));
+            ProductTestBase::AddProductRecord(create, QString::fromUtf8(path.kept), ui);
             Click(create, CreateDlg::IDC_SAVE_CONTINUE);
-            AddProductRecord(create, QString::fromUtf8(path.dropped));
+            ProductTestBase::AddProductRecord(create, QString::fromUtf8(path.dropped), ui);
             QTest::keyClick(create, Qt::Key_Escape);
         }));
         if (path.editButton) {
@@ -221,9 +201,9 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
             QTest::mouseDClick(Tree()->viewport(), Qt::LeftButton, {}, center);
         }
         ui.VerifyAllUsed();
-        EXPECT_EQ(ProductNames(Definition(QStringLiteral("阀门A"))), path.saved);
+        EXPECT_EQ(ProductTestBase::ProductNames(Definition(QStringLiteral("阀门A"))), path.saved);
         Reopen();
-        EXPECT_EQ(ProductNames(Definition(QStringLiteral("阀门A"))), path.saved);
+        EXPECT_EQ(ProductTestBase::ProductNames(Definition(QStringLiteral("阀门A"))), path.saved);
         page->SetCurrentPath(QStringLiteral("QXMaterial/管道"));
         Select(QStringLiteral("阀门A"));
     }

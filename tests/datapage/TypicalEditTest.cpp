@@ -32,14 +32,6 @@ void CountPreview(QRect, QWidget*, const QString&, const char*,
     ++g_previews;
 }
 
-// The record editor's grid, as the product editor's tests drive it.
-struct RecordEditor : ProductTestBase {
-    using ProductTestBase::Grid;
-    using ProductTestBase::GridEdits;
-    using ProductTestBase::PressButton;
-    using ProductTestBase::TypeInto;
-};
-
 class TypicalEditTest : public GuiTestBase {
 protected:
     void SetUp() override {
@@ -71,17 +63,17 @@ protected:
 
     // The five tables, filled as a user does in "创建产品".
     void FillTables(QDialog* create) {
-        NewRecord(
-            create, Panel::Properties,
-            RecordEditor::GridEdits({{"属性ID", "2"}, {"属性别名", "公称压力"}, {"参数名", "PN"}}));
+        NewRecord(create, Panel::Properties,
+                  ProductTestBase::GridEdits(
+                      {{"属性ID", "2"}, {"属性别名", "公称压力"}, {"参数名", "PN"}}));
         NewRecord(create, Panel::Pictures, Filling([this](QDialog* editor) {
-                      RecordEditor::TypeInto(RecordEditor::Grid(editor), "名字", "正视图");
+                      ProductTestBase::TypeInto(ProductTestBase::Grid(editor), "名字", "正视图");
                       ui.ExpectFile(picturePath);
-                      RecordEditor::PressButton(*editor, QStringLiteral("图片"));
+                      ProductTestBase::PressButton(*editor, QStringLiteral("图片"));
                       Click(editor, VorDPMControlId::IDOK);
                   }));
         NewRecord(create, Panel::Shapes, Filling([this](QDialog* editor) {
-                      RecordEditor::TypeInto(RecordEditor::Grid(editor), "形体名称", "阀体");
+                      ProductTestBase::TypeInto(ProductTestBase::Grid(editor), "形体名称", "阀体");
                       ui.ExpectDialog(Filling([](QDialog* scripts) {
                           auto* list = Control<CVorDPMlistCtrlBase>(
                               scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
@@ -90,17 +82,17 @@ protected:
                           Click(scripts, CVorDPMScriptEdit::IDC_PREVIEW);
                           Click(scripts, VorDPMControlId::IDOK);
                       }));
-                      RecordEditor::PressButton(*editor, QStringLiteral("DPS ID"));
+                      ProductTestBase::PressButton(*editor, QStringLiteral("DPS ID"));
                       Click(editor, VorDPMControlId::IDOK);
                   }));
         NewRecord(create, Panel::Products,
-                  RecordEditor::GridEdits({{"产品名", "闸阀"}, {"命名规则", "Z41H DN PN"}}));
+                  ProductTestBase::GridEdits({{"产品名", "闸阀"}, {"命名规则", "Z41H DN PN"}}));
         NewRecord(create, Panel::Series,
-                  RecordEditor::GridEdits({{"产品ID", "1"},
-                                           {"参数化形体库ID", "1"},
-                                           {"实物图片ID", "1"},
-                                           {"公称直径", "50"},
-                                           {"公称压力", "16"}}));
+                  ProductTestBase::GridEdits({{"产品ID", "1"},
+                                              {"参数化形体库ID", "1"},
+                                              {"实物图片ID", "1"},
+                                              {"公称直径", "50"},
+                                              {"公称压力", "16"}}));
     }
 
     QString picturePath;

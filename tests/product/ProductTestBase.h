@@ -6,9 +6,11 @@
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QToolButton>
 
 #include "CVorDPMCommandManager.h"
 #include "CVorDPMLibraryManager.h"
+#include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMProductEdit.h"
 #include "product/CVorDPMPropertyGrid.h"
 #include "product/CVorDPMPropertyGridDelegate.h"
@@ -111,6 +113,8 @@ protected:
         ASSERT_TRUE(m_dpd);
     }
 
+public:
+    // Driving the record editor, also for the tests of the dialogs that open it.
     static CVorDPMPropertyGrid* Grid(QWidget* editor) {
         return Control<CVorDPMPropertyGrid>(editor, CVorDPMProductEdit::IDC_GRID);
     }
@@ -150,6 +154,25 @@ protected:
         });
     }
 
+    // A product record added through the product editor panel inside `host`, with "产品名"
+    // typed into the record editor.
+    static void AddProductRecord(QDialog* host, const QString& name, CVorDPMScriptedUi& ui) {
+        ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), name}}));
+        QTest::mouseClick(
+            VorDPMControlId::Find<QToolButton>(host, CVorDPMEditProductDlg::IDC_PRODUCT_NEW),
+            Qt::LeftButton);
+    }
+
+    // The names of the definition's live products; none for no definition.
+    static QStringList ProductNames(CVorDPMDPDBase* dpd) {
+        CKZList<CVorDPM_DPD_Product*> products;
+        if (dpd) dpd->GetAllProduct(products);
+        QStringList names;
+        for (const CVorDPM_DPD_Product* product : products) names.append(product->GetName());
+        return names;
+    }
+
+protected:
     CVorDPMDPD* m_dpd = nullptr;
     CVorDPM_DPD_Property* m_length = nullptr;
 };

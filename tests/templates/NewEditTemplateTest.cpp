@@ -12,28 +12,6 @@
 
 namespace {
 
-using Panel = CVorDPMEditProductDlg;
-
-// The record editor's answers of the product editor's tests.
-struct RecordEditor : ProductTestBase {
-    using ProductTestBase::GridEdits;
-};
-
-// A product added through the panel, with "产品名" typed into the record editor.
-void AddProductRecord(QDialog* host, const QString& name, CVorDPMScriptedUi& ui) {
-    ui.ExpectDialog(RecordEditor::GridEdits({{QStringLiteral("产品名"), name}}));
-    QTest::mouseClick(VorDPMControlId::Find<QToolButton>(host, Panel::IDC_PRODUCT_NEW),
-                      Qt::LeftButton);
-}
-
-QStringList ProductNames(CVorDPMDPDBase* dpd) {
-    CKZList<CVorDPM_DPD_Product*> products;
-    dpd->GetAllProduct(products);
-    QStringList names;
-    for (const CVorDPM_DPD_Product* product : products) names.append(product->GetName());
-    return names;
-}
-
 struct NewTemplateCase {
     const char* what;
     const char* location;
@@ -118,7 +96,7 @@ TEST_F(TemplateTest, EditTemplateOpensOnlyATemplate) {
     chooser->SelectItem(chooser->GetTreeCtrl()->topLevelItem(2)->child(0));
     ui.ExpectDialog(Filling([&](QDialog* editor) {
         EXPECT_EQ(editor->windowTitle(), QStringLiteral("创建模板"));
-        AddProductRecord(editor, QStringLiteral("甲"), ui);
+        ProductTestBase::AddProductRecord(editor, QStringLiteral("甲"), ui);
         Click(editor, CVorDPMCreateTemplateDlg::IDC_SAVE_CLOSE);
     }));
     Click(&dialog, CVorDPMEditTemplateDlg::IDC_OK);
@@ -128,7 +106,8 @@ TEST_F(TemplateTest, EditTemplateOpensOnlyATemplate) {
         CVorDPMDPT* dpt = nullptr;
         Templates(location)->GetDPT(QStringLiteral("P1"), dpt);
         ASSERT_TRUE(dpt);
-        EXPECT_EQ(ProductNames(dpt), location.isEmpty() ? QStringList() : QStringList{"甲"});
+        EXPECT_EQ(ProductTestBase::ProductNames(dpt),
+                  location.isEmpty() ? QStringList() : QStringList{"甲"});
     }
 }
 
@@ -138,28 +117,28 @@ TEST_F(TemplateTest, CreateTemplateSavesWhatWasEditedAndCancelDropsTheRest) {
         CVorDPMCreateTemplateDlg dialog(dpt, nullptr, nullptr, nullptr);
         dialog.show();
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("创建模板"));
-        AddProductRecord(&dialog, QStringLiteral("甲"), ui);
+        ProductTestBase::AddProductRecord(&dialog, QStringLiteral("甲"), ui);
         Click(&dialog, CVorDPMCreateTemplateDlg::IDC_SAVE_CONTINUE);
         EXPECT_TRUE(dialog.isVisible());
-        AddProductRecord(&dialog, QStringLiteral("乙"), ui);
-        EXPECT_EQ(ProductNames(dpt), QStringList({"甲", "乙"}));
+        ProductTestBase::AddProductRecord(&dialog, QStringLiteral("乙"), ui);
+        EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList({"甲", "乙"}));
         Click(&dialog, VorDPMControlId::IDCANCEL);
         EXPECT_FALSE(dialog.isVisible());
     }
-    EXPECT_EQ(ProductNames(dpt), QStringList{"甲"});
+    EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList{"甲"});
     Reopen();
     Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
-    EXPECT_EQ(ProductNames(dpt), QStringList{"甲"});
+    EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList{"甲"});
     {
         CVorDPMCreateTemplateDlg dialog(dpt, nullptr, nullptr, nullptr);
         dialog.show();
-        AddProductRecord(&dialog, QStringLiteral("丙"), ui);
+        ProductTestBase::AddProductRecord(&dialog, QStringLiteral("丙"), ui);
         Click(&dialog, CVorDPMCreateTemplateDlg::IDC_SAVE_CLOSE);
         EXPECT_TRUE(Accepted(dialog));
     }
     Reopen();
     Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
-    EXPECT_EQ(ProductNames(dpt), QStringList({"甲", "丙"}));
+    EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList({"甲", "丙"}));
     EXPECT_EQ(CVorDPMCommandManager::GetInstance()->GetOpenCommandCount(), 0);
 }
 
