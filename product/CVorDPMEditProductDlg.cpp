@@ -117,10 +117,11 @@ std::unique_ptr<CVorDPMDefinitionList> MakeTable(int table, const VorDPMDefiniti
 CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCallback draw,
                                              PreviewCloseCallback close, PreviewMoveCallback move,
                                              QWidget* parent)
-    : QWidget(parent), m_dpd(dpd), m_draw(draw), m_close(close), m_move(move), m_resizer(this) {
+    : QWidget(parent), m_resizer(this) {
     VorDPMControlId::Set(this, IDD);
     resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
-    for (int table = Properties; table <= Series; ++table) CreateTable(table);
+    const VorDPMDefinitionContext context{dpd, draw, close, move, this};
+    for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
     for (int table : kFillOrder) {
         m_tables[table]->BuildColumns();
         m_tables[table]->Fill();
@@ -130,7 +131,7 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
 
 CVorDPMEditProductDlg::~CVorDPMEditProductDlg() = default;
 
-void CVorDPMEditProductDlg::CreateTable(int table) {
+void CVorDPMEditProductDlg::CreateTable(int table, const VorDPMDefinitionContext& context) {
     const TableLayout& layout = kTables[table];
     auto* box = new QGroupBox(tr(layout.title), this);
     box->setGeometry(CVorDPMDialogBase::MapDialogRect(*this, layout.box));
@@ -151,7 +152,6 @@ void CVorDPMEditProductDlg::CreateTable(int table) {
         connect(button, &QToolButton::clicked, this,
                 [this, table, command] { m_tables[table]->Run(command); });
     }
-    const VorDPMDefinitionContext context{m_dpd, m_draw, m_close, m_move, this};
     m_tables[table] = MakeTable(table, context, list, buttons);
 
     CVorDPMDefinitionList* rows = m_tables[table].get();

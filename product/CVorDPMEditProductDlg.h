@@ -12,6 +12,7 @@
 #include "ExportVorDPMEditor.h"
 
 class CVorDPMDefinitionList;
+struct VorDPMDefinitionContext;
 class CVorDPMDPDBase;
 class CVorDPMListCtrlEx;
 
@@ -53,12 +54,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void CreateTable(int table);
+    void CreateTable(int table, const VorDPMDefinitionContext& context);
 
-    CVorDPMDPDBase* m_dpd;
-    PreviewDrawCallback m_draw;
-    PreviewCloseCallback m_close;
-    PreviewMoveCallback m_move;
     std::array<std::unique_ptr<CVorDPMDefinitionList>, 5> m_tables;
     CVorDPMAnchorResizer m_resizer;
 };

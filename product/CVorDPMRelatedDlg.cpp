@@ -35,10 +35,7 @@ std::unique_ptr<CVorDPMListRowSource> RowsOf(CVorDPMDPDBase* dpd, int currentId,
 }  // namespace
 
 CVorDPMRelatedDlg::CVorDPMRelatedDlg(CVorDPMDPDBase* dpd, int kind, int currentId, QWidget* parent)
-    : CVorDPMDialogBase(0, parent),
-      m_dpd(dpd),
-      m_kind(kind),
-      m_list(new CVorDPMlistCtrlBase(this)) {
+    : CVorDPMDialogBase(0, parent), m_list(new CVorDPMlistCtrlBase(this)) {
     const QString captions[] = {tr("选择产品"), tr("选择形体"), tr("选择图片")};
     setWindowTitle(captions[qBound(0, kind, 2)]);
     VorDPMControlId::Set(m_list, IDC_RELATED_LIST);
@@ -52,7 +49,7 @@ CVorDPMRelatedDlg::CVorDPMRelatedDlg(CVorDPMDPDBase* dpd, int kind, int currentI
     connect(buttons.first, &QPushButton::clicked, this, &CVorDPMRelatedDlg::OnOK);
     connect(m_list, &QAbstractItemView::doubleClicked, this, &CVorDPMRelatedDlg::OnOK);
     resize(420, 320);
-    Fill(currentId);
+    Fill(dpd, kind, currentId);
 }
 
 bool CVorDPMRelatedDlg::OnInitDialog() {
@@ -61,17 +58,17 @@ bool CVorDPMRelatedDlg::OnInitDialog() {
     return true;
 }
 
-void CVorDPMRelatedDlg::Fill(int currentId) {
+void CVorDPMRelatedDlg::Fill(CVorDPMDPDBase* dpd, int kind, int currentId) {
     int currentRow = -1;
-    switch (m_kind) {
+    switch (kind) {
         case Products:
-            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Product>(m_dpd, currentId, currentRow));
+            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Product>(dpd, currentId, currentRow));
             break;
         case Shapes:
-            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Shape>(m_dpd, currentId, currentRow));
+            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Shape>(dpd, currentId, currentRow));
             break;
         case Pictures:
-            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Image>(m_dpd, currentId, currentRow));
+            m_list->SetRowSource(RowsOf<CVorDPM_DPD_Image>(dpd, currentId, currentRow));
             break;
     }
     if (currentRow >= 0) m_list->SelectRow(currentRow);

@@ -24,11 +24,9 @@ protected:
     bool OnInitDialog() override;
 
 private:
-    void Fill(int currentId);
+    void Fill(CVorDPMDPDBase* dpd, int kind, int currentId);
     void OnOK();
 
-    CVorDPMDPDBase* m_dpd;
-    int m_kind;
     CVorDPMlistCtrlBase* m_list;
     int m_selectedId = 0;
 };
