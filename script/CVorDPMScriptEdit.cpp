@@ -200,7 +200,6 @@ void CVorDPMScriptEdit::resizeEvent(QResizeEvent* event) {
 
 void CVorDPMScriptEdit::FillScriptList() {
     // Whatever was shown belonged to the rows that go away now.
-    m_selectedIndex = -1;
     m_nameEdit->clear();
     m_descriptionEdit->clear();
     m_scriptEdit->clear();
@@ -222,23 +221,22 @@ void CVorDPMScriptEdit::FillScriptList() {
     }
 }
 
-void CVorDPMScriptEdit::OnScriptSelectionChanged() {
-    m_selectedIndex = m_scriptList->GetSelectedRow();
-    if (m_selectedIndex < 0) return;
-    ShowScript(static_cast<int>(m_scriptList->GetItemData(m_selectedIndex)));
+int CVorDPMScriptEdit::GetSelectedScriptIndex() const {
+    return m_scriptList->GetSelectedRow();
 }
 
-void CVorDPMScriptEdit::ShowScript(int objectId) {
-    CVorDPM_DPD_Dps* script = nullptr;
-    if (!m_dpd || m_dpd->GetDps(objectId, script, 0) != VOR::eOk || !script) return;
+void CVorDPMScriptEdit::OnScriptSelectionChanged() {
+    const CVorDPM_DPD_Dps* script = SelectedScript();
+    if (!script) return;
     m_nameEdit->setText(script->GetName());
     m_descriptionEdit->setPlainText(script->GetDescription());
     m_scriptEdit->setPlainText(VorDPMScriptText::FromContent(script->GetContent()));
 }
 
 CVorDPM_DPD_Dps* CVorDPMScriptEdit::SelectedScript() const {
-    if (!m_dpd || m_selectedIndex < 0) return nullptr;
-    const int objectId = static_cast<int>(m_scriptList->GetItemData(m_selectedIndex));
+    const int row = GetSelectedScriptIndex();
+    if (!m_dpd || row < 0) return nullptr;
+    const int objectId = static_cast<int>(m_scriptList->GetItemData(row));
     CVorDPM_DPD_Dps* script = nullptr;
     if (m_dpd->GetDps(objectId, script, 0) != VOR::eOk) return nullptr;
     return script;
@@ -274,7 +272,7 @@ void CVorDPMScriptEdit::OnNewScript() {
 }
 
 bool CVorDPMScriptEdit::CheckSelection(const QString& noSelection) {
-    if (m_selectedIndex >= 0) return true;
+    if (GetSelectedScriptIndex() >= 0) return true;
     CVorDPMUiService::Instance()->ShowMessage(this, noSelection);
     return false;
 }
@@ -287,7 +285,7 @@ void CVorDPMScriptEdit::OnSaveScript() {
     script->SetDescription(m_descriptionEdit->toPlainText());
     script->SetContent(VorDPMScriptText::ToContent(m_scriptEdit->toPlainText()));
     // The list shows the saved name at once.
-    m_scriptList->SetItemText(m_selectedIndex, 0, script->GetName());
+    m_scriptList->SetItemText(GetSelectedScriptIndex(), 0, script->GetName());
 }
 
 void CVorDPMScriptEdit::OnDeleteScript() {
@@ -309,7 +307,7 @@ void CVorDPMScriptEdit::OnPreview() {
 
 void CVorDPMScriptEdit::OnOK() {
     if (!CheckSelection(tr("请选择脚本"))) return;
-    m_chosenScriptId = static_cast<int>(m_scriptList->GetItemData(m_selectedIndex));
+    m_chosenScriptId = static_cast<int>(m_scriptList->GetItemData(GetSelectedScriptIndex()));
     if (m_shape) {
         const CVorDPMScriptParams::ShapeSettings settings =
             CVorDPMScriptParams::CollectShapeSettings(*m_parameters->GetRecords());

@@ -59,8 +59,8 @@ public:
 
     // The object id of the script selected when OK was pressed; 0 before.
     int GetChosenScriptId() const { return m_chosenScriptId; }
-    // The row of the script list last selected, -1 when none is.
-    int GetSelectedScriptIndex() const { return m_selectedIndex; }
+    // The selected row of the script list, -1 when none is.
+    int GetSelectedScriptIndex() const;
     // The preview area in the dialog's client coordinates, as the host callbacks receive it.
     QRect PreviewRect() const;
 
@@ -77,7 +77,6 @@ private:
 
     void FillScriptList();
     void FillParameters();
-    void ShowScript(int objectId);
     void OnScriptSelectionChanged();
     // The script of the selected row, or null when none is selected or the definition no
     // longer holds it.
@@ -96,7 +95,6 @@ private:
     PreviewDrawCallback m_pPreviewDrawCallback;
     PreviewCloseCallback m_pPreviewCloseCallback;
     PreviewMoveCallback m_pPreviewMoveCallback;
-    int m_selectedIndex = -1;
     int m_chosenScriptId = 0;
 
     QWidget* m_scriptGroup;
