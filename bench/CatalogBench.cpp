@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QPushButton>
 
+#include "BenchData.h"
 #include "BenchLibraryRoot.h"
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
@@ -33,7 +34,7 @@ CVorDPMManager* Manager() {
 }
 
 QString ProductName(int index) {
-    return QStringLiteral("P%1").arg(index, 5, 10, QLatin1Char('0'));
+    return BenchData::DefinitionName(QStringLiteral("P"), index);
 }
 
 CVorDPM_DPC_Content* Content(const QString& product, const QString& level0, const QString& level1,
