@@ -24,6 +24,7 @@ target_include_directories(VorDPMEditor INTERFACE $<BUILD_INTERFACE:${PROJECT_SO
 install(TARGETS VorDPMEditor EXPORT VorDPMTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
 install(TARGETS vordpm vordpm-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
+install(TARGETS vordpm-preview RUNTIME DESTINATION ${VORDPM_PREVIEW_PROGRAM_DIR} COMPONENT Runtime)
 
 # The entry function, the query class, the naming rule and the two exported controls, with what
 # they include.
