@@ -21,6 +21,14 @@ const char kTime[] = "--time-ms";
 // the program's libraries map while it runs.
 constexpr rlim_t kSlackBytes = 64 << 20;
 
+// AddressSanitizer keeps freed memory in quarantine, far beyond what a run may hold: its builds
+// run without the address-space limit.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kLimitAddressSpace = false;
+#else
+constexpr bool kLimitAddressSpace = true;
+#endif
+
 void SetLimit(int resource, rlim_t soft) {
     rlimit limit{};
     if (getrlimit(resource, &limit) != 0) return;
@@ -114,13 +122,10 @@ QByteArray PreviewWorker::ResultFrame(const QByteArray& script,
 void PreviewWorker::LimitProcess() const {
     SetLimit(RLIMIT_CORE, 0);
     SetLimit(RLIMIT_FSIZE, 0);
-#ifndef __SANITIZE_ADDRESS__
     // A run holds at most its memory limit in the Lua heap and the drawing list together, and
-    // about as much again while its result is encoded. (AddressSanitizer keeps freed memory in
-    // quarantine, far beyond this: its builds run without the limit.)
-    const rlim_t now = AddressSpace();
+    // about as much again while its result is encoded.
+    const rlim_t now = kLimitAddressSpace ? AddressSpace() : 0;
     if (now > 0) SetLimit(RLIMIT_AS, now + 3 * rlim_t(m_limits.memoryBytes) + kSlackBytes);
-#endif
 }
 
 void PreviewWorker::LimitProcessorTimeOfNextRun() const {
