@@ -11,6 +11,14 @@ namespace {
 constexpr quint32 kRequestTag = 0x56505231;  // "VPR1"
 constexpr quint32 kResultTag = 0x56505252;   // "VPRR"
 
+// Both ends run on the same machine: in its byte order, texts and numbers are copied, not
+// swapped.
+void Configure(QDataStream& stream) {
+    stream.setVersion(QDataStream::Qt_6_4);
+    stream.setByteOrder(QSysInfo::ByteOrder == QSysInfo::LittleEndian ? QDataStream::LittleEndian
+                                                                      : QDataStream::BigEndian);
+}
+
 // A frame: its header with the body's length, then the body that `write` puts out.
 QByteArray Frame(const std::function<void(QDataStream&)>& write) {
     QByteArray frame(PreviewWire::kHeaderSize, '\0');
@@ -19,7 +27,7 @@ QByteArray Frame(const std::function<void(QDataStream&)>& write) {
         buffer.open(QIODevice::ReadWrite);
         buffer.seek(PreviewWire::kHeaderSize);
         QDataStream out(&buffer);
-        out.setVersion(QDataStream::Qt_6_4);
+        Configure(out);
         write(out);
     }
     qToLittleEndian(quint32(frame.size() - PreviewWire::kHeaderSize), frame.data());
@@ -29,7 +37,7 @@ QByteArray Frame(const std::function<void(QDataStream&)>& write) {
 // Reads a body with `read`; true when it held exactly what was read, after the right tag.
 bool Unframe(const QByteArray& body, quint32 tag, const std::function<void(QDataStream&)>& read) {
     QDataStream in(body);
-    in.setVersion(QDataStream::Qt_6_4);
+    Configure(in);
     quint32 found = 0;
     in >> found;
     if (found != tag) return false;
