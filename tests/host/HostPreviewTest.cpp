@@ -14,14 +14,20 @@ class HostPreviewTest : public ::testing::Test {
 protected:
     void TearDown() override { HostPreview::Close(); }
 
-    // Draws and waits for the script's end (a run past the host's short wait ends from the
-    // event loop).
+    // Draws and waits for the script's end.
     static void Draw(QWidget* parent, const QRect& rect, const char* script,
                      const std::map<QString, _struParam>& params = {},
                      const std::map<int, tagVorDPM_Value>& values = {}) {
         HostPreview::Draw(rect, parent, QStringLiteral("{request}"), script, params, values);
-        if (HostPreview::Current())
-            QTRY_VERIFY_WITH_TIMEOUT(!HostPreview::Current()->IsRunning(), 3000);
+        if (HostPreview::Current()) {
+            EXPECT_TRUE(Ended());
+        }
+    }
+
+    // Whether the current preview's script ended within the time limit and more: a run past
+    // the host's short wait ends from the event loop.
+    static bool Ended() {
+        return QTest::qWaitFor([] { return !HostPreview::Current()->IsRunning(); }, 3000);
     }
 
     QWidget window;
@@ -88,6 +94,7 @@ TEST_F(HostPreviewTest, ANewerRequestReplacesTheOlderOneAndCarriesItsKey) {
     HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{first}"), "x = 1", {}, {});
     HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{second}"),
                       "line(0, 0, 1, 1)", {}, {});
+    EXPECT_TRUE(Ended());
     const QList<PreviewWidget*> previews = window.findChildren<PreviewWidget*>();
     ASSERT_EQ(previews.size(), 1);
     EXPECT_EQ(previews[0]->objectName(), QStringLiteral("{second}"));
@@ -132,7 +139,7 @@ TEST_F(HostPreviewTest, TheHostStaysResponsiveWhileAScriptRuns) {
                 << HostPreview::Current()->Message().toStdString();
             continue;
         }
-        QTRY_VERIFY_WITH_TIMEOUT(!HostPreview::Current()->IsRunning(), 3000);
+        EXPECT_TRUE(Ended());
         EXPECT_EQ(HostPreview::Current()->Message(), QStringLiteral("脚本运行时间过长，已停止。"));
         EXPECT_GT(ticks, 10);
         EXPECT_LT(timer.elapsed(), 1500);

@@ -26,6 +26,12 @@ PreviewResult RunScript(const QByteArray& script, const PreviewLimits& limits) {
     return PreviewRunner(limits).Run(script, {});
 }
 
+// The default limits but time enough for slow builds: for cases about memory and counts.
+PreviewLimits Unhurried(PreviewLimits limits = {}) {
+    limits.wallClockMs = 20'000;
+    return limits;
+}
+
 // Each script ends with the message given (none: it ran to its end) within `milliseconds`.
 void ExpectEachEnds(const std::vector<std::pair<QByteArray, QString>>& cases, int milliseconds) {
     for (const auto& [script, expected] : cases) {
@@ -238,7 +244,7 @@ TEST(PreviewSandbox, TheDrawingListCountsAgainstTheMemoryLimit) {
         "local s = string.rep('x', 4 * 1024 * 1024) for i = 1, 200 do pcall(text, 0, 0, s) end",
     };
     for (const QByteArray& script : cases) {
-        const auto result = RunScript(script);
+        const auto result = RunScript(script, Unhurried());
         EXPECT_EQ(result.Message(), kTooBig) << script.data();
         EXPECT_LT(result.drawing.Primitives().size(), 32) << script.data();
     }
@@ -253,7 +259,7 @@ TEST(PreviewSandbox, TooSmallAMemoryLimitFailsTheRunInsteadOfTheProcess) {
 
 TEST(PreviewSandbox, EndlessDrawingIsCutOff) {
     const auto result =
-        RunScript("while true do line(0, 0, 1, 1) end", PreviewLimits{64 << 20, 100'000'000});
+        RunScript("while true do line(0, 0, 1, 1) end", Unhurried({64 << 20, 100'000'000}));
     EXPECT_TRUE(result.detail.contains(QStringLiteral("more than 100000 drawing calls")))
         << result.Message().toStdString();
     EXPECT_EQ(result.drawing.Primitives().size(), 100'000);
