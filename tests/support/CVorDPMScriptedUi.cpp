@@ -105,7 +105,9 @@ QString CVorDPMScriptedUi::NextFile(const QString& caption) {
     return expected ? expected->text : QString();
 }
 
-QString CVorDPMScriptedUi::OpenFileName(QWidget*, const QString& caption, const QString&) {
+QString CVorDPMScriptedUi::OpenFileName(QWidget*, const QString& caption, const QString&,
+                                        const QString& start) {
+    fileStarts.append(start);
     return NextFile(caption);
 }
 

@@ -40,6 +40,7 @@ public:
     QStringList inputTitles;
     QStringList longInputTitles;  // of the input boxes of several lines
     QStringList dialogClasses;
+    QStringList fileStarts;  // where each open-file dialog started
 
     QMessageBox::StandardButton Ask(QWidget* parent, const QString& text, const QString& caption,
                                     QMessageBox::StandardButtons buttons) override;
@@ -47,7 +48,8 @@ public:
                    QString& text) override;
     bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
                        QString& text) override;
-    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) override;
+    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter,
+                         const QString& start) override;
     QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString ExistingDirectory(QWidget* parent, const QString& caption,
                               const QString& start) override;
