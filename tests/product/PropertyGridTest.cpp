@@ -101,7 +101,7 @@ TEST_F(PropertyGridTest, InplaceButtonReachesTheOwnerAndItsResultShowsInTheOpenE
     ASSERT_TRUE(InplaceButton(editor));
     EXPECT_FALSE(InplaceButton(m_grid.EditValue(m_text)));  // no button where none is offered
     editor = m_grid.EditValue(m_number);
-    InplaceButton(editor)->trigger();
+    Press(editor);
     EXPECT_EQ(changes, QStringList{QStringLiteral("号=42")});
     EXPECT_EQ(qobject_cast<QLineEdit*>(editor)->text(), QStringLiteral("42"));
     m_grid.CommitEditing();  // closing the editor does not report the value again

@@ -30,6 +30,14 @@ public:
     // A nested dialog, run by `handler`, whose result is the dialog's result.
     void ExpectDialog(std::function<int(QDialog*)> handler);
 
+    // Answers every box, file dialog and nested dialog from inside a running modal event loop
+    // with a window of its own, as the real ones are answered: meanwhile the editor's windows
+    // lose the focus, open item editors close, and what they delete later is deleted.
+    void AnswerInsideModalLoops(bool inside) { m_modalLoops = inside; }
+    // Runs `check` whenever a box or dialog is about to be answered, to test the state the editor
+    // is in while one is open.
+    void CheckBeforeEachAnswer(std::function<void()> check) { m_check = std::move(check); }
+
     // Fails the test for every expectation not yet used, and forgets them. Called by the
     // destructor; a test may call it earlier to check a step.
     void VerifyAllUsed();
@@ -68,7 +76,10 @@ private:
     // The next expectation if it is of `kind`; otherwise fails the test with `what`.
     std::optional<Expectation> Next(Kind kind, const QString& what);
     QString NextFile(const QString& caption);
+    void PassThroughModalLoop() const;
 
     std::deque<Expectation> m_expected;
     CVorDPMUiService* m_previous;
+    bool m_modalLoops = false;
+    std::function<void()> m_check;
 };
