@@ -4,8 +4,11 @@
 #include "CVorDPMTreeCtrlEx.h"
 #include "TemplateTest.h"
 #include "controls/CVorDPMTreeComboBox.h"
+#include "controls/CVorDPMlistCtrlBase.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/ProductTestBase.h"
+#include "script/CVorDPMNewScriptDlg.h"
+#include "script/CVorDPMScriptEdit.h"
 #include "template/CVorDPMCreateTemplateDlg.h"
 #include "template/CVorDPMEditTemplateDlg.h"
 #include "template/CVorDPMNewTemplateDlg.h"
@@ -140,6 +143,55 @@ TEST_F(TemplateTest, CreateTemplateSavesWhatWasEditedAndCancelDropsTheRest) {
     Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
     EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList({"甲", "丙"}));
     EXPECT_EQ(CVorDPMCommandManager::GetInstance()->GetOpenCommandCount(), 0);
+}
+
+// A template is a definition kept as a pattern: its shapes pick from its own scripts, and a
+// script made from there is the template's.
+TEST_F(TemplateTest, AShapeOfATemplatePicksAndAddsTheTemplatesOwnScripts) {
+    CVorDPMDPT* dpt = MakeTemplate(QStringLiteral("QXMEP"), QStringLiteral("T"));
+    auto* circle = new CVorDPM_DPD_Dps;
+    circle->SetName(QStringLiteral("圆"));
+    ASSERT_EQ(dpt->AddDps(circle), VOR::eOk);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    CVorDPMCreateTemplateDlg dialog(dpt, nullptr, nullptr, nullptr);
+    dialog.show();
+    QStringList listed;
+    const auto pickNewScript = Filling([&](QDialog* scripts) {
+        auto* list = Control<CVorDPMlistCtrlBase>(scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
+        ui.ExpectDialog(Filling([](QDialog* added) {
+            Type(added, CVorDPMNewScriptDlg::IDC_NAME, QStringLiteral("方"));
+            Click(added, VorDPMControlId::IDOK);
+        }));
+        Click(scripts, CVorDPMScriptEdit::IDC_NEW_SCRIPT);
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            listed << list->model()->index(row, 0).data().toString();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(1, 0)).center());
+        Click(scripts, VorDPMControlId::IDOK);
+    });
+    ui.ExpectDialog(Filling([&](QDialog* editor) {
+        ProductTestBase::TypeInto(ProductTestBase::Grid(editor), "形体名称", "外形");
+        ui.ExpectDialog(pickNewScript);
+        ProductTestBase::PressButton(*editor, QStringLiteral("DPS ID"));
+        Click(editor, VorDPMControlId::IDOK);
+    }));
+    QTest::mouseClick(Control<QToolButton>(&dialog, CVorDPMEditProductDlg::ButtonId(
+                                                        CVorDPMEditProductDlg::Shapes, 0)),
+                      Qt::LeftButton);
+    Click(&dialog, CVorDPMCreateTemplateDlg::IDC_SAVE_CLOSE);
+    EXPECT_EQ(listed, QStringList({"圆", "方"}));
+
+    Reopen();
+    Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
+    ASSERT_TRUE(dpt);
+    CKZList<CVorDPM_DPD_Dps*> scripts;
+    dpt->GetAllDps(scripts);
+    CKZList<CVorDPM_DPD_Shape*> shapes;
+    dpt->GetAllShape(shapes);
+    ASSERT_EQ(scripts.GetCount(), 2);
+    ASSERT_EQ(shapes.GetCount(), 1);
+    EXPECT_EQ(scripts.GetAt(1)->GetName(), QStringLiteral("方"));
+    EXPECT_EQ(shapes.GetAt(0)->GetDPSId(), scripts.GetAt(1)->GetObjectId());
 }
 
 }  // namespace
