@@ -11,7 +11,6 @@
 #include "catalog/CVorDPMAddRef.h"
 #include "common/CVorDPMNewLibraryDlg.h"
 #include "common/CVorDPMSetLibRoot.h"
-#include "controls/CVorDPMTreeComboBox.h"
 #include "library/CDPMlibraryPage.h"
 #include "product/CVorDPMNewProductDlg.h"
 #include "template/CVorDPMEditTemplateDlg.h"
@@ -137,49 +136,35 @@ TEST_F(LibraryList, ANewRootRebuildsTheTreeFromItsOwnLibraries) {
 // The add-reference tree follows the option; the template and product dialogs list every
 // library of the root whatever it is.
 TEST_F(LibraryList, EveryOtherListOfLibrariesFollowsTheOption) {
-    auto shown = [](QDialog& dialog, auto tree) {
-        dialog.show();
-        QStringList texts = TopTexts(*tree(dialog));
-        texts.removeAll(QStringLiteral("平台模板"));
-        return texts;
-    };
-    using Tree = std::function<QTreeWidget*(QDialog&)>;
-    auto chooser = [](int id) -> Tree {
-        return [id](QDialog& dialog) {
-            return VorDPMControlId::Find<CVorDPMTreeComboBox>(&dialog, id)->GetTreeCtrl();
-        };
-    };
     const struct {
         const char* what;
         std::function<std::unique_ptr<QDialog>()> open;
-        Tree tree;
         bool followsOption;
     } places[] = {
         {"add reference", [] { return std::make_unique<CVorDPMAddRef>("QXMaterial", "目录"); },
-         [](QDialog& d) { return static_cast<CVorDPMAddRef&>(d).GetTreeCtrl(); }, true},
+         true},
         {"new template",
-         [] { return std::make_unique<CVorDPMNewTemplateDlg>(nullptr, nullptr, nullptr); },
-         chooser(CVorDPMNewTemplateDlg::IDC_LOCATION), false},
+         [] { return std::make_unique<CVorDPMNewTemplateDlg>(nullptr, nullptr, nullptr); }, false},
         {"edit template",
-         [] { return std::make_unique<CVorDPMEditTemplateDlg>(nullptr, nullptr, nullptr); },
-         chooser(CVorDPMEditTemplateDlg::IDC_TEMPLATE), false},
-        {"delete template", [] { return std::make_unique<VorDPMDeleteTemplateDlg>(); },
-         [](QDialog& d) { return static_cast<VorDPMDeleteTemplateDlg&>(d).GetTreeCtrl(); }, false},
+         [] { return std::make_unique<CVorDPMEditTemplateDlg>(nullptr, nullptr, nullptr); }, false},
+        {"delete template", [] { return std::make_unique<VorDPMDeleteTemplateDlg>(); }, false},
         {"new product",
          [] {
              return std::make_unique<CVorDPMNewProductDlg>("QXMaterial", "QXMaterial/目录", nullptr,
                                                            nullptr, nullptr);
          },
-         chooser(CVorDPMNewProductDlg::IDC_TEMPLATE), false},
-        {"save as template", [] { return std::make_unique<CVorDPMSaveAsTemplateDlg>(); },
-         chooser(CVorDPMSaveAsTemplateDlg::IDC_LOCATION), false},
+         false},
+        {"save as template", [] { return std::make_unique<CVorDPMSaveAsTemplateDlg>(); }, false},
     };
     for (const bool all : {false, true}) {
         CVorDPMEditorSettings::SetShowAllLibraries(all);
         for (const auto& place : places) {
             SCOPED_TRACE(std::string(place.what) + (all ? ", all" : ", fixed"));
             const std::unique_ptr<QDialog> dialog = place.open();
-            EXPECT_EQ(shown(*dialog, place.tree), place.followsOption && !all ? kFixed : kAll);
+            dialog->show();
+            QStringList shown = TopTexts(*dialog->findChild<CVorDPMTreeCtrlEx*>());
+            shown.removeAll(QStringLiteral("平台模板"));
+            EXPECT_EQ(shown, place.followsOption && !all ? kFixed : kAll);
         }
     }
 }

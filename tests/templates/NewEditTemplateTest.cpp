@@ -152,11 +152,13 @@ TEST_F(TemplateTest, AShapeOfATemplatePicksAndAddsTheTemplatesOwnScripts) {
     auto* circle = new CVorDPM_DPD_Dps;
     circle->SetName(QStringLiteral("圆"));
     ASSERT_EQ(dpt->AddDps(circle), VOR::eOk);
-    ASSERT_EQ(Manager()->SaveWork(), 1);
-    CVorDPMCreateTemplateDlg dialog(dpt, nullptr, nullptr, nullptr);
-    dialog.show();
+    auto* shape = new CVorDPM_DPD_Shape;
+    ASSERT_EQ(dpt->AddShape(shape), VOR::eOk);
+    CVorDPMProductEdit editor(dpt, shape, CVorDPMProductEdit::EditRecord, nullptr, nullptr,
+                              nullptr);
+    editor.show();
     QStringList listed;
-    const auto pickNewScript = Filling([&](QDialog* scripts) {
+    ui.ExpectDialog(Filling([&](QDialog* scripts) {
         auto* list = Control<CVorDPMlistCtrlBase>(scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
         ui.ExpectDialog(Filling([](QDialog* added) {
             Type(added, CVorDPMNewScriptDlg::IDC_NAME, QStringLiteral("方"));
@@ -168,30 +170,13 @@ TEST_F(TemplateTest, AShapeOfATemplatePicksAndAddsTheTemplatesOwnScripts) {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                           list->visualRect(list->model()->index(1, 0)).center());
         Click(scripts, VorDPMControlId::IDOK);
-    });
-    ui.ExpectDialog(Filling([&](QDialog* editor) {
-        ProductTestBase::TypeInto(ProductTestBase::Grid(editor), "形体名称", "外形");
-        ui.ExpectDialog(pickNewScript);
-        ProductTestBase::PressButton(*editor, QStringLiteral("DPS ID"));
-        Click(editor, VorDPMControlId::IDOK);
     }));
-    QTest::mouseClick(Control<QToolButton>(&dialog, CVorDPMEditProductDlg::ButtonId(
-                                                        CVorDPMEditProductDlg::Shapes, 0)),
-                      Qt::LeftButton);
-    Click(&dialog, CVorDPMCreateTemplateDlg::IDC_SAVE_CLOSE);
+    ProductTestBase::PressButton(editor, QStringLiteral("DPS ID"));
     EXPECT_EQ(listed, QStringList({"圆", "方"}));
-
-    Reopen();
-    Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
-    ASSERT_TRUE(dpt);
     CKZList<CVorDPM_DPD_Dps*> scripts;
     dpt->GetAllDps(scripts);
-    CKZList<CVorDPM_DPD_Shape*> shapes;
-    dpt->GetAllShape(shapes);
     ASSERT_EQ(scripts.GetCount(), 2);
-    ASSERT_EQ(shapes.GetCount(), 1);
-    EXPECT_EQ(scripts.GetAt(1)->GetName(), QStringLiteral("方"));
-    EXPECT_EQ(shapes.GetAt(0)->GetDPSId(), scripts.GetAt(1)->GetObjectId());
+    EXPECT_EQ(shape->GetDPSId(), scripts.GetAt(1)->GetObjectId());
 }
 
 }  // namespace
