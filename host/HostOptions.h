@@ -11,6 +11,9 @@ struct HostOptions {
     QString screenshot;  // --screenshot FILE: save the editor's window as PNG, then close it
     QString language;    // --lang en|zh: the language instead of the locale's; empty: the locale's
     bool measureStartup = false;  // --measure-startup: print the time to the window, then close
+    // --all-libraries: the editor's trees list every library of the root (its option, which it
+    // remembers; without the flag the remembered choice stands)
+    bool allLibraries = false;
 
     // Unattended runs close the editor themselves and must not wait for a person.
     bool Unattended() const { return measureStartup || !screenshot.isEmpty(); }

@@ -10,6 +10,7 @@
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
+#include "common/VorDPMLibraryNames.h"
 #include "query/CVorDPMData.h"
 
 namespace {
@@ -135,7 +136,7 @@ CVorDPMDPD* CVorDPMTreeCtrlEx::GetItemDPD(const QTreeWidgetItem* node) {
 }
 
 int CVorDPMTreeCtrlEx::InitTreeCtrl() {
-    for (const QString& library : {QStringLiteral("QXMaterial"), QStringLiteral("QXMEP")}) {
+    for (const QString& library : VorDPMLibraryNames::OfTrees()) {
         QTreeWidgetItem* root = AppendItem(library, ImageLibrary, nullptr, nullptr);
         std::vector<QString> catalogs;
         CVorDPMData::GetAllDPCName(library, catalogs);

@@ -707,6 +707,10 @@
         <source>确实要把&quot;%1&quot;产品库放入回收站吗?</source>
         <translation>Do you really want to move the library &quot;%1&quot; to the trash?</translation>
     </message>
+    <message>
+        <source>显示全部产品库</source>
+        <translation>Show all libraries</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMNewContentDlg</name>

@@ -61,6 +61,7 @@ TEST(InstalledPrefix, HoldsTheProgramsVersionedLibrariesHeadersAndCMakePackage) 
         "include/VorDPM/CVorDPMManager.h",
         "include/VorDPM/query/CVorDPMData.h",
         "include/VorDPM/shell/ExportVorDPMEditor.h",
+        "include/VorDPM/shell/CVorDPMEditorSettings.h",
         "include/VorDPM/shell/CVorDPMTreeCtrlEx.h",
         "include/VorDPM/shell/CVorDPMReportCtrlBase.h",
         "share/applications/org.vordpm.Editor.desktop",
