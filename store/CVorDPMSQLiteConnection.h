@@ -15,12 +15,16 @@ public:
     CVorDPMSQLiteConnection(const CVorDPMSQLiteConnection&) = delete;
     CVorDPMSQLiteConnection& operator=(const CVorDPMSQLiteConnection&) = delete;
 
+    // Opens the file for reading and writing where the user may write it, so that the first
+    // read rolls back a save that a killed process left unfinished; read-only otherwise.
     bool Open(const QString& path, Mode mode, int busyTimeoutMs);
     bool Execute(const char* sql);
     // Runs a one-value query such as a PRAGMA; false when it fails.
     bool QueryInt(const QByteArray& sql, qint64& value);
     sqlite3_stmt* Prepare(const QByteArray& sql);
     sqlite3* Handle() const { return m_db; }
+    // The file last opened, or empty.
+    const QString& Path() const { return m_path; }
     // The last error of this connection, prefixed with the file path.
     QString Error() const;
 

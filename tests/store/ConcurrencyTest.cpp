@@ -12,7 +12,7 @@
 namespace {
 
 QStringList ProductNames(const QString& path) {
-    return Column(path, "SELECT name FROM product ORDER BY id");
+    return Column(path, "SELECT name FROM product ORDER BY id", "name");
 }
 
 }  // namespace
@@ -172,8 +172,8 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
             << outcomes.join('|').toStdString();
         // The file is the winner's, whole.
         const QString created = PathOf(QStringLiteral("New%1").arg(round));
-        EXPECT_EQ(Column(created, "SELECT property_alias FROM property"),
+        EXPECT_EQ(Column(created, "SELECT property_alias FROM property", "property_alias"),
                   QStringList{QString::fromUtf8(sources[winner])});
-        EXPECT_EQ(Column(created, "SELECT count(*) FROM serial"), QStringList{"20000"});
+        EXPECT_EQ(Column(created, "SELECT count(*) AS n FROM serial", "n"), QStringList{"20000"});
     }
 }
