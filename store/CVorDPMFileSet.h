@@ -1,6 +1,7 @@
 // Internal: the store files of one kind in one folder, listed by name and loaded on first use.
 #pragma once
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QHash>
@@ -15,6 +16,7 @@
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
+#include "VorDPMReasons.h"
 #include "VorDPMTrash.h"
 #include "VorDPMTypes.h"
 
@@ -46,7 +48,7 @@ public:
             return VOR::eOk;
         }
         const QString canonical = Canonical(name);
-        if (canonical.isEmpty()) return VOR::eNotFound;
+        if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
         auto loaded = m_loaded.find(canonical);
         if (loaded == m_loaded.end())
             loaded = m_loaded.emplace(canonical, m_factory(canonical, PathOf(canonical))).first;
@@ -61,7 +63,8 @@ public:
         const VOR::ErrorStatus usable = CheckNewName(name);
         if (usable != VOR::eOk) return usable;
         if (!QDir().mkpath(m_folder)) {
-            VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_folder));
+            VorDPMLastError::Set(
+                QCoreApplication::translate("VorDPMStore", "%1: 无法创建文件夹").arg(m_folder));
             return VOR::eFileError;
         }
         if (pattern && !pattern->EnsureLoaded()) return VOR::eFileError;
@@ -88,7 +91,7 @@ public:
     VOR::ErrorStatus Remove(const QString& name) {
         VorDPMLastError::Clear();
         const QString canonical = Canonical(name);
-        if (canonical.isEmpty()) return VOR::eNotFound;
+        if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
         if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
         Retire(canonical);
         RemoveName(canonical);
@@ -98,9 +101,9 @@ public:
     VOR::ErrorStatus Rename(const QString& from, const QString& to) {
         VorDPMLastError::Clear();
         const QString canonical = Canonical(from);
-        if (canonical.isEmpty()) return VOR::eNotFound;
+        if (canonical.isEmpty()) return VorDPMReasons::NotFound(from);
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
-        const VOR::ErrorStatus usable = caseOnly ? CheckName(to) : CheckNewName(to);
+        const VOR::ErrorStatus usable = caseOnly ? VorDPMReasons::CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
         const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(PathOf(canonical), PathOf(to));
         if (moved != VOR::eOk) return moved;
@@ -174,18 +177,11 @@ private:
         m_byFoldedName.remove(canonical.toCaseFolded());
     }
 
-    VOR::ErrorStatus CheckName(const QString& name) const {
-        if (VorDPMNames::IsValidName(name)) return VOR::eOk;
-        VorDPMLastError::Set(QStringLiteral("\"%1\" cannot be used as a name").arg(name));
-        return VOR::eInvalidName;
-    }
-
     VOR::ErrorStatus CheckNewName(const QString& name) const {
-        const VOR::ErrorStatus usable = CheckName(name);
+        const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
         if (usable != VOR::eOk) return usable;
         if (!Has(name) && !QFile::exists(PathOf(name))) return VOR::eOk;
-        VorDPMLastError::Set(QStringLiteral("\"%1\" exists already").arg(name));
-        return VOR::eNameExists;
+        return VorDPMReasons::NameExists(name);
     }
 
     void Retire(const QString& canonical) {

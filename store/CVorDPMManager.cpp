@@ -1,5 +1,6 @@
 #include "CVorDPMManager.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -11,6 +12,7 @@
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
+#include "VorDPMReasons.h"
 #include "VorDPMRootBoundary.h"
 #include "VorDPMTrash.h"
 
@@ -87,7 +89,8 @@ void CVorDPMManager::Reset(const QString& root) {
 int CVorDPMManager::SetDPMLibraryRootPath(const QString& path) {
     VorDPMLastError::Clear();
     if (path.trimmed().isEmpty() || !QDir().mkpath(path)) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be used as the library root").arg(path));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 不能用作库根目录").arg(path));
         return 0;
     }
     Reset(path);
@@ -118,16 +121,12 @@ VOR::ErrorStatus CVorDPMManager::GetLibrary(const QString& name, CVorDPMLibraryM
 }
 
 VOR::ErrorStatus CVorDPMManager::CheckNewLibraryName(const QString& name) const {
-    if (!VorDPMNames::IsValidName(name)) {
-        VorDPMLastError::Set(QStringLiteral("\"%1\" cannot be used as a name").arg(name));
-        return VOR::eInvalidName;
-    }
+    const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
+    if (usable != VOR::eOk) return usable;
     if (VorDPMNames::IndexOf(m_libraryNames, name) >= 0 ||
         name.compare(kTemplatesFolder, Qt::CaseInsensitive) == 0 ||
-        QFileInfo::exists(LibraryFolder(name))) {
-        VorDPMLastError::Set(QStringLiteral("\"%1\" exists already").arg(name));
-        return VOR::eNameExists;
-    }
+        QFileInfo::exists(LibraryFolder(name)))
+        return VorDPMReasons::NameExists(name);
     return VOR::eOk;
 }
 
@@ -136,7 +135,8 @@ VOR::ErrorStatus CVorDPMManager::CreateLibrary(const QString& name, CVorDPMLibra
     const VOR::ErrorStatus usable = CheckNewLibraryName(name);
     if (usable != VOR::eOk) return usable;
     if (!QDir().mkpath(m_root)) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_root));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 无法创建文件夹").arg(m_root));
         return VOR::eFileError;
     }
     // Made only when absent, so that of two processes creating one name only one succeeds.
@@ -163,7 +163,10 @@ void CVorDPMManager::Retire(const QString& name) {
 int CVorDPMManager::RemoveLibrary(const QString& name) {
     VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, name);
-    if (index < 0) return 0;
+    if (index < 0) {
+        VorDPMReasons::NotFound(name);
+        return 0;
+    }
     const QString canonical = m_libraryNames[index];
     if (!VorDPMTrash::Move(LibraryFolder(canonical), m_root)) return 0;
     Retire(canonical);
@@ -174,15 +177,12 @@ int CVorDPMManager::RemoveLibrary(const QString& name) {
 VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QString& to) {
     VorDPMLastError::Clear();
     CVorDPMLibraryManager* library = nullptr;
-    if (GetLibrary(from, library) != VOR::eOk) return VOR::eNotFound;
+    if (GetLibrary(from, library) != VOR::eOk) return VorDPMReasons::NotFound(from);
     const QString canonical = library->GetLibraryName();
     const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
-    if (!caseOnly) {
-        const VOR::ErrorStatus usable = CheckNewLibraryName(to);
-        if (usable != VOR::eOk) return usable;
-    } else if (!VorDPMNames::IsValidName(to)) {
-        return VOR::eInvalidName;
-    }
+    const VOR::ErrorStatus usable =
+        caseOnly ? VorDPMReasons::CheckName(to) : CheckNewLibraryName(to);
+    if (usable != VOR::eOk) return usable;
     if (!library->Save()) return VOR::eFileError;
     const VOR::ErrorStatus moved =
         VorDPMNoReplace::Rename(LibraryFolder(canonical), LibraryFolder(to));
@@ -197,7 +197,7 @@ VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QStrin
 VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QString& to) {
     VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, source);
-    if (index < 0) return VOR::eNotFound;
+    if (index < 0) return VorDPMReasons::NotFound(source);
     const VOR::ErrorStatus usable = CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
     const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(to));
@@ -205,7 +205,8 @@ VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QStrin
     if (!CopyFolder(LibraryFolder(m_libraryNames[index]), LibraryFolder(to))) {
         QDir(LibraryFolder(to)).removeRecursively();
         if (VorDPMLastError::Get().isEmpty())
-            VorDPMLastError::Set(QStringLiteral("%1: cannot be copied").arg(LibraryFolder(source)));
+            VorDPMLastError::Set(QCoreApplication::translate("VorDPMStore", "%1: 无法复制")
+                                     .arg(LibraryFolder(source)));
         return VOR::eFileError;
     }
     m_libraryNames.append(to);

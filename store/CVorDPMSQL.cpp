@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <QCoreApplication>
+
 #include "CVorDPMFileStore.h"
 #include "CVorDPMSQLiteConnection.h"
 
@@ -57,7 +59,8 @@ const unsigned char* CVorDPMSQL::getBlobField(const QString& column, int& length
 }
 
 QString CVorDPMSQL::lastError() const {
-    return !m_db->Path().isEmpty() ? m_db->Error() : QStringLiteral("no file is open");
+    return !m_db->Path().isEmpty() ? m_db->Error()
+                                   : QCoreApplication::translate("VorDPMStore", "没有打开的文件");
 }
 
 void CVorDPMSQL::Finalize() {

@@ -25,7 +25,7 @@ public:
     sqlite3* Handle() const { return m_db; }
     // The file last opened, or empty.
     const QString& Path() const { return m_path; }
-    // The last error of this connection, prefixed with the file path.
+    // Why the last call failed, for the user: the file path and a text of the store's own.
     QString Error() const;
 
 private:

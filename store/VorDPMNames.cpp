@@ -1,5 +1,6 @@
 #include "VorDPMNames.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <algorithm>
 
@@ -43,6 +44,11 @@ bool VorDPMNames::IsValidName(const QString& name) {
         QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\\..*)?$"),
         QRegularExpression::CaseInsensitiveOption);
     return !reserved.match(name).hasMatch();
+}
+
+QString VorDPMNames::WhyInvalid(const QString& name) {
+    if (IsValidName(name)) return QString();
+    return QCoreApplication::translate("VorDPMStore", "\"%1\"不能用作名称").arg(name);
 }
 
 int VorDPMNames::IndexOf(const QStringList& names, const QString& name) {

@@ -18,6 +18,8 @@ VORDPM_API bool ContainsAny(const QString& text, const QString& characters);
 // control characters, \ / : * ? " < > |, a trailing dot or space, and the reserved device
 // names (CON, PRN, AUX, NUL, COM1-9, LPT1-9).
 VORDPM_API bool IsValidName(const QString& name);
+// Why IsValidName() refuses the name, for the user; empty when it does not.
+VORDPM_API QString WhyInvalid(const QString& name);
 // Index of `name` in `names` compared without regard to case (file names on Windows), or -1.
 VORDPM_API int IndexOf(const QStringList& names, const QString& name);
 // The order of every listing of the store: without regard to case, names equal but for case

@@ -1,5 +1,6 @@
 #include "VorDPMRootBoundary.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -35,6 +36,7 @@ bool VorDPMRootBoundary::Check(const QString& path) {
         (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
         return true;
     VorDPMLastError::Set(
-        QStringLiteral("%1: refused, it leads outside the library root %2").arg(path, Root()));
+        QCoreApplication::translate("VorDPMStore", "%1: 已拒绝，它指向库根目录 %2 之外")
+            .arg(path, Root()));
     return false;
 }

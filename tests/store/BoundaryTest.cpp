@@ -15,6 +15,8 @@ QStringList Entries(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
 }
 
+const QString kOutsideTheRoot = QStringLiteral("指向库根目录");
+
 }  // namespace
 
 class BoundaryTest : public StoreTestBase {
@@ -56,8 +58,7 @@ TEST_F(BoundaryTest, AStoreFileLinkedToOutsideTheRootIsNeitherReadNorWritten) {
     EXPECT_TRUE(rows.IsEmpty());
     const QString reason = CVorDPMManager::GetLastErrorText();
     EXPECT_TRUE(reason.contains(QStringLiteral("Linked.DPD"))) << reason.toStdString();
-    EXPECT_TRUE(reason.contains(QStringLiteral("outside the library root")))
-        << reason.toStdString();
+    EXPECT_TRUE(reason.contains(kOutsideTheRoot)) << reason.toStdString();
     EXPECT_NE(dpd->AddProperty(new CVorDPM_DPD_Property), VOR::eOk);
     EXPECT_EQ(Manager()->SaveWork(), 1);
     EXPECT_EQ(ReadAll(target), before);
@@ -78,8 +79,7 @@ TEST_F(BoundaryTest, ALibraryFolderLinkedToOutsideTheRootTakesNoFiles) {
     EXPECT_NE(linked->CreateDPC(QStringLiteral("New"), catalog), VOR::eOk);
     CVorDPMDPD* dpd = nullptr;
     EXPECT_NE(linked->CreateDPD(QStringLiteral("New"), dpd), VOR::eOk);
-    EXPECT_TRUE(
-        CVorDPMManager::GetLastErrorText().contains(QStringLiteral("outside the library root")));
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(kOutsideTheRoot));
     EXPECT_NE(Manager()->CopyLibrary(QStringLiteral("Linked"), QStringLiteral("Copied")), VOR::eOk);
     EXPECT_EQ(Entries(folder), QStringList{QStringLiteral("library.DPI")});
     EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("Copied"))));
@@ -114,7 +114,8 @@ TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
         EXPECT_TRUE(products.IsEmpty()) << c.label;
         const QString reason = CVorDPMManager::GetLastErrorText();
         EXPECT_TRUE(reason.contains(QStringLiteral("Bolt.DPD"))) << reason.toStdString();
-        EXPECT_TRUE(reason.contains(QStringLiteral("outside the range"))) << reason.toStdString();
+        EXPECT_TRUE(reason.contains(QStringLiteral("超出本程序可保存范围的数字")))
+            << reason.toStdString();
         EXPECT_EQ(Manager()->SaveWork(), 1) << c.label;
         EXPECT_EQ(ReadAll(path), damaged) << c.label;
     }
@@ -132,7 +133,7 @@ TEST_F(BoundaryTest, NoNewRowOnceTheLargestIdIsTaken) {
     auto* extra = new CVorDPM_DPD_Product;
     extra->SetName(QStringLiteral("p3"));
     EXPECT_NE(dpd->AddProduct(extra), VOR::eOk);
-    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("no free object id")));
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("已没有可用的对象 ID")));
     CVorDPM_DPD_Product* last = nullptr;
     ASSERT_EQ(dpd->GetProduct(2147483647, last), VOR::eOk);
     EXPECT_EQ(last->GetName(), QStringLiteral("p2"));

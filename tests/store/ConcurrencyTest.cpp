@@ -11,6 +11,9 @@
 
 namespace {
 
+const char* const kChanged = ": 自加载以来已被其他用户修改";
+const char* const kGone = ": 自加载以来已被其他用户删除或重命名";
+
 QStringList ProductNames(const QString& path) {
     return Column(path, "SELECT name FROM product ORDER BY id", "name");
 }
@@ -85,15 +88,18 @@ TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
     struct Case {
         const char* label;
         QStringList child;
-        const char* detail;          // what the error adds for this kind of conflict
+        const char* conflict;        // what the error says
         QStringList productsOnDisk;  // of Shared.DPD after both saves; empty: no file
     };
     const Case cases[] = {
-        {"same row changed", {"product-name", "QXMaterial", "Shared", "child"}, "", {"child"}},
-        {"row deleted", {"delete-product", "QXMaterial", "Shared"}, "", {}},
-        {"rows added", {"add-product", "QXMaterial", "Shared", "c"}, "", {"p1", "c"}},
-        {"definition removed", {"remove-dpd", "QXMaterial", "Shared"}, "removed", {}},
-        {"definition renamed", {"rename-dpd", "QXMaterial", "Shared", "Moved"}, "renamed", {}},
+        {"same row changed",
+         {"product-name", "QXMaterial", "Shared", "child"},
+         kChanged,
+         {"child"}},
+        {"row deleted", {"delete-product", "QXMaterial", "Shared"}, kChanged, {}},
+        {"rows added", {"add-product", "QXMaterial", "Shared", "c"}, kChanged, {"p1", "c"}},
+        {"definition removed", {"remove-dpd", "QXMaterial", "Shared"}, kGone, {}},
+        {"definition renamed", {"rename-dpd", "QXMaterial", "Shared", "Moved"}, kGone, {}},
     };
     for (const Case& c : cases) {
         Rebuild();
@@ -107,10 +113,7 @@ TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
 
         EXPECT_EQ(Manager()->SaveWork(), 0) << c.label;
         const QString error = CVorDPMManager::GetLastErrorText();
-        EXPECT_TRUE(error.contains(PathOf(QStringLiteral("Shared")))) << error.toStdString();
-        EXPECT_TRUE(error.contains(QStringLiteral("changed by another user since it was loaded")))
-            << error.toStdString();
-        EXPECT_TRUE(error.contains(QString::fromUtf8(c.detail))) << error.toStdString();
+        EXPECT_EQ(error, PathOf(QStringLiteral("Shared")) + QString::fromUtf8(c.conflict));
         // Nothing of this process reached the file; its edits are still there to keep.
         EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Shared"))), c.productsOnDisk) << c.label;
         EXPECT_TRUE(Manager()->HasUnsavedChanges()) << c.label;
