@@ -36,14 +36,20 @@ QStringList ScanLibraries(const QString& root) {
     return names;
 }
 
-// Copies a folder as it is on disk; refuses anything in it that leads outside the root.
+// Copies a folder as it is on disk; refuses anything in it that leads outside the root, and
+// anything that is neither a folder nor a file (reading a named pipe would block for ever).
 bool CopyFolder(const QString& from, const QString& to) {
     if (!VorDPMRootBoundary::Check(from) || !QDir().mkpath(to)) return false;
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
+    QDirIterator it(from,
+                    QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot | QDir::Hidden,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         if (!VorDPMRootBoundary::Check(path)) return false;
+        if (!it.fileInfo().isDir() && !it.fileInfo().isFile()) {
+            VorDPMLastError::Set(VorDPMReasons::NotARegularFile(path));
+            return false;
+        }
         const QString target = QDir(to).filePath(QDir(from).relativeFilePath(path));
         const bool ok = it.fileInfo().isDir() ? QDir().mkpath(target) : QFile::copy(path, target);
         if (!ok) return false;

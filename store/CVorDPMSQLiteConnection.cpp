@@ -1,5 +1,7 @@
 #include "CVorDPMSQLiteConnection.h"
 
+#include <sys/stat.h>
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -37,12 +39,29 @@ CVorDPMSQLiteConnection::~CVorDPMSQLiteConnection() {
     if (m_db) sqlite3_close_v2(m_db);
 }
 
+bool CVorDPMSQLiteConnection::RefuseUnusable(const QString& path) {
+    const auto refuse = [this](const QString& odd) {
+        m_refused = VorDPMReasons::NotARegularFile(odd);
+        return true;
+    };
+    struct stat info {};
+    // A missing file is refused too; Error() then says that it cannot be opened.
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0) return true;
+    if (!S_ISREG(info.st_mode)) return refuse(path);
+    // SQLite opens these beside the file itself; a link among them could lead its writes
+    // anywhere.
+    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+        const QString companion = path + QString::fromLatin1(suffix);
+        if (::lstat(QFile::encodeName(companion).constData(), &info) == 0 && !S_ISREG(info.st_mode))
+            return refuse(companion);
+    }
+    return false;
+}
+
 bool CVorDPMSQLiteConnection::Open(const QString& path, Mode mode, int busyTimeoutMs) {
     m_path = path;
-    if (mode == OpenExisting && !QFile::exists(path)) {
-        m_db = nullptr;
-        return false;
-    }
+    m_refused.clear();
+    if (mode == OpenExisting && RefuseUnusable(path)) return false;
     const int flags =
         SQLITE_OPEN_READWRITE | (mode == CreateNew ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
     int rc = sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db, flags, nullptr);
@@ -79,6 +98,7 @@ sqlite3_stmt* CVorDPMSQLiteConnection::Prepare(const QByteArray& sql) {
 }
 
 QString CVorDPMSQLiteConnection::Error() const {
+    if (!m_refused.isEmpty()) return m_refused;
     const QString reason = m_db
                                ? Reason(sqlite3_extended_errcode(m_db))
                                : QCoreApplication::translate("VorDPMStore", "文件不存在或无法打开");

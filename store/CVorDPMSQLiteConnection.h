@@ -16,7 +16,9 @@ public:
     CVorDPMSQLiteConnection& operator=(const CVorDPMSQLiteConnection&) = delete;
 
     // Opens the file for reading and writing where the user may write it, so that the first
-    // read rolls back a save that a killed process left unfinished; read-only otherwise.
+    // read rolls back a save that a killed process left unfinished; read-only otherwise. An
+    // existing file is refused before SQLite touches it when it, or its journal, is not a
+    // regular file: a named pipe would block the process on opening it.
     bool Open(const QString& path, Mode mode, int busyTimeoutMs);
     bool Execute(const char* sql);
     // Runs a one-value query such as a PRAGMA; false when it fails.
@@ -29,8 +31,11 @@ public:
     QString Error() const;
 
 private:
+    bool RefuseUnusable(const QString& path);
+
     sqlite3* m_db = nullptr;
     QString m_path;
+    QString m_refused;
 };
 
 struct SQLiteStatementDeleter {

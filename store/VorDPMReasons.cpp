@@ -35,3 +35,7 @@ VOR::ErrorStatus VorDPMReasons::NotFound(const QString& name) {
     return Refuse(QCoreApplication::translate("VorDPMStore", "\"%1\"不存在").arg(name),
                   VOR::eNotFound);
 }
+
+QString VorDPMReasons::NotARegularFile(const QString& path) {
+    return QCoreApplication::translate("VorDPMStore", "%1: 不是普通文件").arg(path);
+}

@@ -27,5 +27,7 @@ VOR::ErrorStatus CheckName(const QString& name);
 VOR::ErrorStatus NameExists(const QString& name);
 // eNotFound: there is none of that name.
 VOR::ErrorStatus NotFound(const QString& name);
+// Something other than a regular file (a folder, a named pipe) where a store file is expected.
+QString NotARegularFile(const QString& path);
 
 }  // namespace VorDPMReasons

@@ -1527,6 +1527,10 @@
         <source>%1: 已被移到 %2</source>
         <translation>%1: moved to %2</translation>
     </message>
+    <message>
+        <source>%1: 不是普通文件</source>
+        <translation>%1: not a regular file</translation>
+    </message>
 </context>
 <context>
     <name>VorDPMTemplateTree</name>

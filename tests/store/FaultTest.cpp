@@ -1,6 +1,8 @@
 #include <sqlite3.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
@@ -245,6 +247,51 @@ TEST_F(FaultTest, AFullDiskIsReportedAsTheFirstErrorAndForgottenAfterSuccess) {
     EXPECT_EQ(Manager()->SaveWork(), 1);
     EXPECT_EQ(CVorDPMManager::GetLastErrorText(), QString());
     EXPECT_EQ(CheckedValues(PathOf("Good")).first(), QStringLiteral("ok"));
+}
+
+// Something other than a regular file where a store file is expected: nothing blocks on it
+// (a named pipe would block a reader for ever), and it is refused at once, named.
+TEST_F(FaultTest, OddFilesAreRefusedAtOnceAndNamed) {
+    ASSERT_NE(Manager()->GetCommonManager()->GetPropertyDPO(), nullptr);
+    QDir().mkpath(root.File(QStringLiteral("QXMaterial/templates")));
+    struct Case {
+        const char* place;
+        bool pipe;  // else a folder
+        const char* command;
+    };
+    const Case cases[] = {
+        {"QXMaterial/library.DPI", true, "open"},
+        {"QXMaterial/library.DPI", false, "open"},
+        {"Property.DPO", true, "open"},
+        {"Property.DPO", false, "open"},
+        {"QXMaterial/Good.DPD-journal", true, "open"},
+        {"QXMaterial/Odd.DPD", true, "open"},
+        {"QXMaterial/Odd.DPD", false, "open"},
+        {"QXMaterial/Odd.DPC", false, "open"},
+        {"QXMaterial/templates/Odd.DPT", false, "open"},
+        {"QXMaterial/Odd.DPD", true, "copy-library"},
+    };
+    for (const Case& c : cases) {
+        const QString path = root.File(QString::fromUtf8(c.place));
+        const QByteArray saved = QFile::exists(path) ? ReadAll(path) : QByteArray();
+        QFile::remove(path);
+        ASSERT_TRUE(c.pipe ? ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0
+                           : QDir().mkdir(path))
+            << c.place;
+        QProcess child;
+        child.start(StoreWriter(), {root.Path(), c.command, "QXMaterial", "Copy"});
+        const bool ended = child.waitForFinished(5000);
+        if (!ended) child.kill();
+        child.waitForFinished();
+        const QString output = QString::fromUtf8(child.readAllStandardOutput());
+        EXPECT_TRUE(ended) << c.command << " blocked on " << c.place;
+        EXPECT_TRUE(output.contains(path + QStringLiteral(": 不是普通文件")))
+            << c.command << ", " << c.place << ": " << output.toStdString();
+        EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("Copy")))) << c.place;
+        QDir(path).removeRecursively();
+        QFile::remove(path);
+        if (!saved.isEmpty()) Write(path, saved);
+    }
 }
 
 // A copy killed while it writes leaves its temporary file; the next process that opens the
