@@ -1,9 +1,9 @@
 // Internal: the store files of one kind in one folder, listed by name and loaded on first use.
 #pragma once
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 #include <functional>
@@ -17,6 +17,7 @@
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
 #include "VorDPMReasons.h"
+#include "VorDPMRootBoundary.h"
 #include "VorDPMTrash.h"
 #include "VorDPMTypes.h"
 
@@ -25,9 +26,17 @@ class CVorDPMFileSet {
 public:
     using Factory = std::function<std::unique_ptr<T>(const QString& name, const QString& path)>;
 
+    // A set whose folder is optional (templates) makes it for its first file; a library's
+    // folder is never made again once it is gone.
+    enum FolderUse { FolderMustExist, FolderMadeOnDemand };
+
     CVorDPMFileSet(const QString& folder, const QString& extension, const QString& root,
-                   Factory factory)
-        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {}
+                   FolderUse folderUse, Factory factory)
+        : m_folder(folder),
+          m_extension(extension),
+          m_root(root),
+          m_folderUse(folderUse),
+          m_factory(std::move(factory)) {}
 
     // Sorted as every listing of the store (VorDPMNames::Less).
     const QStringList& Names() const {
@@ -48,7 +57,7 @@ public:
             return VOR::eOk;
         }
         const QString canonical = Canonical(name);
-        if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
+        if (canonical.isEmpty()) return VOR::eNotFound;
         auto loaded = m_loaded.find(canonical);
         if (loaded == m_loaded.end())
             loaded = m_loaded.emplace(canonical, m_factory(canonical, PathOf(canonical))).first;
@@ -62,11 +71,8 @@ public:
         VorDPMLastError::Clear();
         const VOR::ErrorStatus usable = CheckNewName(name);
         if (usable != VOR::eOk) return usable;
-        if (!QDir().mkpath(m_folder)) {
-            VorDPMLastError::Set(
-                QCoreApplication::translate("VorDPMStore", "%1: 无法创建文件夹").arg(m_folder));
-            return VOR::eFileError;
-        }
+        const VOR::ErrorStatus folder = CheckFolder(m_folderUse);
+        if (folder != VOR::eOk) return folder;
         if (pattern && !pattern->EnsureLoaded()) return VOR::eFileError;
         std::unique_ptr<T> file = m_factory(name, PathOf(name));
         file->MarkLoaded();
@@ -92,6 +98,8 @@ public:
         VorDPMLastError::Clear();
         const QString canonical = Canonical(name);
         if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
+        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
+        if (folder != VOR::eOk) return folder;
         if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
         Retire(canonical);
         RemoveName(canonical);
@@ -105,6 +113,8 @@ public:
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
         const VOR::ErrorStatus usable = caseOnly ? VorDPMReasons::CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
+        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
+        if (folder != VOR::eOk) return folder;
         const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(PathOf(canonical), PathOf(to));
         if (moved != VOR::eOk) return moved;
         auto loaded = m_loaded.find(canonical);
@@ -184,6 +194,18 @@ private:
         return VorDPMReasons::NameExists(name);
     }
 
+    // Checked before anything in the folder changes: it leads nowhere outside the root (the
+    // files of a linked folder would be moved or written there), and it is still there.
+    VOR::ErrorStatus CheckFolder(FolderUse use) const {
+        if (!VorDPMRootBoundary::Check(m_folder)) return VOR::eFileError;
+        if (QFileInfo(m_folder).isDir()) return VOR::eOk;
+        if (use == FolderMadeOnDemand) {
+            const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(m_folder);
+            return made == VOR::eNameExists && QFileInfo(m_folder).isDir() ? VOR::eOk : made;
+        }
+        return VorDPMReasons::FolderGone(m_folder);
+    }
+
     void Retire(const QString& canonical) {
         auto loaded = m_loaded.find(canonical);
         if (loaded == m_loaded.end()) return;
@@ -194,6 +216,7 @@ private:
     QString m_folder;
     QString m_extension;
     QString m_root;
+    FolderUse m_folderUse;
     Factory m_factory;
     mutable bool m_scanned = false;
     mutable QStringList m_names;

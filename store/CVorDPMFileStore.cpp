@@ -277,13 +277,14 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
 
 bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
     const QString path = file.GetFilePath();
-    if (!VorDPMRootBoundary::Check(path)) return false;
-    // A file that was removed or renamed behind this process is not made again.
+    // A file that was removed or renamed behind this process (alone or with its library) is
+    // not made again.
     struct stat opened {};
     if (!Identity(path, opened)) {
         VorDPMLastError::Set(Gone(path));
         return false;
     }
+    if (!VorDPMRootBoundary::Check(path)) return false;
     CVorDPMSQLiteConnection db;
     QString error;
     const Precondition unchanged = [&](CVorDPMSQLiteConnection& locked, QString& reason) {

@@ -36,6 +36,12 @@ VOR::ErrorStatus VorDPMReasons::NotFound(const QString& name) {
                   VOR::eNotFound);
 }
 
+VOR::ErrorStatus VorDPMReasons::FolderGone(const QString& folder) {
+    return Refuse(
+        QCoreApplication::translate("VorDPMStore", "%1: 已被其他用户删除或重命名").arg(folder),
+        VOR::eFileError);
+}
+
 QString VorDPMReasons::NotARegularFile(const QString& path) {
     return QCoreApplication::translate("VorDPMStore", "%1: 不是普通文件").arg(path);
 }

@@ -27,6 +27,8 @@ VOR::ErrorStatus CheckName(const QString& name);
 VOR::ErrorStatus NameExists(const QString& name);
 // eNotFound: there is none of that name.
 VOR::ErrorStatus NotFound(const QString& name);
+// eFileError: a folder the store listed is gone (another process removed or renamed it).
+VOR::ErrorStatus FolderGone(const QString& folder);
 // Something other than a regular file (a folder, a named pipe) where a store file is expected.
 QString NotARegularFile(const QString& path);
 

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "VorDPMLastError.h"
+#include "VorDPMReasons.h"
 
 namespace {
 
@@ -29,11 +30,15 @@ void VorDPMRootBoundary::SetRoot(const QString& root) {
 }
 
 bool VorDPMRootBoundary::Check(const QString& path) {
+    const QString resolved = Resolved(path);
+    if (resolved.isEmpty()) {
+        // The folder was there when the store listed it: someone has taken it away since.
+        VorDPMReasons::FolderGone(QFileInfo(path).absolutePath());
+        return false;
+    }
     // The root itself may be reached through a link; compare real locations on both sides.
     const QString root = QFileInfo(Root()).canonicalFilePath();
-    const QString resolved = Resolved(path);
-    if (!root.isEmpty() && !resolved.isEmpty() &&
-        (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
+    if (!root.isEmpty() && (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
         return true;
     VorDPMLastError::Set(
         QCoreApplication::translate("VorDPMStore", "%1: 已拒绝，它指向库根目录 %2 之外")

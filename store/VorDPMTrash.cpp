@@ -9,6 +9,7 @@
 #include <QStorageInfo>
 
 #include "VorDPMLastError.h"
+#include "VorDPMRootBoundary.h"
 
 namespace {
 
@@ -33,8 +34,10 @@ bool InUserTrash(const QString& trashed) {
 }
 
 // Moves `path` to `<root>/.recycle/<name>.<timestamp>`; false with the reason when it cannot.
+// A recycle folder that leads out of the root takes nothing.
 bool Recycle(const QString& path, const QString& root) {
     const QString folder = QDir(root).filePath(QStringLiteral(".recycle"));
+    if (!VorDPMRootBoundary::Check(folder)) return false;
     const QString stamp =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmsszzz"));
     const QString target =

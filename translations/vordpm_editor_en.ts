@@ -1531,6 +1531,10 @@
         <source>%1: 不是普通文件</source>
         <translation>%1: not a regular file</translation>
     </message>
+    <message>
+        <source>%1: 已被其他用户删除或重命名</source>
+        <translation>%1: removed or renamed by another user</translation>
+    </message>
 </context>
 <context>
     <name>VorDPMTemplateTree</name>

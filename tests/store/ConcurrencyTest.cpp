@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <functional>
 
@@ -178,5 +179,36 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
         EXPECT_EQ(Column(created, "SELECT property_alias FROM property", "property_alias"),
                   QStringList{QString::fromUtf8(sources[winner])});
         EXPECT_EQ(Column(created, "SELECT count(*) AS n FROM serial", "n"), QStringList{"20000"});
+    }
+}
+
+// Another process removes or renames the library this one has loaded: the save says so,
+// nothing is made again in its place, and after a reload the name is free for a new library.
+TEST_F(ConcurrencyTest, ALibraryGoneElsewhereIsNotMadeAgain) {
+    const std::pair<const char*, QStringList> cases[] = {
+        {"removed", {"remove-library", "QXMaterial"}},
+        {"renamed", {"rename-library", "QXMaterial", "Moved"}},
+    };
+    const QString gone = QStringLiteral("已被其他用户删除或重命名");
+    for (const auto& [label, child] : cases) {
+        Rebuild();
+        CVorDPMDPD* dpd = Loaded();
+        CVorDPMLibraryManager* library = Library(QStringLiteral("QXMaterial"));
+        ASSERT_EQ(RunChild(child), QStringLiteral("ok")) << label;
+        First(dpd)->SetName(QStringLiteral("parent"));
+        EXPECT_EQ(Manager()->SaveWork(), 0) << label;
+        QString error = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(error.contains(PathOf(QStringLiteral("Shared")))) << error.toStdString();
+        EXPECT_TRUE(error.contains(gone)) << error.toStdString();
+        CVorDPMDPD* created = nullptr;
+        CVorDPMDPC* catalog = nullptr;
+        EXPECT_NE(library->CreateDPD(QStringLiteral("New"), created), VOR::eOk) << label;
+        EXPECT_NE(library->CreateDPC(QStringLiteral("New"), catalog), VOR::eOk) << label;
+        error = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(error.contains(gone)) << error.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(root.File(QStringLiteral("QXMaterial")))) << label;
+        Reopen();
+        CVorDPMLibraryManager* again = nullptr;
+        EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("QXMaterial"), again), VOR::eOk) << label;
     }
 }

@@ -7,6 +7,9 @@
 #include <sqlite3.h>
 
 #include <QByteArray>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -18,6 +21,25 @@ inline QByteArray ReadAll(const QString& path) {
     QFile file(path);
     file.open(QIODevice::ReadOnly);
     return file.readAll();
+}
+
+// Every entry under `folder` (links not followed): its path relative to the folder and, for a
+// file, a digest of its contents; sorted. Equal snapshots, equal trees.
+inline QStringList Snapshot(const QString& folder) {
+    QStringList entries;
+    QDirIterator it(folder, QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        QString entry = QDir(folder).relativeFilePath(path);
+        if (it.fileInfo().isFile() && !it.fileInfo().isSymLink())
+            entry += QLatin1Char(' ') +
+                     QString::fromLatin1(
+                         QCryptographicHash::hash(ReadAll(path), QCryptographicHash::Sha1).toHex());
+        entries.append(entry);
+    }
+    entries.sort();
+    return entries;
 }
 
 inline void Write(const QString& path, const QByteArray& bytes) {
