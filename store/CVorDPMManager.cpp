@@ -9,6 +9,7 @@
 
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMTempFile.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
@@ -36,10 +37,11 @@ QStringList ScanLibraries(const QString& root) {
     return names;
 }
 
-// Copies a folder as it is on disk; refuses anything in it that leads outside the root, and
-// anything that is neither a folder nor a file (reading a named pipe would block for ever).
+// Copies a folder as it is on disk into the existing folder `to`; refuses anything in it that
+// leads outside the root, and anything that is neither a folder nor a file (reading a named
+// pipe would block for ever).
 bool CopyFolder(const QString& from, const QString& to) {
-    if (!VorDPMRootBoundary::Check(from) || !QDir().mkpath(to)) return false;
+    if (!VorDPMRootBoundary::Check(from)) return false;
     QDirIterator it(from,
                     QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot | QDir::Hidden,
                     QDirIterator::Subdirectories);
@@ -89,6 +91,8 @@ void CVorDPMManager::Reset(const QString& root) {
     m_common.reset();
     m_root = QDir::cleanPath(QDir(root).absolutePath());
     VorDPMRootBoundary::SetRoot(m_root);
+    // What killed copies of libraries and common tables left behind.
+    CVorDPMTempFile::RemoveStale(m_root);
     m_libraryNames = ScanLibraries(m_root);
 }
 
@@ -206,15 +210,19 @@ VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QStrin
     if (index < 0) return VorDPMReasons::NotFound(source);
     const VOR::ErrorStatus usable = CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
-    const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(to));
-    if (made != VOR::eOk) return made;
-    if (!CopyFolder(LibraryFolder(m_libraryNames[index]), LibraryFolder(to))) {
-        QDir(LibraryFolder(to)).removeRecursively();
+    // Built under a hidden name and moved into place whole: a copy that is killed or fails
+    // never shows as a library, and what it left is removed when the root is opened next.
+    CVorDPMTempFile building(LibraryFolder(to), CVorDPMTempFile::Folder);
+    if (!building.IsOpen() || !CopyFolder(LibraryFolder(m_libraryNames[index]), building.Path())) {
         if (VorDPMLastError::Get().isEmpty())
             VorDPMLastError::Set(QCoreApplication::translate("VorDPMStore", "%1: 无法复制")
                                      .arg(LibraryFolder(source)));
         return VOR::eFileError;
     }
+    // Of two processes copying to one name, the second finds the first's library there.
+    const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(building.Path(), LibraryFolder(to));
+    if (moved != VOR::eOk) return moved;
+    building.MarkMoved();
     m_libraryNames.append(to);
     VorDPMNames::Sort(m_libraryNames);
     return VOR::eOk;

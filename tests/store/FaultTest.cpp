@@ -23,6 +23,10 @@ QStringList CheckedValues(const QString& path) {
            Column(path, "SELECT DISTINCT vals FROM serial", "vals");
 }
 
+QStringList Entries(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
 }  // namespace
 
 class FaultTest : public StoreTestBase {
@@ -334,4 +338,53 @@ TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
     }
     EXPECT_TRUE(live.readAllStandardOutput().endsWith("ok\n"));
     EXPECT_EQ(CheckedValues(PathOf("Live")).first(), QStringLiteral("ok"));
+}
+
+// A library copy killed part-way leaves no library: the copy appears whole or not at all, and
+// what a killed copy wrote is removed when the root is opened next, never what a live one is
+// writing.
+TEST_F(FaultTest, AKilledLibraryCopyLeavesNoPartOfALibrary) {
+    CVorDPMDPD* big = MakeDefinition(m_library, QStringLiteral("Big"));
+    const int property = AddProperty(big, QStringLiteral("d"))->GetObjectId();
+    for (int i = 0; i < 20000; ++i) {
+        auto* serial = new CVorDPM_DPD_Serial;
+        serial->SetValue(QString(1000, QLatin1Char('x')), property);
+        big->AddSerial(serial);
+    }
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    const QStringList source = Snapshot(root.File(QStringLiteral("QXMaterial")));
+    const QStringList entries = Entries(root.Path());
+    int killed = 0;
+    const int delaysMs[] = {0, 5, 15, 40};
+    for (int round = 0; round < 4; ++round) {
+        const QString copy = QStringLiteral("Copy%1").arg(round);
+        QProcess child;
+        ASSERT_TRUE(StartWriter(child, root.Path(), {"copy-library", "QXMaterial", copy}));
+        while (Entries(root.Path()) == entries && child.state() == QProcess::Running)
+            QThread::usleep(100);
+        QThread::msleep(delaysMs[round]);
+        child.kill();
+        child.waitForFinished();
+        if (!child.readAllStandardOutput().endsWith("ok\n")) ++killed;
+        Reopen();
+        QStringList names;
+        Manager()->GetAllLibraryName(names);
+        const bool whole = names.contains(copy);
+        EXPECT_EQ(Entries(root.Path()), whole ? entries + QStringList{copy} : entries)
+            << "round " << round;
+        if (whole) {
+            EXPECT_EQ(Snapshot(root.File(copy)), source) << "round " << round;
+        }
+        QDir(root.File(copy)).removeRecursively();
+    }
+    EXPECT_GT(killed, 0) << "no copy was killed part-way";
+
+    QProcess live;
+    ASSERT_TRUE(StartWriter(live, root.Path(), {"copy-library", "QXMaterial", "Live"}));
+    while (live.state() == QProcess::Running) {
+        Reopen();
+        live.waitForFinished(5);
+    }
+    EXPECT_TRUE(live.readAllStandardOutput().endsWith("ok\n"));
+    EXPECT_EQ(Snapshot(root.File(QStringLiteral("Live"))), source);
 }
