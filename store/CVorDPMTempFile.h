@@ -10,6 +10,9 @@ class CVorDPMTempFile {
 public:
     enum Kind { File, Folder };
 
+    // What a temporary name adds to its target's name: ".new-" and 32 hex digits.
+    static constexpr int kNameSuffixBytes = 5 + 32;
+
     // Creates and locks `<target>.new-<uuid>`, or for a folder `<parent>/.<name>.new-<uuid>`
     // (hidden, so that no listing takes it for a library); IsOpen() tells whether that worked.
     explicit CVorDPMTempFile(const QString& target, Kind kind = File);

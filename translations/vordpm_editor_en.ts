@@ -1488,6 +1488,10 @@
         <translation>&quot;%1&quot; cannot be used as a name</translation>
     </message>
     <message>
+        <source>&quot;%1&quot;太长: 名称最多可有 %2 个字节(UTF-8 编码)</source>
+        <translation>&quot;%1&quot; is too long: a name may have at most %2 bytes (in UTF-8)</translation>
+    </message>
+    <message>
         <source>文件系统只读</source>
         <translation>the file system is read-only</translation>
     </message>
@@ -1516,6 +1520,14 @@
         <translation>&quot;%1&quot; does not exist</translation>
     </message>
     <message>
+        <source>%1: 已被其他用户删除或重命名</source>
+        <translation>%1: removed or renamed by another user</translation>
+    </message>
+    <message>
+        <source>%1: 不是普通文件</source>
+        <translation>%1: not a regular file</translation>
+    </message>
+    <message>
         <source>%1: 已拒绝，它指向库根目录 %2 之外</source>
         <translation>%1: refused, it leads outside the library root %2</translation>
     </message>
@@ -1526,14 +1538,6 @@
     <message>
         <source>%1: 已被移到 %2</source>
         <translation>%1: moved to %2</translation>
-    </message>
-    <message>
-        <source>%1: 不是普通文件</source>
-        <translation>%1: not a regular file</translation>
-    </message>
-    <message>
-        <source>%1: 已被其他用户删除或重命名</source>
-        <translation>%1: removed or renamed by another user</translation>
     </message>
 </context>
 <context>
