@@ -44,6 +44,33 @@ int OpenLocked(const QString& path, int flags, int lockMode) {
     return -1;
 }
 
+QString TemporaryName(const QString& target, CVorDPMTempFile::Kind kind) {
+    if (kind == CVorDPMTempFile::File) return target + Suffix();
+    const QFileInfo info(target);
+    return info.dir().filePath(QLatin1Char('.') + info.fileName() + Suffix());
+}
+
+// True when `path` still names the file or folder that `fd` holds.
+bool StillNamed(int fd, const QString& path) {
+    struct stat held {};
+    struct stat named {};
+    return ::fstat(fd, &held) == 0 && ::lstat(QFile::encodeName(path).constData(), &named) == 0 &&
+           held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
+// Makes the file or folder `path` and locks it; -1 when it cannot, or when it was removed
+// before the lock was taken.
+int CreateLocked(const QString& path, CVorDPMTempFile::Kind kind) {
+    int fd = -1;
+    if (kind == CVorDPMTempFile::File)
+        fd = OpenLocked(path, O_RDWR | O_CREAT | O_EXCL, LOCK_EX);
+    else if (::mkdir(QFile::encodeName(path).constData(), 0777) == 0)
+        fd = OpenLocked(path, O_RDONLY | O_DIRECTORY, LOCK_EX);
+    if (fd < 0 || StillNamed(fd, path)) return fd;
+    ::close(fd);
+    return -1;
+}
+
 void Remove(const QString& path, bool folder) {
     if (folder) {
         QDir(path).removeRecursively();
@@ -78,15 +105,13 @@ QStringList CandidateNames(const QString& folder) {
 }  // namespace
 
 CVorDPMTempFile::CVorDPMTempFile(const QString& target, Kind kind) : m_kind(kind) {
-    if (kind == File) {
-        m_path = target + Suffix();
-        m_fd = OpenLocked(m_path, O_RDWR | O_CREAT | O_EXCL, LOCK_EX);
-        return;
+    // Another process cleaning the folder may take the lock of a name just made, before its
+    // writer does, and remove it; the writer's lock then holds a file that is gone, and a new
+    // name is tried.
+    for (int attempt = 0; attempt < 8 && m_fd < 0; ++attempt) {
+        m_path = TemporaryName(target, kind);
+        m_fd = CreateLocked(m_path, kind);
     }
-    const QFileInfo info(target);
-    m_path = info.dir().filePath(QLatin1Char('.') + info.fileName() + Suffix());
-    if (::mkdir(QFile::encodeName(m_path).constData(), 0777) == 0)
-        m_fd = OpenLocked(m_path, O_RDONLY | O_DIRECTORY, LOCK_EX);
 }
 
 CVorDPMTempFile::~CVorDPMTempFile() {
