@@ -61,21 +61,17 @@ bool LibraryCheck::Prepare(QString& error) {
         AddTemplateUnits(QString(), QDir(m_root).filePath(QStringLiteral("templates")), templates);
         QStringList libraries;
         store->GetAllLibraryName(libraries);
-        for (const QString& name : libraries) {
-            CVorDPMLibraryManager* library = nullptr;
-            store->GetLibrary(name, library);
-            if (library) AddLibraryUnits(library);
-        }
+        for (const QString& name : libraries)
+            if (CVorDPMLibraryManager* library = LibraryNamed(name)) AddLibraryUnits(*library);
         return true;
     }
-    CVorDPMLibraryManager* library = nullptr;
-    store->GetLibrary(m_scope.library, library);
+    CVorDPMLibraryManager* library = LibraryNamed(m_scope.library);
     if (!library) {
         error = tr("没有产品库\"%1\"").arg(m_scope.library);
         return false;
     }
     if (m_scope.definition.isEmpty()) {
-        AddLibraryUnits(library);
+        AddLibraryUnits(*library);
         return true;
     }
     CVorDPMDPD* dpd = nullptr;
@@ -85,26 +81,35 @@ bool LibraryCheck::Prepare(QString& error) {
                     .arg(library->GetLibraryName(), m_scope.definition);
         return false;
     }
-    const QString name = dpd->GetDPDName();
-    AddUnit([this, library, name](Unit& unit) { CheckDefinition(*library, name, unit); });
+    AddUnit([this, library = library->GetLibraryName(), name = dpd->GetDPDName()](Unit& unit) {
+        CheckDefinition(library, name, unit);
+    });
     return true;
 }
 
-void LibraryCheck::AddLibraryUnits(CVorDPMLibraryManager* library) {
-    AddUnit([this, library](Unit& unit) { CheckInfo(*library, unit); });
+// Looked up by name on every turn: in the editor the user may remove a library while the check
+// runs.
+CVorDPMLibraryManager* LibraryCheck::LibraryNamed(const QString& name) {
+    CVorDPMLibraryManager* library = nullptr;
+    CVorDPMManager::GetVorDPMManager()->GetLibrary(name, library);
+    return library;
+}
+
+void LibraryCheck::AddLibraryUnits(CVorDPMLibraryManager& library) {
+    const QString name = library.GetLibraryName();
+    AddUnit([this, name](Unit& unit) { CheckInfo(name, unit); });
     QStringList catalogs;
-    library->GetAllDPCName(catalogs);
-    for (const QString& name : catalogs)
-        AddUnit([this, library, name](Unit& unit) { CheckCatalog(*library, name, unit); });
+    library.GetAllDPCName(catalogs);
+    for (const QString& catalog : catalogs)
+        AddUnit([this, name, catalog](Unit& unit) { CheckCatalog(name, catalog, unit); });
     QStringList definitions;
-    library->GetAllDPDName(definitions);
-    for (const QString& name : definitions)
-        AddUnit([this, library, name](Unit& unit) { CheckDefinition(*library, name, unit); });
-    CVorDPMTemplateManager* templates = library->GetVorDPMTemplateManager();
-    QStringList names;
-    templates->GetAllDPTName(names);
-    AddTemplateUnits(library->GetLibraryName(),
-                     QDir(library->GetFolder()).filePath(QStringLiteral("templates")), names);
+    library.GetAllDPDName(definitions);
+    for (const QString& definition : definitions)
+        AddUnit([this, name, definition](Unit& unit) { CheckDefinition(name, definition, unit); });
+    QStringList templates;
+    library.GetVorDPMTemplateManager()->GetAllDPTName(templates);
+    AddTemplateUnits(name, QDir(library.GetFolder()).filePath(QStringLiteral("templates")),
+                     templates);
 }
 
 void LibraryCheck::AddTemplateUnits(const QString& library, const QString& folder,
@@ -121,7 +126,10 @@ CheckFileReport LibraryCheck::ReportFor(const QString& library, const QString& p
     return CheckFileReport({library, QDir(m_root).relativeFilePath(path), kind, name});
 }
 
-void LibraryCheck::CheckInfo(CVorDPMLibraryManager& library, Unit& unit) {
+void LibraryCheck::CheckInfo(const QString& libraryName, Unit& unit) {
+    CVorDPMLibraryManager* found = LibraryNamed(libraryName);
+    if (!found) return;
+    CVorDPMLibraryManager& library = *found;
     // A file object of its own: the library's would be made when missing.
     const CVorDPMDPI info(QDir(library.GetFolder()).filePath(QStringLiteral("library.DPI")));
     CheckFileReport report = ReportFor(library.GetLibraryName(), info.GetFilePath(),
@@ -136,25 +144,26 @@ void LibraryCheck::CheckInfo(CVorDPMLibraryManager& library, Unit& unit) {
     Decode(std::move(pictures), unit);
 }
 
-void LibraryCheck::CheckCatalog(CVorDPMLibraryManager& library, const QString& name, Unit& unit) {
+void LibraryCheck::CheckCatalog(const QString& libraryName, const QString& name, Unit& unit) {
+    CVorDPMLibraryManager* library = LibraryNamed(libraryName);
     CVorDPMDPC* catalog = nullptr;
-    library.GetDPC(name, catalog);
+    if (library) library->GetDPC(name, catalog);
     if (!catalog) return;
-    CheckFileReport report = ReportFor(library.GetLibraryName(), catalog->GetFilePath(),
-                                       CheckFileKind::Catalog, catalog->GetDPCName());
-    CatalogCheck(library, report).Run(*catalog);
+    CheckFileReport report = ReportFor(libraryName, catalog->GetFilePath(), CheckFileKind::Catalog,
+                                       catalog->GetDPCName());
+    CatalogCheck(*library, report).Run(*catalog);
     unit.findings = report.Take();
 }
 
-void LibraryCheck::CheckDefinition(CVorDPMLibraryManager& library, const QString& name,
-                                   Unit& unit) {
+void LibraryCheck::CheckDefinition(const QString& libraryName, const QString& name, Unit& unit) {
+    CVorDPMLibraryManager* library = LibraryNamed(libraryName);
     CVorDPMDPD* dpd = nullptr;
-    library.GetDPD(name, dpd);
+    if (library) library->GetDPD(name, dpd);
     if (!dpd) return;
-    CheckFileReport report = ReportFor(library.GetLibraryName(), dpd->GetFilePath(),
-                                       CheckFileKind::Definition, dpd->GetDPDName());
+    CheckFileReport report =
+        ReportFor(libraryName, dpd->GetFilePath(), CheckFileKind::Definition, dpd->GetDPDName());
     QHash<QString, QString>* products =
-        m_scope.definition.isEmpty() ? &m_libraryProducts[library.GetLibraryName()] : nullptr;
+        m_scope.definition.isEmpty() ? &m_libraryProducts[libraryName] : nullptr;
     const DefinitionCheckContext context{m_common, m_parameterNames, products, m_scope.scripts};
     DefinitionCheck check(context, report);
     check.Run(*dpd);

@@ -89,16 +89,18 @@ private:
         bool Complete() const { return ran && pending == 0; }
     };
 
-    void AddLibraryUnits(CVorDPMLibraryManager* library);
+    static CVorDPMLibraryManager* LibraryNamed(const QString& name);
+    void AddLibraryUnits(CVorDPMLibraryManager& library);
     void AddTemplateUnits(const QString& library, const QString& folder, const QStringList& names);
     void AddUnit(std::function<void(Unit&)> run) {
         m_units.emplace_back();
         m_units.back().run = std::move(run);
     }
 
-    void CheckInfo(CVorDPMLibraryManager& library, Unit& unit);
-    void CheckCatalog(CVorDPMLibraryManager& library, const QString& name, Unit& unit);
-    void CheckDefinition(CVorDPMLibraryManager& library, const QString& name, Unit& unit);
+    // Each by the library's name: a library or file gone since Prepare() is left out.
+    void CheckInfo(const QString& libraryName, Unit& unit);
+    void CheckCatalog(const QString& libraryName, const QString& name, Unit& unit);
+    void CheckDefinition(const QString& libraryName, const QString& name, Unit& unit);
     void CheckTemplate(const QString& library, const QString& folder, const QString& name,
                        Unit& unit);
     void Decode(std::unique_ptr<CheckPictures> pictures, Unit& unit);
