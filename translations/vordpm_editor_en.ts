@@ -308,6 +308,37 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMCheckFindingModel</name>
+    <message>
+        <source>错误</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>警告</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>级别</source>
+        <translation>Severity</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>表#行</source>
+        <translation>Table#Row</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation>Message</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMCreateProductDlg</name>
     <message>
         <source>创建产品</source>
@@ -706,6 +737,45 @@
     <message>
         <source>显示全部产品库</source>
         <translation>Show all libraries</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;中没有产品定义&quot;%2&quot;。</source>
+        <translation>Library &quot;%1&quot; has no product definition &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>目录树中没有产品目录&quot;%1/%2&quot;。</source>
+        <translation>The tree does not show the catalog &quot;%1/%2&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMLibraryCheckPanel</name>
+    <message>
+        <source>检查</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>检查所选产品库已保存的文件：文件、命名规则、系列数据、目录和脚本</source>
+        <translation>Checks the saved files of the selected library: files, naming rules, series, catalogs and scripts</translation>
+    </message>
+    <message>
+        <source>正在检查产品库&quot;%1&quot;……</source>
+        <translation>Checking library &quot;%1&quot;…</translation>
+    </message>
+    <message>
+        <source>%1 个文件，%2 个错误，%3 个警告</source>
+        <translation>%1 files, %2 errors, %3 warnings</translation>
+    </message>
+    <message>
+        <source>检查已取消（到此为止：%1）</source>
+        <translation>Check cancelled (so far: %1)</translation>
+    </message>
+    <message>
+        <source>检查完成：%1</source>
+        <translation>Check done: %1</translation>
     </message>
 </context>
 <context>
