@@ -70,8 +70,7 @@ CVorDPMLibraryCheckPanel::CVorDPMLibraryCheckPanel(QWidget* parent)
     connect(m_checkButton, &QPushButton::clicked, this, &CVorDPMLibraryCheckPanel::OnCheck);
     connect(m_cancel, &QPushButton::clicked, this, &CVorDPMLibraryCheckPanel::OnCancel);
     connect(m_findings, &QTreeView::doubleClicked, this, &CVorDPMLibraryCheckPanel::OnActivated);
-    // Until the first check the page shows nothing of it but the button.
-    m_findings->hide();
+    ShowFindings(false);
     ShowRunning(false);
 }
 
@@ -86,14 +85,14 @@ void CVorDPMLibraryCheckPanel::SetLibrary(const QString& library) {
     if (IsRunning()) Drop();
     m_model->Clear();
     m_summary->clear();
-    m_findings->hide();
+    ShowFindings(false);
     ShowRunning(false);
 }
 
 void CVorDPMLibraryCheckPanel::OnCheck() {
     if (IsRunning() || m_library.isEmpty()) return;
     m_model->Clear();
-    m_findings->show();
+    ShowFindings(true);
     CheckScope scope;
     scope.library = m_library;
     scope.jobs = std::clamp(QThread::idealThreadCount(), 1, kMaxJobs);
@@ -140,6 +139,12 @@ void CVorDPMLibraryCheckPanel::Drop() {
     m_check->Cancel();
     m_check->deleteLater();
     m_check = nullptr;
+}
+
+// Until the first check the panel is the button's row only, and takes no room from the page.
+void CVorDPMLibraryCheckPanel::ShowFindings(bool shown) {
+    m_findings->setVisible(shown);
+    setSizePolicy(QSizePolicy::Preferred, shown ? QSizePolicy::Expanding : QSizePolicy::Maximum);
 }
 
 void CVorDPMLibraryCheckPanel::ShowRunning(bool running) {

@@ -53,6 +53,7 @@ private:
     void OnActivated(const QModelIndex& index);
     // Lets go of the check: it is deleted from the event loop, as it may be inside a signal.
     void Drop();
+    void ShowFindings(bool shown);
     void ShowRunning(bool running);
 
     QString m_library;
