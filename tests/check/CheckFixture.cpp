@@ -34,7 +34,7 @@ void CheckFixture::SetUp() {
 void CheckFixture::Reopen() {
     CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
     store->DiscardChanges();
-    store->SetDPMLibraryRootPath(store->GetDPMLibraryRootPath());
+    store->SetDPMLibraryRootPath(root.Path());
 }
 
 QVector<CheckFinding> CheckFixture::Check(const CheckScope& scope) {

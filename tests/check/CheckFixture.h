@@ -16,8 +16,9 @@ protected:
     void SetUp() override;
 
     QString File(const QString& relative) const { return root.File(relative); }
-    // Reads the root again after the test changed its files behind the store's back.
-    static void Reopen();
+    // Makes the test's copy current (creating the sample made the sample's root current), read
+    // again after the test changed its files behind the store's back.
+    void Reopen();
     // Runs the check to its end; the scope's defaults check every library with its scripts.
     QVector<CheckFinding> Check(const CheckScope& scope = {});
     // What the sample holds on purpose: the two references that show the catalog page's
