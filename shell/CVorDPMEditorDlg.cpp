@@ -231,7 +231,7 @@ void CVorDPMEditorDlg::OnSelChanged(QTreeWidgetItem* node) {
                                      : node->text(0);
         m_libraryPage->SetCurrentPath(CurrentPath);
         m_contentPage->SetCurrentPath(CurrentPath);
-        m_dataPage->SetCurrentPath(CurrentPath);
+        m_dataPage->SetCurrentPathWhenShown(CurrentPath);
     }
     m_libraryPage->GetReportCtrl()->setFocus();
     UpdateCommandUi();
