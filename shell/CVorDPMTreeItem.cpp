@@ -32,13 +32,12 @@ CVorDPMTreeItem::CVorDPMTreeItem(const QString& name, const QString& library,
       m_image(CVorDPMTreeCtrlEx::ImageMissingProduct),
       m_object(nullptr),
       m_library(library),
-      m_definition(name),
       m_imageKnown(false) {}
 
 int CVorDPMTreeItem::Image() const {
     if (m_imageKnown) return m_image;
     const CVorDPMLibraryManager* library = Library(m_library);
-    m_image = ProductImage(library && library->HasDPD(m_definition));
+    m_image = ProductImage(library && library->HasDPD(m_text));
     m_imageKnown = true;
     return m_image;
 }
@@ -47,7 +46,7 @@ CVorDPMDBBase* CVorDPMTreeItem::Object() const {
     if (m_library.isEmpty()) return m_object;
     CVorDPMLibraryManager* library = Library(m_library);
     CVorDPMDPD* definition = nullptr;
-    if (library) library->GetDPD(m_definition, definition);
+    if (library) library->GetDPD(m_text, definition);
     m_object = definition;
     if (!m_imageKnown) m_image = ProductImage(definition);
     Forget();
@@ -58,7 +57,6 @@ CVorDPMDBBase* CVorDPMTreeItem::Object() const {
 void CVorDPMTreeItem::Forget() const {
     m_imageKnown = true;
     m_library.clear();
-    m_definition.clear();
 }
 
 QVariant CVorDPMTreeItem::data(int column, int role) const {
@@ -90,6 +88,7 @@ void CVorDPMTreeItem::setData(int column, int role, const QVariant& value) {
         case Qt::DisplayRole:
         case Qt::EditRole:
             if (value.toString() == m_text) return;
+            Object();  // the definition is the one of the name the node was made with
             m_text = value.toString();
             break;
         case CVorDPMTreeCtrlEx::ItemImageRole:

@@ -35,8 +35,8 @@ private:
     const QList<QIcon>* m_icons;
     mutable int m_image;
     mutable CVorDPMDBBase* m_object;
-    // The definition still to be looked up; the library is empty once it has been.
+    // The library of the definition still to be looked up, by the node's text; empty once it
+    // has been (a new text is set only after the look-up).
     mutable QString m_library;
-    mutable QString m_definition;
     mutable bool m_imageKnown = true;
 };
