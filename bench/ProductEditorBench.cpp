@@ -46,7 +46,9 @@ public:
     bool InputLongText(QWidget*, const QString&, const QString&, QString&) override {
         return false;
     }
-    QString OpenFileName(QWidget*, const QString&, const QString&) override { return {}; }
+    QString OpenFileName(QWidget*, const QString&, const QString&, const QString&) override {
+        return {};
+    }
     QString SaveFileName(QWidget*, const QString&, const QString&) override { return {}; }
     QString ExistingDirectory(QWidget*, const QString&, const QString&) override { return {}; }
     int Exec(QDialog*) override { return QDialog::Accepted; }

@@ -24,12 +24,14 @@ target_include_directories(VorDPMEditor INTERFACE $<BUILD_INTERFACE:${PROJECT_SO
 install(TARGETS VorDPMEditor EXPORT VorDPMTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
 install(TARGETS vordpm vordpm-host RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
+install(TARGETS vordpm-preview RUNTIME DESTINATION ${VORDPM_PREVIEW_PROGRAM_DIR} COMPONENT Runtime)
 
-# The entry function, the query class, the naming rule and the two exported controls, with what
-# they include.
+# The entry function with the editor's settings a host may write beforehand, the query class,
+# the naming rule and the two exported controls, with what they include.
 install(FILES query/CVorDPMData.h query/CVorDPMNameRule.h query/VorDPMEditorExport.h
   DESTINATION ${VORDPM_INCLUDE_DIR}/query COMPONENT Development)
-install(FILES shell/ExportVorDPMEditor.h shell/CVorDPMTreeCtrlEx.h shell/CVorDPMReportCtrlBase.h
+install(FILES shell/ExportVorDPMEditor.h shell/CVorDPMEditorSettings.h
+  shell/CVorDPMTreeCtrlEx.h shell/CVorDPMReportCtrlBase.h
   shell/CVorDPMReportModel.h shell/CVorDPMReportRecord.h
   DESTINATION ${VORDPM_INCLUDE_DIR}/shell COMPONENT Development)
 

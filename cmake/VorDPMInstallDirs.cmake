@@ -17,3 +17,10 @@ set(VORDPM_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/VorDPM)
 file(RELATIVE_PATH VORDPM_LIBDIR_FROM_BINDIR "/prefix/${CMAKE_INSTALL_BINDIR}"
      "/prefix/${CMAKE_INSTALL_LIBDIR}")
 set(VORDPM_PROGRAM_RPATH "$ORIGIN/${VORDPM_LIBDIR_FROM_BINDIR}")
+
+# The child process in which preview scripts run is a program of its own that users do not
+# start: it goes to the folder of such programs, where the library finds it from the program's
+# folder.
+set(VORDPM_PREVIEW_PROGRAM_DIR ${CMAKE_INSTALL_LIBEXECDIR}/vordpm)
+file(RELATIVE_PATH VORDPM_PREVIEW_PROGRAM_FROM_BINDIR "/prefix/${CMAKE_INSTALL_BINDIR}"
+     "/prefix/${VORDPM_PREVIEW_PROGRAM_DIR}/vordpm-preview")

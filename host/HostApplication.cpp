@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <cstdio>
 
+#include "CVorDPMEditorSettings.h"
 #include "CVorDPMManager.h"
 #include "FirstWindowWatcher.h"
 #include "HostConsolePrompt.h"
@@ -41,6 +42,7 @@ int HostApplication::Run() {
     QString error;
     if (!LibraryRootChooser::Choose(m_options.root, error)) return Fail(error, kNoRoot);
 
+    if (m_options.allLibraries) CVorDPMEditorSettings::SetShowAllLibraries(true);
     const std::unique_ptr<FirstWindowWatcher> watcher = WatchFirstWindow();
     m_loader.EntryFunction()(&HostPreview::Draw, &HostPreview::Close, &HostPreview::Move);
     HostPreview::Close();

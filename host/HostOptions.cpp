@@ -59,7 +59,10 @@ HostOptions HostOptions::Parse(const QStringList& arguments) {
     const QCommandLineOption language(
         QStringLiteral("lang"), QStringLiteral("Language of the editor (default: the system's)."),
         QStringLiteral("en|zh"));
-    parser.addOptions({root, editor, screenshot, measure, language});
+    const QCommandLineOption allLibraries(
+        QStringLiteral("all-libraries"),
+        QStringLiteral("List every library of the root in the editor's trees (remembered)."));
+    parser.addOptions({root, editor, screenshot, measure, language, allLibraries});
     parser.process(arguments);
     if (parser.isSet(language) && !FindLanguage(parser.value(language))) {
         std::fprintf(stderr, "%s: --lang takes en or zh, not %s\n",
@@ -74,5 +77,6 @@ HostOptions HostOptions::Parse(const QStringList& arguments) {
     options.screenshot = parser.value(screenshot);
     options.measureStartup = parser.isSet(measure);
     options.language = parser.value(language);
+    options.allLibraries = parser.isSet(allLibraries);
     return options;
 }

@@ -12,6 +12,9 @@ struct HostOptions {
     QString language;    // --lang en|zh: the language instead of the locale's; empty: the locale's
     // --measure-startup: print the time to the painted window, then close it
     bool measureStartup = false;
+    // --all-libraries: the editor's trees list every library of the root (its option, which it
+    // remembers; without the flag the remembered choice stands)
+    bool allLibraries = false;
 
     // Unattended runs close the editor themselves and must not wait for a person.
     bool Unattended() const { return measureStartup || !screenshot.isEmpty(); }

@@ -1,6 +1,8 @@
 #include "HostPreview.h"
 
-#include "LuaPreviewScript.h"
+#include <QCoreApplication>
+
+#include "PreviewRunner.h"
 
 QPointer<PreviewWidget>& HostPreview::Slot() {
     static QPointer<PreviewWidget> widget;
@@ -9,6 +11,15 @@ QPointer<PreviewWidget>& HostPreview::Slot() {
 
 PreviewWidget* HostPreview::Current() {
     return Slot().data();
+}
+
+PreviewRunner& HostPreview::Runner() {
+    static QPointer<PreviewRunner> runner;
+    if (!runner) {
+        runner = new PreviewRunner({}, QCoreApplication::instance());
+        QObject::connect(runner, &PreviewRunner::Finished, &HostPreview::Show);
+    }
+    return *runner;
 }
 
 // The preview widget inside `parent`: the current one when it already lives there, otherwise a
@@ -21,6 +32,23 @@ PreviewWidget* HostPreview::WidgetIn(QWidget* parent) {
     return slot.data();
 }
 
+PreviewParameters HostPreview::ParametersOf(const std::map<QString, _struParam>& params,
+                                            const std::map<int, tagVorDPM_Value>& values) {
+    PreviewParameters parameters;
+    for (const auto& [name, param] : params) {
+        const auto found = values.find(param.index);
+        if (found == values.end()) continue;
+        const tagVorDPM_Value& value = found->second;
+        if (value.type == emVorDPM_VALUETYPE_INT)
+            parameters[name] = qint64(value.intValue);
+        else if (value.type == emVorDPM_VALUETYPE_DOUBLE)
+            parameters[name] = value.doubleValue;
+        else if (value.type == emVorDPM_VALUETYPE_STRING)
+            parameters[name] = value.stringValue;
+    }
+    return parameters;
+}
+
 void HostPreview::Draw(QRect rect, QWidget* parent, const QString& requestId, const char* script,
                        const std::map<QString, _struParam>& params,
                        const std::map<int, tagVorDPM_Value>& values) {
@@ -28,14 +56,20 @@ void HostPreview::Draw(QRect rect, QWidget* parent, const QString& requestId, co
     PreviewWidget* widget = WidgetIn(parent);
     widget->setObjectName(requestId);
     widget->setGeometry(rect);
-    const LuaPreviewScript::Result result =
-        LuaPreviewScript::Run(QByteArray(script ? script : ""), params, values);
-    widget->Show(result.drawing, result.error);
     widget->show();
     widget->raise();
+    // A run still going for an older request is abandoned: only the newest is shown.
+    PreviewRunner& runner = Runner();
+    runner.Start(QByteArray(script ? script : ""), ParametersOf(params, values));
+    if (!runner.WaitForFinished(kSettleMs)) widget->ShowRunning();
+}
+
+void HostPreview::Show(const PreviewResult& result) {
+    if (PreviewWidget* widget = Current()) widget->Show(result.drawing, result.Message());
 }
 
 void HostPreview::Move(QRect rect) {
+    Runner();
     if (PreviewWidget* widget = Current()) widget->setGeometry(rect);
 }
 

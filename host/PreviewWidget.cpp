@@ -11,10 +11,17 @@ PreviewWidget::PreviewWidget(QWidget* parent) : QWidget(parent) {
 void PreviewWidget::Show(const PreviewDrawing& drawing, const QString& error) {
     m_drawing = drawing;
     m_error = error;
+    m_running = false;
+    update();
+}
+
+void PreviewWidget::ShowRunning() {
+    m_running = true;
     update();
 }
 
 QString PreviewWidget::Message() const {
+    if (m_running) return tr("脚本正在运行……");
     if (!m_error.isEmpty()) return m_error;
     if (m_drawing.IsEmpty()) return tr("脚本没有绘制任何图形。");
     return QString();
@@ -32,7 +39,7 @@ void PreviewWidget::paintEvent(QPaintEvent*) {
 }
 
 void PreviewWidget::PaintMessage(QPainter& painter) const {
-    painter.setPen(m_error.isEmpty() ? Qt::darkGray : Qt::darkRed);
+    painter.setPen(m_error.isEmpty() || m_running ? Qt::darkGray : Qt::darkRed);
     painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, Message());
 }
 

@@ -13,6 +13,9 @@ public:
 
     // Shows the drawing, or `error` when it is not empty.
     void Show(const PreviewDrawing& drawing, const QString& error);
+    // Says that the script is still running, until Show() brings its result.
+    void ShowRunning();
+    bool IsRunning() const { return m_running; }
     // The text shown instead of a drawing; empty while a drawing is shown.
     QString Message() const;
 
@@ -27,4 +30,5 @@ private:
 
     PreviewDrawing m_drawing;
     QString m_error;
+    bool m_running = false;
 };

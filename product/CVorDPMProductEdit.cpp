@@ -386,10 +386,9 @@ void CVorDPMProductEdit::PickUnit(CVorDPMPropertyGridItem* item) {
     item->SetValue(unit);
 }
 
-// The script editor works on definitions only; on a template it offers no script to pick.
+// A template's shapes pick from the template's own scripts, as a definition's do.
 void CVorDPMProductEdit::PickScript(CVorDPMPropertyGridItem* item) {
-    CVorDPMScriptEdit dialog(dynamic_cast<CVorDPMDPD*>(m_dpd), m_shape, m_draw, m_close, m_move,
-                             this);
+    CVorDPMScriptEdit dialog(m_dpd, m_shape, m_draw, m_close, m_move, this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
     item->ChangeValue(Number(dialog.GetChosenScriptId()));
 }

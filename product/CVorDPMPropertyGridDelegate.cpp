@@ -41,12 +41,18 @@ QWidget* CVorDPMPropertyGridDelegate::CreateLineEdit(QWidget* parent,
         edit->addAction(edit->style()->standardIcon(icon), QLineEdit::TrailingPosition);
     button->setObjectName(QLatin1String(kInplaceButtonName));
     button->setToolTip(QStringLiteral("..."));
-    // The item may be gone when a queued press arrives; look it up through the grid again.
+    // The press is handed to the item after the click has returned. What it opens (a picker, a
+    // file dialog) runs an event loop of its own, in which the grid closes this editor and
+    // deletes the button with it: the button must not be inside its click handling then. The
+    // item may be gone by the time the press arrives; it is looked up through the grid again.
     const QPersistentModelIndex where = m_grid->IndexOfValue(item);
-    connect(button, &QAction::triggered, m_grid, [grid = m_grid, where] {
-        if (CVorDPMPropertyGridItem* pressed = grid->ItemFromIndex(where))
-            pressed->OnInplaceButtonDown();
-    });
+    connect(
+        button, &QAction::triggered, m_grid,
+        [grid = m_grid, where] {
+            if (CVorDPMPropertyGridItem* pressed = grid->ItemFromIndex(where))
+                pressed->OnInplaceButtonDown();
+        },
+        Qt::QueuedConnection);
     return edit;
 }
 

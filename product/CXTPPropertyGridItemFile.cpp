@@ -15,8 +15,9 @@ QString CXTPPropertyGridItemFile::Filter() {
                                        "image Files (*.bmp *.jpg);;All Files (*)");
 }
 
+// The dialog starts on the item's current value.
 void CXTPPropertyGridItemFile::OnInplaceButtonDown() {
-    // The UI service's open dialog takes no start file; it opens where the platform chooses.
-    const QString path = CVorDPMUiService::Instance()->OpenFileName(Grid(), QString(), Filter());
+    const QString path =
+        CVorDPMUiService::Instance()->OpenFileName(Grid(), QString(), Filter(), GetValue());
     if (!path.isEmpty()) ChangeValue(path);
 }

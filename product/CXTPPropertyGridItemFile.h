@@ -11,6 +11,7 @@ public:
     // The dialog's file types: pictures first, then everything.
     static QString Filter();
 
-    // Asks for a file; a chosen path becomes the value and is reported as an edit.
+    // Asks for a file, starting on the current value; a chosen path becomes the value and is
+    // reported as an edit.
     void OnInplaceButtonDown() override;
 };

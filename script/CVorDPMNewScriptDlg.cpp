@@ -4,13 +4,13 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "CVorDPMDPD.h"
+#include "CVorDPMDPDBase.h"
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
 #include "script/CVorDPMScriptCodeEdit.h"
 #include "script/VorDPMScriptText.h"
 
-CVorDPMNewScriptDlg::CVorDPMNewScriptDlg(CVorDPMDPD* dpd, QWidget* parent)
+CVorDPMNewScriptDlg::CVorDPMNewScriptDlg(CVorDPMDPDBase* dpd, QWidget* parent)
     : QDialog(parent),
       m_dpd(dpd),
       m_nameEdit(new QLineEdit(this)),

@@ -1,5 +1,5 @@
 // The dialog "新建脚本" that adds one preview script (name, description, text) to a product
-// definition. Opened by the script editor's new-script button:
+// definition or template. Opened by the script editor's new-script button:
 //     CVorDPMNewScriptDlg dlg(dpd, this); CVorDPMUiService::Instance()->Exec(&dlg);
 // It closes with OK also when the definition refused the script ("添加失败！").
 #pragma once
@@ -7,7 +7,7 @@
 #include <QDialog>
 #include <QString>
 
-class CVorDPMDPD;
+class CVorDPMDPDBase;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -19,7 +19,7 @@ public:
     enum ControlId : int { IDC_NAME = 8002, IDC_DESCRIPTION = 8003, IDC_SCRIPT_TEXT = 8004 };
 
     // `dpd` stays owned by the store; with null, OK adds nothing.
-    explicit CVorDPMNewScriptDlg(CVorDPMDPD* dpd, QWidget* parent = nullptr);
+    explicit CVorDPMNewScriptDlg(CVorDPMDPDBase* dpd, QWidget* parent = nullptr);
 
     // The texts as read on OK.
     const QString& GetName() const { return m_name; }
@@ -30,7 +30,7 @@ private:
     void OnOK();
     void AddScript();
 
-    CVorDPMDPD* m_dpd;
+    CVorDPMDPDBase* m_dpd;
     QLineEdit* m_nameEdit;
     QLineEdit* m_descriptionEdit;
     QPlainTextEdit* m_scriptEdit;

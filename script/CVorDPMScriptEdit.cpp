@@ -8,7 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "CVorDPMDPD.h"
+#include "CVorDPMDPDBase.h"
 #include "CVorDPMDPOProperty.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMUiService.h"
@@ -46,7 +46,7 @@ const int kParameterWidths[] = {130, 100, 80, 100};
 
 }  // namespace
 
-CVorDPMScriptEdit::CVorDPMScriptEdit(CVorDPMDPD* dpd, CVorDPM_DPD_Shape* shape,
+CVorDPMScriptEdit::CVorDPMScriptEdit(CVorDPMDPDBase* dpd, CVorDPM_DPD_Shape* shape,
                                      PreviewDrawCallback draw, PreviewCloseCallback close,
                                      PreviewMoveCallback move, QWidget* parent)
     : CVorDPMDialogBase(IDD, parent),

@@ -1,6 +1,6 @@
 // The parametric script editor "参数化脚本编辑器": picks, writes and tests the preview script of
-// one shape of a product definition, with the shape's parameter settings and test values, and
-// asks the host to draw a live preview into the dialog.
+// one shape of a product definition or template, with the shape's parameter settings and test
+// values, and asks the host to draw a live preview into the dialog.
 //
 // Open (e.g. from the shape record's "DPS ID" item):
 //     CVorDPMScriptEdit dlg(dpd, shape, draw, close, move, this);
@@ -16,7 +16,7 @@
 #include "CVorDPMDialogBase.h"
 #include "ExportVorDPMEditor.h"
 
-class CVorDPMDPD;
+class CVorDPMDPDBase;
 class CVorDPMReportCtrlBase;
 class CVorDPM_DPD_Dps;
 class CVorDPM_DPD_Shape;
@@ -51,7 +51,7 @@ public:
     // (the dialog then offers nothing to pick). Each callback may be null and is then not
     // called: draw on the preview button, move on every resize, close when the dialog is
     // destroyed.
-    CVorDPMScriptEdit(CVorDPMDPD* dpd, CVorDPM_DPD_Shape* shape, PreviewDrawCallback draw,
+    CVorDPMScriptEdit(CVorDPMDPDBase* dpd, CVorDPM_DPD_Shape* shape, PreviewDrawCallback draw,
                       PreviewCloseCallback close, PreviewMoveCallback move,
                       QWidget* parent = nullptr);
     // Tells the host that the preview's window goes away.
@@ -90,7 +90,7 @@ private:
     void OnPreview();
     void OnOK();
 
-    CVorDPMDPD* m_dpd;
+    CVorDPMDPDBase* m_dpd;
     CVorDPM_DPD_Shape* m_shape;
     PreviewDrawCallback m_pPreviewDrawCallback;
     PreviewCloseCallback m_pPreviewCloseCallback;

@@ -21,15 +21,16 @@ if [ "${1:-}" = "--check" ]; then
   mkdir -p "$out_dir"
 fi
 
-# The host's catalog covers host/; the editor's covers every other folder of sources (the
-# editor's subsystems and the store, whose texts the editor shows), so that a new subsystem
-# folder is picked up without touching this script. The command-line tool speaks English.
+# The host's catalog covers host/ and the preview sandbox it shows the messages of; the editor's
+# covers every other folder of sources (the editor's subsystems and the store, whose texts the
+# editor shows), so that a new subsystem folder is picked up without touching this script. The
+# command-line tool speaks English.
 editor_folders=()
 for folder in */; do
   folder=${folder%/}
   case "$folder" in
-    host | tools | tests | bench | examples | packaging | scripts | docs | cmake | translations \
-      | build*) ;;
+    host | preview | tools | tests | bench | examples | packaging | scripts | docs | cmake \
+      | translations | build*) ;;
     *) compgen -G "$folder/*.cpp" >/dev/null && editor_folders+=("$folder") ;;
   esac
 done
@@ -43,7 +44,7 @@ update() {  # catalog, folders...
     "$@" -ts "$target"
 }
 update vordpm_editor "${editor_folders[@]}"
-update vordpm_host host
+update vordpm_host host preview
 
 # Every unfinished entry as "context: source text".
 untranslated=$(awk '

@@ -51,8 +51,8 @@ bool CVorDPMDefaultUi::InputLongText(QWidget* parent, const QString& title, cons
 }
 
 QString CVorDPMDefaultUi::OpenFileName(QWidget* parent, const QString& caption,
-                                       const QString& filter) {
-    return QFileDialog::getOpenFileName(parent, caption, QString(), filter);
+                                       const QString& filter, const QString& start) {
+    return QFileDialog::getOpenFileName(parent, caption, start, filter);
 }
 
 QString CVorDPMDefaultUi::SaveFileName(QWidget* parent, const QString& caption,

@@ -11,7 +11,8 @@ public:
                    QString& text) override;
     bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
                        QString& text) override;
-    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) override;
+    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter,
+                         const QString& start) override;
     QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString ExistingDirectory(QWidget* parent, const QString& caption,
                               const QString& start) override;

@@ -1,12 +1,14 @@
 #include "CVorDPMEditorDlg.h"
 
 #include <QAbstractItemDelegate>
+#include <QCheckBox>
 #include <QCursor>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "CDPMSheet.h"
+#include "CVorDPMEditorSettings.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
@@ -28,8 +30,10 @@
 namespace {
 
 // The tree in dialog units, below the menu bar; the sheet keeps this gap to its neighbours.
+// The check box for every library of the root has a row of its own under the tree.
 const QRect kTreeRect(6, 7, 90, 290);
-const QSize kDialogSize(447, 316);
+const QRect kShowAllRect(6, 300, 140, 10);
+const QSize kDialogSize(447, 316 + 14);
 constexpr int kSheetGap = 12;
 
 // Characters a new catalog name may not hold: those of every stored name, and ; [ ].
@@ -40,6 +44,8 @@ const QString& InvalidCatalogCharacters() {
 
 }  // namespace
 
+const char* const CVorDPMEditorDlg::kShowAllLibrariesName = "showAllLibraries";
+
 CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallback close,
                                    PreviewMoveCallback move, QWidget* parent)
     : CVorDPMDialogBase(IDD, parent),
@@ -47,6 +53,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
       m_contentPage(new CDPMContentPage(this)),
       m_dataPage(new CDPMDataPage(this)),
       m_tree(new CVorDPMTreeCtrlEx(this)),
+      m_showAllLibraries(new QCheckBox(tr("显示全部产品库"), this)),
       m_sheet(new CDPMSheet(this)),
       m_menuBar(new QMenuBar(this)),
       m_pPreviewDrawCallback(draw),
@@ -66,6 +73,8 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
     m_tree->setObjectName(QString::number(IDC_TREE));
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_tree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_showAllLibraries->setObjectName(QLatin1String(kShowAllLibrariesName));
+    m_showAllLibraries->setChecked(CVorDPMEditorSettings::ShowAllLibraries());
     // The menu bar is part of the window on every platform, as the layout below expects.
     m_menuBar->setNativeMenuBar(false);
     connect(m_contentPage, &CDPMContentPage::Modified, this, [this] { m_modified = true; });
@@ -95,6 +104,9 @@ bool CVorDPMEditorDlg::OnInitDialog() {
     m_tree->SetCheckBoxes(false);
     SetResize(m_menuBar, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopRight);
     SetResize(m_tree, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::BottomLeft);
+    SetResize(m_showAllLibraries, CVorDPMAnchorResizer::BottomLeft,
+              CVorDPMAnchorResizer::BottomLeft);
+    connect(m_showAllLibraries, &QCheckBox::toggled, this, &CVorDPMEditorDlg::OnShowAllLibraries);
     connect(m_tree, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* current) { OnSelChanged(current); });
     connect(m_tree, &QWidget::customContextMenuRequested, this,
@@ -116,6 +128,7 @@ void CVorDPMEditorDlg::LayOutTemplate() {
     const QSize size = MapDialogRect(QRect(QPoint(), kDialogSize)).size();
     m_menuBar->setGeometry(0, 0, size.width(), menuHeight);
     m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
+    m_showAllLibraries->setGeometry(MapDialogRect(kShowAllRect).translated(0, menuHeight));
     resize(size + QSize(0, menuHeight));
 }
 
@@ -157,6 +170,17 @@ void CVorDPMEditorDlg::AddMenuCommand(QMenu* menu, int commandId, const QString&
 
 void CVorDPMEditorDlg::BuildTree() {
     m_tree->InitTreeCtrl();
+}
+
+void CVorDPMEditorDlg::RebuildTree(const QString& library, const QString& catalog) {
+    m_tree->clear();
+    BuildTree();
+    QTreeWidgetItem* node = m_tree->GetItem(library, nullptr);
+    if (node && !catalog.isEmpty()) node = m_tree->GetItem(catalog, node);
+    if (!node) node = m_tree->topLevelItem(0);
+    // What the pages showed may be gone from the store (a new root): with no node left to
+    // select they show nothing rather than keep it.
+    if (!m_tree->SetInitalSelectItem(node)) ShowPath(QString());
 }
 
 const std::map<int, CVorDPMEditorDlg::Handler>& CVorDPMEditorDlg::Handlers() {
@@ -227,14 +251,28 @@ void CVorDPMEditorDlg::OnTreeContextMenu(const QPoint& position) {
 void CVorDPMEditorDlg::OnSelChanged(QTreeWidgetItem* node) {
     if (node) {
         if (!m_sheet->GetActivePage()) return;
-        CurrentPath = node->parent() ? node->parent()->text(0) + QLatin1Char('/') + node->text(0)
-                                     : node->text(0);
-        m_libraryPage->SetCurrentPath(CurrentPath);
-        m_contentPage->SetCurrentPath(CurrentPath);
-        m_dataPage->SetCurrentPathWhenShown(CurrentPath);
+        ShowPath(node->parent() ? node->parent()->text(0) + QLatin1Char('/') + node->text(0)
+                                : node->text(0));
     }
     m_libraryPage->GetReportCtrl()->setFocus();
     UpdateCommandUi();
+}
+
+void CVorDPMEditorDlg::ShowPath(const QString& path) {
+    CurrentPath = path;
+    m_libraryPage->SetCurrentPath(CurrentPath);
+    m_contentPage->SetCurrentPath(CurrentPath);
+    m_dataPage->SetCurrentPathWhenShown(CurrentPath);
+}
+
+// The tree is built again for the new choice, keeping the selected node where it is still
+// listed; the choice is remembered for the next run.
+void CVorDPMEditorDlg::OnShowAllLibraries(bool all) {
+    CVorDPMEditorSettings::SetShowAllLibraries(all);
+    QTreeWidgetItem* node = SelectedNode();
+    const QString library = node ? LibraryNode(node)->text(0) : QString();
+    const QString catalog = node && node->parent() ? node->text(0) : QString();
+    RebuildTree(library, catalog);
 }
 
 // Takes whatever the edit box holds, also when the edit was cancelled; the store is not changed.
@@ -276,9 +314,7 @@ void CVorDPMEditorDlg::OnRemoveLibraries() {
 void CVorDPMEditorDlg::OnLibraryRoot() {
     CVorDPMSetLibRoot dialog(this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
-    m_tree->clear();
-    BuildTree();
-    m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
+    RebuildTree();
 }
 
 void CVorDPMEditorDlg::OnNewCatalog() {

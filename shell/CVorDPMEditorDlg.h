@@ -15,6 +15,7 @@ class CDPMSheet;
 class CDPMlibraryPage;
 class CVorDPMLibraryManager;
 class CVorDPMTreeCtrlEx;
+class QCheckBox;
 class QMenu;
 class QMenuBar;
 class QTreeWidgetItem;
@@ -26,6 +27,9 @@ public:
     enum { IDD = 5102, IDR_MAINFRAME = 5128, IDR_MENU = 5129 };
     enum { IDR_LIBRARY_MENU = 5193, IDR_CATALOG_MENU = 5194 };
     enum { IDC_TREE = 8000 };
+    // The object name of the check box under the tree that switches between the two fixed
+    // libraries and every library of the root (the editor's option, remembered).
+    static const char* const kShowAllLibrariesName;
     // Commands of the menus; 17257 to 17259 belong to no menu and are reached by id only.
     enum Command : int {
         ID_DO_NOTHING = 17257,
@@ -83,9 +87,15 @@ private:
     void LayOutTemplate();
     void AddMenuCommand(QMenu* menu, int commandId, const QString& text);
     void BuildTree();
+    // Empties the tree, builds it again and selects `library` (and `catalog` below it) when the
+    // tree still shows it, else the first library.
+    void RebuildTree(const QString& library = QString(), const QString& catalog = QString());
     void PlaceSheet();
 
     void OnSelChanged(QTreeWidgetItem* node);
+    // Hands a path to the three pages; empty when no node is left to show.
+    void ShowPath(const QString& path);
+    void OnShowAllLibraries(bool all);
     void OnTreeContextMenu(const QPoint& position);
     void OnLabelEditEnd(QWidget* editor);
 
@@ -117,6 +127,7 @@ private:
     CDPMContentPage* m_contentPage;
     CDPMDataPage* m_dataPage;
     CVorDPMTreeCtrlEx* m_tree;
+    QCheckBox* m_showAllLibraries;
     CDPMSheet* m_sheet;
     QString CurrentPath;
     QMenuBar* m_menuBar;

@@ -11,6 +11,7 @@
 #include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMTreeItem.h"
+#include "common/VorDPMLibraryNames.h"
 #include "query/CVorDPMData.h"
 #include "query/VorDPMCatalogued.h"
 #include "query/VorDPMLastVersion.h"
@@ -138,7 +139,7 @@ CVorDPMDPD* CVorDPMTreeCtrlEx::GetItemDPD(const QTreeWidgetItem* node) {
 }
 
 int CVorDPMTreeCtrlEx::InitTreeCtrl() {
-    for (const QString& library : {QStringLiteral("QXMaterial"), QStringLiteral("QXMEP")}) {
+    for (const QString& library : VorDPMLibraryNames::OfTrees()) {
         QTreeWidgetItem* root = AppendItem(library, ImageLibrary, nullptr, nullptr);
         std::vector<QString> catalogs;
         CVorDPMData::GetAllDPCName(library, catalogs);

@@ -37,6 +37,7 @@ public:
     explicit CVorDPMTreeCtrlEx(QWidget* parent = nullptr);
 
     // Building. Each member appends; the caller empties the tree before rebuilding.
+    // InitTreeCtrl: the libraries of VorDPMLibraryNames::OfTrees(), each with its catalogs.
     int InitTreeCtrl();
     int RecursionInitItem(const std::vector<QString>& names, QTreeWidgetItem* parent);
     int InsertTree(const QString& library);

@@ -30,8 +30,9 @@ public:
     virtual bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
                                QString& text) = 0;
     // File dialogs; an empty result means cancelled. `filter` uses Qt's "Name (*.x)" form.
-    virtual QString OpenFileName(QWidget* parent, const QString& caption,
-                                 const QString& filter) = 0;
+    // The open dialog starts on `start` (a file is selected, a folder opened) when given.
+    virtual QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter,
+                                 const QString& start = QString()) = 0;
     virtual QString SaveFileName(QWidget* parent, const QString& caption,
                                  const QString& filter) = 0;
     virtual QString ExistingDirectory(QWidget* parent, const QString& caption,

@@ -23,5 +23,9 @@ using PreviewCloseCallback = void (*)();
 using PreviewMoveCallback = void (*)(QRect rect);
 
 // Runs the editor modally on the current store and returns when the user closes it.
+// Options a caller may set beforehand in the editor's settings (QSettings organisation "VorDPM",
+// application "VorDPMEditor"; see CVorDPMEditorSettings.h): "ShowAllLibraries" (bool, default
+// false): the library trees list every library of the root instead of the two fixed ones. The
+// user can change it in the main window, and the editor remembers it.
 VORDPM_EDITOR_API void ExportVorDPMEditor(PreviewDrawCallback draw, PreviewCloseCallback close,
                                           PreviewMoveCallback move);

@@ -4,11 +4,8 @@
 #include <QFile>
 
 #include "CVorDPMFileStore.h"
-#include "CVorDPMTempFile.h"
 
-CVorDPMCommonManager::CVorDPMCommonManager(const QString& root) : m_root(root) {
-    CVorDPMTempFile::RemoveStale(root);
-}
+CVorDPMCommonManager::CVorDPMCommonManager(const QString& root) : m_root(root) {}
 
 CVorDPMCommonManager::~CVorDPMCommonManager() = default;
 

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 #include <functional>
@@ -15,6 +16,8 @@
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
+#include "VorDPMReasons.h"
+#include "VorDPMRootBoundary.h"
 #include "VorDPMTrash.h"
 #include "VorDPMTypes.h"
 
@@ -23,9 +26,17 @@ class CVorDPMFileSet {
 public:
     using Factory = std::function<std::unique_ptr<T>(const QString& name, const QString& path)>;
 
+    // A set whose folder is optional (templates) makes it for its first file; a library's
+    // folder is never made again once it is gone.
+    enum FolderUse { FolderMustExist, FolderMadeOnDemand };
+
     CVorDPMFileSet(const QString& folder, const QString& extension, const QString& root,
-                   Factory factory)
-        : m_folder(folder), m_extension(extension), m_root(root), m_factory(std::move(factory)) {}
+                   FolderUse folderUse, Factory factory)
+        : m_folder(folder),
+          m_extension(extension),
+          m_root(root),
+          m_folderUse(folderUse),
+          m_factory(std::move(factory)) {}
 
     // Sorted as every listing of the store (VorDPMNames::Less).
     const QStringList& Names() const {
@@ -60,10 +71,8 @@ public:
         VorDPMLastError::Clear();
         const VOR::ErrorStatus usable = CheckNewName(name);
         if (usable != VOR::eOk) return usable;
-        if (!QDir().mkpath(m_folder)) {
-            VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_folder));
-            return VOR::eFileError;
-        }
+        const VOR::ErrorStatus folder = CheckFolder(m_folderUse);
+        if (folder != VOR::eOk) return folder;
         if (pattern && !pattern->EnsureLoaded()) return VOR::eFileError;
         std::unique_ptr<T> file = m_factory(name, PathOf(name));
         file->MarkLoaded();
@@ -88,7 +97,9 @@ public:
     VOR::ErrorStatus Remove(const QString& name) {
         VorDPMLastError::Clear();
         const QString canonical = Canonical(name);
-        if (canonical.isEmpty()) return VOR::eNotFound;
+        if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
+        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
+        if (folder != VOR::eOk) return folder;
         if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
         Retire(canonical);
         RemoveName(canonical);
@@ -98,10 +109,12 @@ public:
     VOR::ErrorStatus Rename(const QString& from, const QString& to) {
         VorDPMLastError::Clear();
         const QString canonical = Canonical(from);
-        if (canonical.isEmpty()) return VOR::eNotFound;
+        if (canonical.isEmpty()) return VorDPMReasons::NotFound(from);
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
-        const VOR::ErrorStatus usable = caseOnly ? CheckName(to) : CheckNewName(to);
+        const VOR::ErrorStatus usable = caseOnly ? VorDPMReasons::CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
+        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
+        if (folder != VOR::eOk) return folder;
         const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(PathOf(canonical), PathOf(to));
         if (moved != VOR::eOk) return moved;
         auto loaded = m_loaded.find(canonical);
@@ -174,18 +187,23 @@ private:
         m_byFoldedName.remove(canonical.toCaseFolded());
     }
 
-    VOR::ErrorStatus CheckName(const QString& name) const {
-        if (VorDPMNames::IsValidName(name)) return VOR::eOk;
-        VorDPMLastError::Set(QStringLiteral("\"%1\" cannot be used as a name").arg(name));
-        return VOR::eInvalidName;
-    }
-
     VOR::ErrorStatus CheckNewName(const QString& name) const {
-        const VOR::ErrorStatus usable = CheckName(name);
+        const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
         if (usable != VOR::eOk) return usable;
         if (!Has(name) && !QFile::exists(PathOf(name))) return VOR::eOk;
-        VorDPMLastError::Set(QStringLiteral("\"%1\" exists already").arg(name));
-        return VOR::eNameExists;
+        return VorDPMReasons::NameExists(name);
+    }
+
+    // Checked before anything in the folder changes: it leads nowhere outside the root (the
+    // files of a linked folder would be moved or written there), and it is still there.
+    VOR::ErrorStatus CheckFolder(FolderUse use) const {
+        if (!VorDPMRootBoundary::Check(m_folder)) return VOR::eFileError;
+        if (QFileInfo(m_folder).isDir()) return VOR::eOk;
+        if (use == FolderMadeOnDemand) {
+            const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(m_folder);
+            return made == VOR::eNameExists && QFileInfo(m_folder).isDir() ? VOR::eOk : made;
+        }
+        return VorDPMReasons::FolderGone(m_folder);
     }
 
     void Retire(const QString& canonical) {
@@ -198,6 +216,7 @@ private:
     QString m_folder;
     QString m_extension;
     QString m_root;
+    FolderUse m_folderUse;
     Factory m_factory;
     mutable bool m_scanned = false;
     mutable QStringList m_names;

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRandomGenerator>
 #include <algorithm>
@@ -43,15 +44,15 @@ QByteArray UpsertSql(const CVorDPMClassInfo& info) {
 QString KindName(quint32 applicationId) {
     switch (applicationId) {
         case VorDPMFileKinds::kLibraryInfo:
-            return QStringLiteral("library information");
+            return QCoreApplication::translate("VorDPMStore", "产品库信息");
         case VorDPMFileKinds::kCatalog:
-            return QStringLiteral("catalog");
+            return QCoreApplication::translate("VorDPMStore", "产品目录");
         case VorDPMFileKinds::kDefinition:
-            return QStringLiteral("product definition");
+            return QCoreApplication::translate("VorDPMStore", "产品定义");
         case VorDPMFileKinds::kTemplate:
-            return QStringLiteral("product template");
+            return QCoreApplication::translate("VorDPMStore", "产品模板");
         default:
-            return QStringLiteral("common table");
+            return QCoreApplication::translate("VorDPMStore", "公共表");
     }
 }
 
@@ -68,12 +69,12 @@ bool CheckHeader(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file, QString
         !db.QueryInt("PRAGMA user_version", version))
         return Fail(db.Error(), error);
     if (static_cast<quint32>(applicationId) != file.GetApplicationId())
-        return Fail(QStringLiteral("%1: not a VorDPM %2 file")
+        return Fail(QCoreApplication::translate("VorDPMStore", "%1: 不是 VorDPM %2文件")
                         .arg(file.GetFilePath(), KindName(file.GetApplicationId())),
                     error);
     if (version > VorDPMFileKinds::kSchemaVersion)
-        return Fail(QStringLiteral("%1: written by a newer version (schema %2, this program reads "
-                                   "up to %3)")
+        return Fail(QCoreApplication::translate(
+                        "VorDPMStore", "%1: 由较新的版本写入(结构版本 %2，本程序最高可读 %3)")
                         .arg(file.GetFilePath())
                         .arg(version)
                         .arg(VorDPMFileKinds::kSchemaVersion),
@@ -82,8 +83,8 @@ bool CheckHeader(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file, QString
 }
 
 bool OutOfRange(const CVorDPMClassInfo& info, qint64 id, const QString& path, QString& error) {
-    return Fail(QStringLiteral("%1: row %2 of table %3 holds a number outside the range this "
-                               "program can keep")
+    return Fail(QCoreApplication::translate("VorDPMStore",
+                                            "%1: 表 %3 的第 %2 行含有超出本程序可保存范围的数字")
                     .arg(path)
                     .arg(id)
                     .arg(QString::fromLatin1(info.tableName)),
@@ -139,9 +140,13 @@ qint64 NewGeneration() {
     return generation;
 }
 
-QString Conflict(const QString& path, const char* detail = "") {
-    return QStringLiteral("%1: changed by another user since it was loaded%2")
-        .arg(path, QString::fromUtf8(detail));
+QString Changed(const QString& path) {
+    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户修改").arg(path);
+}
+
+QString Gone(const QString& path) {
+    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户删除或重命名")
+        .arg(path);
 }
 
 bool WriteRow(sqlite3_stmt* upsert, sqlite3_stmt* remove, const CVorDPMTable& table,
@@ -237,6 +242,10 @@ bool CVorDPMFileStore::ReadRows(CVorDPMSQLiteConnection& db, const CVorDPMClassI
                                 QString& error) {
     SQLiteStatement statement(db.Prepare(QByteArray("SELECT ") + ColumnList(info) + " FROM " +
                                          info.tableName + " ORDER BY id"));
+    if (!statement && sqlite3_errcode(db.Handle()) == SQLITE_ERROR)
+        return Fail(QCoreApplication::translate("VorDPMStore", "%1: 缺少表 %2，或其列不全")
+                        .arg(path, QString::fromLatin1(info.tableName)),
+                    error);
     if (!statement) return Fail(db.Error(), error);
     CVorDPMSQLiteFiler filer(statement.get(), info, 1);
     int rc = SQLITE_ROW;
@@ -268,20 +277,21 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
 
 bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
     const QString path = file.GetFilePath();
-    if (!VorDPMRootBoundary::Check(path)) return false;
-    // A file that was removed or renamed behind this process is not made again.
+    // A file that was removed or renamed behind this process (alone or with its library) is
+    // not made again.
     struct stat opened {};
     if (!Identity(path, opened)) {
-        VorDPMLastError::Set(Conflict(path, " (it was removed or renamed)"));
+        VorDPMLastError::Set(Gone(path));
         return false;
     }
+    if (!VorDPMRootBoundary::Check(path)) return false;
     CVorDPMSQLiteConnection db;
     QString error;
     const Precondition unchanged = [&](CVorDPMSQLiteConnection& locked, QString& reason) {
         struct stat now {};
         qint64 generation = 0;
         if (!Identity(path, now) || now.st_ino != opened.st_ino || now.st_dev != opened.st_dev) {
-            reason = Conflict(path, " (it was removed or renamed)");
+            reason = Gone(path);
             return false;
         }
         if (!ReadGeneration(locked, generation)) {
@@ -289,7 +299,7 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
             return false;
         }
         if (generation == file.m_generation) return true;
-        reason = Conflict(path);
+        reason = Changed(path);
         return false;
     };
     const qint64 generation = NewGeneration();
@@ -309,7 +319,8 @@ VOR::ErrorStatus CVorDPMFileStore::WriteNew(CVorDPMDBBase& file) {
     if (!VorDPMRootBoundary::Check(target)) return VOR::eFileError;
     CVorDPMTempFile temporary(target);
     if (!temporary.IsOpen()) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be written").arg(target));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 无法写入").arg(target));
         return VOR::eFileError;
     }
     const qint64 generation = NewGeneration();

@@ -15,11 +15,13 @@ CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QStr
       m_folder(folder),
       m_catalogs(std::make_unique<CVorDPMFileSet<CVorDPMDPC>>(
           folder, QStringLiteral(".DPC"), manager->GetDPMLibraryRootPath(),
+          CVorDPMFileSet<CVorDPMDPC>::FolderMustExist,
           [this](const QString& dpc, const QString& path) {
               return std::make_unique<CVorDPMDPC>(dpc, path, this);
           })),
       m_definitions(std::make_unique<CVorDPMFileSet<CVorDPMDPD>>(
           folder, QStringLiteral(".DPD"), manager->GetDPMLibraryRootPath(),
+          CVorDPMFileSet<CVorDPMDPD>::FolderMustExist,
           [this](const QString& dpd, const QString& path) {
               return std::make_unique<CVorDPMDPD>(dpd, path, this);
           })) {

@@ -1,5 +1,6 @@
 #include "CVorDPMManager.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -8,9 +9,11 @@
 
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMTempFile.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMNoReplace.h"
+#include "VorDPMReasons.h"
 #include "VorDPMRootBoundary.h"
 #include "VorDPMTrash.h"
 
@@ -34,14 +37,21 @@ QStringList ScanLibraries(const QString& root) {
     return names;
 }
 
-// Copies a folder as it is on disk; refuses anything in it that leads outside the root.
+// Copies a folder as it is on disk into the existing folder `to`; refuses anything in it that
+// leads outside the root, and anything that is neither a folder nor a file (reading a named
+// pipe would block for ever).
 bool CopyFolder(const QString& from, const QString& to) {
-    if (!VorDPMRootBoundary::Check(from) || !QDir().mkpath(to)) return false;
-    QDirIterator it(from, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
+    if (!VorDPMRootBoundary::Check(from)) return false;
+    QDirIterator it(from,
+                    QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot | QDir::Hidden,
                     QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
         if (!VorDPMRootBoundary::Check(path)) return false;
+        if (!it.fileInfo().isDir() && !it.fileInfo().isFile()) {
+            VorDPMLastError::Set(VorDPMReasons::NotARegularFile(path));
+            return false;
+        }
         const QString target = QDir(to).filePath(QDir(from).relativeFilePath(path));
         const bool ok = it.fileInfo().isDir() ? QDir().mkpath(target) : QFile::copy(path, target);
         if (!ok) return false;
@@ -81,13 +91,16 @@ void CVorDPMManager::Reset(const QString& root) {
     m_common.reset();
     m_root = QDir::cleanPath(QDir(root).absolutePath());
     VorDPMRootBoundary::SetRoot(m_root);
+    // What killed copies of libraries and common tables left behind.
+    CVorDPMTempFile::RemoveStale(m_root);
     m_libraryNames = ScanLibraries(m_root);
 }
 
 int CVorDPMManager::SetDPMLibraryRootPath(const QString& path) {
     VorDPMLastError::Clear();
     if (path.trimmed().isEmpty() || !QDir().mkpath(path)) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot be used as the library root").arg(path));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 不能用作库根目录").arg(path));
         return 0;
     }
     Reset(path);
@@ -118,16 +131,12 @@ VOR::ErrorStatus CVorDPMManager::GetLibrary(const QString& name, CVorDPMLibraryM
 }
 
 VOR::ErrorStatus CVorDPMManager::CheckNewLibraryName(const QString& name) const {
-    if (!VorDPMNames::IsValidName(name)) {
-        VorDPMLastError::Set(QStringLiteral("\"%1\" cannot be used as a name").arg(name));
-        return VOR::eInvalidName;
-    }
+    const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
+    if (usable != VOR::eOk) return usable;
     if (VorDPMNames::IndexOf(m_libraryNames, name) >= 0 ||
         name.compare(kTemplatesFolder, Qt::CaseInsensitive) == 0 ||
-        QFileInfo::exists(LibraryFolder(name))) {
-        VorDPMLastError::Set(QStringLiteral("\"%1\" exists already").arg(name));
-        return VOR::eNameExists;
-    }
+        QFileInfo::exists(LibraryFolder(name)))
+        return VorDPMReasons::NameExists(name);
     return VOR::eOk;
 }
 
@@ -136,7 +145,8 @@ VOR::ErrorStatus CVorDPMManager::CreateLibrary(const QString& name, CVorDPMLibra
     const VOR::ErrorStatus usable = CheckNewLibraryName(name);
     if (usable != VOR::eOk) return usable;
     if (!QDir().mkpath(m_root)) {
-        VorDPMLastError::Set(QStringLiteral("%1: cannot create the folder").arg(m_root));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 无法创建文件夹").arg(m_root));
         return VOR::eFileError;
     }
     // Made only when absent, so that of two processes creating one name only one succeeds.
@@ -163,7 +173,10 @@ void CVorDPMManager::Retire(const QString& name) {
 int CVorDPMManager::RemoveLibrary(const QString& name) {
     VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, name);
-    if (index < 0) return 0;
+    if (index < 0) {
+        VorDPMReasons::NotFound(name);
+        return 0;
+    }
     const QString canonical = m_libraryNames[index];
     if (!VorDPMTrash::Move(LibraryFolder(canonical), m_root)) return 0;
     Retire(canonical);
@@ -174,15 +187,12 @@ int CVorDPMManager::RemoveLibrary(const QString& name) {
 VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QString& to) {
     VorDPMLastError::Clear();
     CVorDPMLibraryManager* library = nullptr;
-    if (GetLibrary(from, library) != VOR::eOk) return VOR::eNotFound;
+    if (GetLibrary(from, library) != VOR::eOk) return VorDPMReasons::NotFound(from);
     const QString canonical = library->GetLibraryName();
     const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
-    if (!caseOnly) {
-        const VOR::ErrorStatus usable = CheckNewLibraryName(to);
-        if (usable != VOR::eOk) return usable;
-    } else if (!VorDPMNames::IsValidName(to)) {
-        return VOR::eInvalidName;
-    }
+    const VOR::ErrorStatus usable =
+        caseOnly ? VorDPMReasons::CheckName(to) : CheckNewLibraryName(to);
+    if (usable != VOR::eOk) return usable;
     if (!library->Save()) return VOR::eFileError;
     const VOR::ErrorStatus moved =
         VorDPMNoReplace::Rename(LibraryFolder(canonical), LibraryFolder(to));
@@ -197,17 +207,22 @@ VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QStrin
 VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QString& to) {
     VorDPMLastError::Clear();
     const int index = VorDPMNames::IndexOf(m_libraryNames, source);
-    if (index < 0) return VOR::eNotFound;
+    if (index < 0) return VorDPMReasons::NotFound(source);
     const VOR::ErrorStatus usable = CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
-    const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(to));
-    if (made != VOR::eOk) return made;
-    if (!CopyFolder(LibraryFolder(m_libraryNames[index]), LibraryFolder(to))) {
-        QDir(LibraryFolder(to)).removeRecursively();
+    // Built under a hidden name and moved into place whole: a copy that is killed or fails
+    // never shows as a library, and what it left is removed when the root is opened next.
+    CVorDPMTempFile building(LibraryFolder(to), CVorDPMTempFile::Folder);
+    if (!building.IsOpen() || !CopyFolder(LibraryFolder(m_libraryNames[index]), building.Path())) {
         if (VorDPMLastError::Get().isEmpty())
-            VorDPMLastError::Set(QStringLiteral("%1: cannot be copied").arg(LibraryFolder(source)));
+            VorDPMLastError::Set(QCoreApplication::translate("VorDPMStore", "%1: 无法复制")
+                                     .arg(LibraryFolder(source)));
         return VOR::eFileError;
     }
+    // Of two processes copying to one name, the second finds the first's library there.
+    const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(building.Path(), LibraryFolder(to));
+    if (moved != VOR::eOk) return moved;
+    building.MarkMoved();
     m_libraryNames.append(to);
     VorDPMNames::Sort(m_libraryNames);
     return VOR::eOk;

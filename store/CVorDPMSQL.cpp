@@ -2,9 +2,12 @@
 
 #include <sqlite3.h>
 
-#include <QFile>
+#include <QCoreApplication>
 
 #include "CVorDPMFileStore.h"
+#include "CVorDPMSQLiteConnection.h"
+
+CVorDPMSQL::CVorDPMSQL() : m_db(std::make_unique<CVorDPMSQLiteConnection>()) {}
 
 CVorDPMSQL::~CVorDPMSQL() {
     close();
@@ -12,23 +15,14 @@ CVorDPMSQL::~CVorDPMSQL() {
 
 int CVorDPMSQL::open(const QString& path) {
     close();
-    if (!QFile::exists(path)) return 0;
-    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &m_db, SQLITE_OPEN_READONLY,
-                        nullptr) != SQLITE_OK) {
-        close();
-        return 0;
-    }
-    sqlite3_busy_timeout(m_db, CVorDPMFileStore::kBusyTimeoutMs);
-    return 1;
+    const bool opened =
+        m_db->Open(path, CVorDPMSQLiteConnection::OpenExisting, CVorDPMFileStore::kBusyTimeoutMs);
+    return opened && m_db->Execute("PRAGMA query_only = 1") ? 1 : 0;
 }
 
 int CVorDPMSQL::execQuery(const QString& sql) {
     Finalize();
-    if (!m_db) return 0;
-    const QByteArray text = sql.toUtf8();
-    if (sqlite3_prepare_v2(m_db, text.constData(), static_cast<int>(text.size()), &m_statement,
-                           nullptr) != SQLITE_OK)
-        return 0;
+    m_statement = m_db->Prepare(sql.toUtf8());
     nextRow();
     return m_statement ? 1 : 0;
 }
@@ -65,7 +59,8 @@ const unsigned char* CVorDPMSQL::getBlobField(const QString& column, int& length
 }
 
 QString CVorDPMSQL::lastError() const {
-    return m_db ? QString::fromUtf8(sqlite3_errmsg(m_db)) : QStringLiteral("no file is open");
+    return !m_db->Path().isEmpty() ? m_db->Error()
+                                   : QCoreApplication::translate("VorDPMStore", "没有打开的文件");
 }
 
 void CVorDPMSQL::Finalize() {
@@ -76,6 +71,5 @@ void CVorDPMSQL::Finalize() {
 
 void CVorDPMSQL::close() {
     Finalize();
-    if (m_db) sqlite3_close_v2(m_db);
-    m_db = nullptr;
+    m_db = std::make_unique<CVorDPMSQLiteConnection>();
 }

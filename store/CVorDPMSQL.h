@@ -3,20 +3,22 @@
 
 #include <QByteArray>
 #include <QString>
+#include <memory>
 
 #include "VorDPMExport.h"
 
-struct sqlite3;
+class CVorDPMSQLiteConnection;
 struct sqlite3_stmt;
 
 class VORDPM_API CVorDPMSQL {
 public:
-    CVorDPMSQL() = default;
+    CVorDPMSQL();
     ~CVorDPMSQL();
     CVorDPMSQL(const CVorDPMSQL&) = delete;
     CVorDPMSQL& operator=(const CVorDPMSQL&) = delete;
 
-    // Nonzero on success. The file is never written through this cursor.
+    // Nonzero on success. No statement of this cursor writes to the file; opening it rolls
+    // back a save that a killed process left unfinished, as every reader of the store does.
     int open(const QString& path);
     // Nonzero when the statement compiled and its first step succeeded.
     int execQuery(const QString& sql);
@@ -32,7 +34,7 @@ private:
     int ColumnIndex(const QString& column) const;
     void Finalize();
 
-    sqlite3* m_db = nullptr;
+    std::unique_ptr<CVorDPMSQLiteConnection> m_db;
     sqlite3_stmt* m_statement = nullptr;
     bool m_eof = true;
 };

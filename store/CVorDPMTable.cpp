@@ -1,5 +1,6 @@
 #include "CVorDPMTable.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <climits>
 
@@ -69,9 +70,10 @@ VOR::ErrorStatus CVorDPMTable::Add(CVorDPMObject* row) {
         return VOR::eFail;
     }
     if (m_nextId > INT_MAX) {
-        VorDPMLastError::Set(QStringLiteral("%1: table %2 has no free object id left")
-                                 .arg(m_file ? m_file->GetFilePath() : QString(),
-                                      QString::fromLatin1(m_info.tableName)));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 表 %2 已没有可用的对象 ID")
+                .arg(m_file ? m_file->GetFilePath() : QString(),
+                     QString::fromLatin1(m_info.tableName)));
         KeepRefused(row);
         return VOR::eFail;
     }

@@ -3,10 +3,12 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QUuid>
 #include <cstring>
@@ -17,35 +19,78 @@ namespace {
 
 const QString kJournalSuffix = QStringLiteral("-journal");
 
-// A store file's temporary name: `<name>.<kind>.new-<32 hex digits>`.
+QString Suffix() {
+    return QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128);
+}
+
+// A store file's temporary name, `<name>.<kind>.new-<32 hex digits>`, or a temporary folder's,
+// `.<name>.new-<32 hex digits>`.
 bool IsTemporaryName(const QString& name) {
     static const QRegularExpression pattern(
-        QStringLiteral("\\.(DPC|DPD|DPT|DPI|DPO)\\.new-[0-9a-f]{32}$"),
+        QStringLiteral("^(\\..+|.+\\.(DPC|DPD|DPT|DPI|DPO))\\.new-[0-9a-f]{32}$"),
         QRegularExpression::CaseInsensitiveOption);
     return pattern.match(name).hasMatch();
 }
 
-// An exclusive flock on its own open file: independent of SQLite's byte-range locks on the
-// same file, and released by the kernel when the writer dies.
+// An exclusive flock on its own open file or folder: independent of SQLite's byte-range locks
+// on the same file, and released by the kernel when the writer dies. Links are never followed,
+// and opening never blocks (on a named pipe, say).
 int OpenLocked(const QString& path, int flags, int lockMode) {
-    const int fd =
-        ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC | O_NOFOLLOW, 0666);
+    const int fd = ::open(QFile::encodeName(path).constData(),
+                          flags | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
     if (fd < 0) return -1;
     if (::flock(fd, lockMode) == 0) return fd;
     ::close(fd);
     return -1;
 }
 
-void RemoveIfUnheld(const QString& path) {
-    const int fd = OpenLocked(path, O_RDWR, LOCK_EX | LOCK_NB);
-    if (fd < 0) return;  // a live writer holds it (or it is gone already)
+QString TemporaryName(const QString& target, CVorDPMTempFile::Kind kind) {
+    if (kind == CVorDPMTempFile::File) return target + Suffix();
+    const QFileInfo info(target);
+    return info.dir().filePath(QLatin1Char('.') + info.fileName() + Suffix());
+}
+
+// True when `path` still names the file or folder that `fd` holds.
+bool StillNamed(int fd, const QString& path) {
+    struct stat held {};
+    struct stat named {};
+    return ::fstat(fd, &held) == 0 && ::lstat(QFile::encodeName(path).constData(), &named) == 0 &&
+           held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
+// Makes the file or folder `path` and locks it; -1 when it cannot, or when it was removed
+// before the lock was taken.
+int CreateLocked(const QString& path, CVorDPMTempFile::Kind kind) {
+    int fd = -1;
+    if (kind == CVorDPMTempFile::File)
+        fd = OpenLocked(path, O_RDWR | O_CREAT | O_EXCL, LOCK_EX);
+    else if (::mkdir(QFile::encodeName(path).constData(), 0777) == 0)
+        fd = OpenLocked(path, O_RDONLY | O_DIRECTORY, LOCK_EX);
+    if (fd < 0 || StillNamed(fd, path)) return fd;
+    ::close(fd);
+    return -1;
+}
+
+void Remove(const QString& path, bool folder) {
+    if (folder) {
+        QDir(path).removeRecursively();
+        return;
+    }
     QFile::remove(path + kJournalSuffix);
     QFile::remove(path);
+}
+
+void RemoveIfUnheld(const QString& path) {
+    const int fd = OpenLocked(path, O_RDONLY, LOCK_EX | LOCK_NB);
+    if (fd < 0) return;  // a live writer holds it (or it is gone already)
+    struct stat info {};
+    if (::fstat(fd, &info) == 0) Remove(path, S_ISDIR(info.st_mode));
     ::close(fd);
 }
 
-// The names in `folder` that look like temporary files or their journals. Read with readdir
-// alone: a library may hold tens of thousands of files, and nothing else about them is needed.
+// The names in `folder` that look like temporary files or folders, or journals. Read with
+// readdir alone: a library may hold tens of thousands of files, and nothing else about them
+// is needed.
 QStringList CandidateNames(const QString& folder) {
     QStringList names;
     DIR* dir = ::opendir(QFile::encodeName(folder).constData());
@@ -59,16 +104,18 @@ QStringList CandidateNames(const QString& folder) {
 
 }  // namespace
 
-CVorDPMTempFile::CVorDPMTempFile(const QString& target)
-    : m_path(target + QStringLiteral(".new-") + QUuid::createUuid().toString(QUuid::Id128)) {
-    m_fd = OpenLocked(m_path, O_RDWR | O_CREAT | O_EXCL, LOCK_EX);
+CVorDPMTempFile::CVorDPMTempFile(const QString& target, Kind kind) : m_kind(kind) {
+    // Another process cleaning the folder may take the lock of a name just made, before its
+    // writer does, and remove it; the writer's lock then holds a file that is gone, and a new
+    // name is tried.
+    for (int attempt = 0; attempt < 8 && m_fd < 0; ++attempt) {
+        m_path = TemporaryName(target, kind);
+        m_fd = CreateLocked(m_path, kind);
+    }
 }
 
 CVorDPMTempFile::~CVorDPMTempFile() {
-    if (!m_moved && m_fd >= 0) {
-        QFile::remove(m_path + kJournalSuffix);
-        QFile::remove(m_path);
-    }
+    if (!m_moved && m_fd >= 0) Remove(m_path, m_kind == Folder);
     if (m_fd >= 0) ::close(m_fd);
 }
 

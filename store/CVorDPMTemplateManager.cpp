@@ -5,7 +5,8 @@
 
 CVorDPMTemplateManager::CVorDPMTemplateManager(const QString& folder, const QString& root)
     : m_templates(std::make_unique<CVorDPMFileSet<CVorDPMDPT>>(
-          folder, QStringLiteral(".DPT"), root, [this](const QString& name, const QString& path) {
+          folder, QStringLiteral(".DPT"), root, CVorDPMFileSet<CVorDPMDPT>::FolderMadeOnDemand,
+          [this](const QString& name, const QString& path) {
               return std::make_unique<CVorDPMDPT>(name, path, this);
           })) {
     CVorDPMTempFile::RemoveStale(folder);

@@ -9,10 +9,11 @@
 
 namespace VorDPMFolderListing {
 
-// Names (without the extension) of the files in `folder` whose names end in `extension`
-// (ASCII, compared without regard to case) and have something before it; hidden files and
-// what is not a file (or a link to one) are left out. Unsorted; empty when the folder cannot
-// be read.
+// Names (without the extension) of the entries in `folder` whose names end in `extension`
+// (ASCII, compared without regard to case) and have something before it; hidden ones are left
+// out. Whatever an entry is (a folder or a named pipe in place of a file, too) it is listed,
+// so that using it is refused with a reason rather than the name vanishing without one.
+// Unsorted; empty when the folder cannot be read.
 QStringList FileNames(const QString& folder, const QString& extension);
 
 }  // namespace VorDPMFolderListing

@@ -1,7 +1,12 @@
 #include "VorDPMNames.h"
 
+#include <QCoreApplication>
+#include <QFile>
 #include <QRegularExpression>
 #include <algorithm>
+#include <climits>
+
+#include "CVorDPMTempFile.h"
 
 namespace {
 
@@ -18,6 +23,22 @@ bool HasLoneSurrogate(const QString& name) {
     return false;
 }
 
+// Portable to every file system the store's libraries may be copied to, and found again.
+bool IsPortableName(const QString& name) {
+    // A leading dot hides the file from listings (and ".recycle" is the store's own folder).
+    if (name.isEmpty() || name.startsWith(QLatin1Char('.'))) return false;
+    if (name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' '))) return false;
+    if (HasLoneSurrogate(name)) return false;
+    for (const QChar c : name) {
+        if (c.unicode() < 0x20 || c.unicode() == 0x7f) return false;
+        if (VorDPMNames::ForbiddenCharacters().contains(c)) return false;
+    }
+    static const QRegularExpression reserved(
+        QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\\..*)?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    return !reserved.match(name).hasMatch();
+}
+
 }  // namespace
 
 const QString& VorDPMNames::ForbiddenCharacters() {
@@ -30,19 +51,28 @@ bool VorDPMNames::ContainsAny(const QString& text, const QString& characters) {
                        [&characters](QChar c) { return characters.contains(c); });
 }
 
+int VorDPMNames::MaxNameBytes() {
+    // The longest file name made from a name is the journal of a new file's temporary copy,
+    // "<name>.DPD.new-<32 hex digits>-journal"; a library copy's temporary folder
+    // (".<name>.new-<32 hex digits>") and removed files ("<name>.DPD.<time>") are shorter.
+    constexpr int kExtension = 4;  // ".DPD"
+    constexpr int kJournal = 8;    // "-journal", SQLite's
+    return NAME_MAX - kExtension - CVorDPMTempFile::kNameSuffixBytes - kJournal;
+}
+
+QString VorDPMNames::WhyInvalid(const QString& name) {
+    if (!IsPortableName(name))
+        return QCoreApplication::translate("VorDPMStore", "\"%1\"不能用作名称").arg(name);
+    if (QFile::encodeName(name).size() > MaxNameBytes())
+        return QCoreApplication::translate("VorDPMStore",
+                                           "\"%1\"太长: 名称最多可有 %2 个字节(UTF-8 编码)")
+            .arg(name)
+            .arg(MaxNameBytes());
+    return QString();
+}
+
 bool VorDPMNames::IsValidName(const QString& name) {
-    // A leading dot hides the file from listings (and ".recycle" is the store's own folder).
-    if (name.isEmpty() || name.startsWith(QLatin1Char('.'))) return false;
-    if (name.endsWith(QLatin1Char('.')) || name.endsWith(QLatin1Char(' '))) return false;
-    if (HasLoneSurrogate(name)) return false;
-    for (const QChar c : name) {
-        if (c.unicode() < 0x20 || c.unicode() == 0x7f) return false;
-        if (ForbiddenCharacters().contains(c)) return false;
-    }
-    static const QRegularExpression reserved(
-        QStringLiteral("^(CON|PRN|AUX|NUL|COM[1-9]|LPT[1-9])(\\..*)?$"),
-        QRegularExpression::CaseInsensitiveOption);
-    return !reserved.match(name).hasMatch();
+    return IsPortableName(name) && QFile::encodeName(name).size() <= MaxNameBytes();
 }
 
 int VorDPMNames::IndexOf(const QStringList& names, const QString& name) {

@@ -4,12 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include "VorDPMLastError.h"
+#include "VorDPMReasons.h"
 
 namespace {
 
@@ -30,14 +31,28 @@ int RenameWithoutReplacing(const QByteArray& from, const QByteArray& to) {
     return std::rename(from.constData(), to.constData());
 }
 
-VOR::ErrorStatus Failure(const QString& path, const char* what) {
+// Why a rename or mkdir failed, in the store's words rather than the C library's.
+QString SystemReason(int error) {
+    return VorDPMReasons::TextOf(
+        {
+            {EACCES, QT_TRANSLATE_NOOP("VorDPMStore", "没有权限")},
+            {EPERM, QT_TRANSLATE_NOOP("VorDPMStore", "没有权限")},
+            {ENOSPC, QT_TRANSLATE_NOOP("VorDPMStore", "磁盘已满")},
+            {EDQUOT, QT_TRANSLATE_NOOP("VorDPMStore", "磁盘已满")},
+            {EROFS, QT_TRANSLATE_NOOP("VorDPMStore", "文件系统只读")},
+            {ENOENT, QT_TRANSLATE_NOOP("VorDPMStore", "所在文件夹不存在")},
+            {ENOTDIR, QT_TRANSLATE_NOOP("VorDPMStore", "所在文件夹不存在")},
+            {ENAMETOOLONG, QT_TRANSLATE_NOOP("VorDPMStore", "名称过长")},
+        },
+        error, QT_TRANSLATE_NOOP("VorDPMStore", "系统错误 %1"));
+}
+
+VOR::ErrorStatus Failure(const QString& path) {
     if (errno == EEXIST || errno == ENOTEMPTY) {
-        VorDPMLastError::Set(QStringLiteral("%1: exists already").arg(path));
+        VorDPMLastError::Set(QCoreApplication::translate("VorDPMStore", "%1: 已存在").arg(path));
         return VOR::eNameExists;
     }
-    VorDPMLastError::Set(
-        QStringLiteral("%1: cannot be %2 (%3)")
-            .arg(path, QString::fromUtf8(what), QString::fromLocal8Bit(std::strerror(errno))));
+    VorDPMLastError::Set(QStringLiteral("%1: %2").arg(path, SystemReason(errno)));
     return VOR::eFileError;
 }
 
@@ -46,10 +61,10 @@ VOR::ErrorStatus Failure(const QString& path, const char* what) {
 VOR::ErrorStatus VorDPMNoReplace::Rename(const QString& from, const QString& to) {
     if (RenameWithoutReplacing(QFile::encodeName(from), QFile::encodeName(to)) == 0)
         return VOR::eOk;
-    return Failure(to, "written");
+    return Failure(to);
 }
 
 VOR::ErrorStatus VorDPMNoReplace::MakeFolder(const QString& path) {
     if (::mkdir(QFile::encodeName(path).constData(), 0777) == 0) return VOR::eOk;
-    return Failure(path, "created");
+    return Failure(path);
 }

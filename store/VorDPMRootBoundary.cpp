@@ -1,9 +1,11 @@
 #include "VorDPMRootBoundary.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
 #include "VorDPMLastError.h"
+#include "VorDPMReasons.h"
 
 namespace {
 
@@ -28,13 +30,18 @@ void VorDPMRootBoundary::SetRoot(const QString& root) {
 }
 
 bool VorDPMRootBoundary::Check(const QString& path) {
+    const QString resolved = Resolved(path);
+    if (resolved.isEmpty()) {
+        // The folder was there when the store listed it: someone has taken it away since.
+        VorDPMReasons::FolderGone(QFileInfo(path).absolutePath());
+        return false;
+    }
     // The root itself may be reached through a link; compare real locations on both sides.
     const QString root = QFileInfo(Root()).canonicalFilePath();
-    const QString resolved = Resolved(path);
-    if (!root.isEmpty() && !resolved.isEmpty() &&
-        (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
+    if (!root.isEmpty() && (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
         return true;
     VorDPMLastError::Set(
-        QStringLiteral("%1: refused, it leads outside the library root %2").arg(path, Root()));
+        QCoreApplication::translate("VorDPMStore", "%1: 已拒绝，它指向库根目录 %2 之外")
+            .arg(path, Root()));
     return false;
 }

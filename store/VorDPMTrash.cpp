@@ -1,5 +1,6 @@
 #include "VorDPMTrash.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <QStorageInfo>
 
 #include "VorDPMLastError.h"
+#include "VorDPMRootBoundary.h"
 
 namespace {
 
@@ -31,17 +33,19 @@ bool InUserTrash(const QString& trashed) {
     return QFileInfo(trashed).absoluteFilePath().startsWith(UserTrash() + QLatin1Char('/'));
 }
 
-// `<root>/.recycle/<name>.<timestamp>`.
-QString RecycleTarget(const QString& path, const QString& root) {
+// Moves `path` to `<root>/.recycle/<name>.<timestamp>`; false with the reason when it cannot.
+// A recycle folder that leads out of the root takes nothing.
+bool Recycle(const QString& path, const QString& root) {
+    const QString folder = QDir(root).filePath(QStringLiteral(".recycle"));
+    if (!VorDPMRootBoundary::Check(folder)) return false;
     const QString stamp =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmsszzz"));
-    return QDir(QDir(root).filePath(QStringLiteral(".recycle")))
-        .filePath(QFileInfo(path).fileName() + QLatin1Char('.') + stamp);
-}
-
-bool Recycle(const QString& path, const QString& root) {
-    const QString target = RecycleTarget(path, root);
-    return QDir().mkpath(QFileInfo(target).path()) && QDir().rename(path, target);
+    const QString target =
+        QDir(folder).filePath(QFileInfo(path).fileName() + QLatin1Char('.') + stamp);
+    if (QDir().mkpath(folder) && QDir().rename(path, target)) return true;
+    VorDPMLastError::Set(
+        QCoreApplication::translate("VorDPMStore", "%1: 无法移入回收站").arg(path));
+    return false;
 }
 
 }  // namespace
@@ -52,10 +56,9 @@ bool VorDPMTrash::Move(const QString& path, const QString& root) {
     if (UserTrashTakes(path) && QFile::moveToTrash(path, &trashed)) {
         // Should the trash have put it anywhere else, it goes on into the recycle folder.
         if (InUserTrash(trashed) || Recycle(trashed, root)) return true;
-        VorDPMLastError::Set(QStringLiteral("%1: moved to %2").arg(path, trashed));
+        VorDPMLastError::Set(
+            QCoreApplication::translate("VorDPMStore", "%1: 已被移到 %2").arg(path, trashed));
         return false;
     }
-    if (Recycle(path, root)) return true;
-    VorDPMLastError::Set(QStringLiteral("%1: cannot be moved to the trash").arg(path));
-    return false;
+    return Recycle(path, root);
 }

@@ -1,7 +1,9 @@
 // The five tables of a product definition (properties, pictures, shapes, products, series rows)
 // as named columns of values, whose rows are read from the file and made one at a time as they
 // are printed as text or JSON. Binary fields are given by their size in bytes; series rows
-// carry one value column per property, by parameter name.
+// carry one value column per property, by parameter name. Values whose bytes are not valid UTF-8
+// (written by another program) are given with every invalid sequence replaced by U+FFFD, so that
+// text and JSON made of them stay valid, and their row is reported.
 #pragma once
 
 #include <QList>
@@ -32,8 +34,11 @@ public:
         std::function<bool(const RowVisitor&)> forEachRow;
     };
 
+    // Told which series row held values that are not valid UTF-8, as one sentence.
+    using Warning = std::function<void(const QString& message)>;
+
     // Reads the property definitions at once: the series rows have a column for each.
-    explicit DefinitionTables(CVorDPMStoredRows& rows);
+    DefinitionTables(CVorDPMStoredRows& rows, Warning warn);
 
     const std::vector<Table>& Tables() const { return m_tables; }
     // False when the property definitions could not be read.
@@ -51,6 +56,7 @@ private:
     void AddSeries();
 
     CVorDPMStoredRows& m_rows;
+    Warning m_warn;
     bool m_read = true;
 
     std::vector<Table> m_tables;

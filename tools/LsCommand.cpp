@@ -15,7 +15,7 @@ QString OrAny(const QString& level) {
 }
 
 void PrintLines(const std::vector<QString>& lines, ToolConsole& console) {
-    for (const QString& line : lines) console.Out() << line << '\n';
+    for (const QString& line : lines) console.WriteRecord({line});
 }
 
 }  // namespace

@@ -34,6 +34,6 @@ int SampleCommand::Execute(const QCommandLineParser& parser, ToolConsole& consol
     if (!SampleLibrary::Create(QDir(root).absolutePath(), scale, error))
         return console.Fail(ToolConsole::NotFound,
                             QStringLiteral("cannot create the sample: %1").arg(error));
-    console.Out() << QDir(root).absolutePath() << '\n';
+    console.WriteRecord({QDir(root).absolutePath()});
     return ToolConsole::Success;
 }

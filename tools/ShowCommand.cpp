@@ -106,7 +106,8 @@ int ShowCommand::Execute(const QCommandLineParser& parser, ToolConsole& console)
     const std::unique_ptr<CVorDPMStoredRows> rows =
         lookup.DefinitionRows(arguments[0], arguments[1], dpd);
     if (!rows) return ToolConsole::NotFound;
-    const DefinitionTables tables(*rows);
+    const DefinitionTables tables(*rows,
+                                  [&console](const QString& message) { console.Warn(message); });
     if (!tables.IsRead()) return lookup.Unreadable(*rows, *dpd);
     const bool printed = parser.isSet(kJson)
                              ? PrintJson(dpd->GetVorDPMLibraryManager()->GetLibraryName(),

@@ -4,19 +4,36 @@
 
 namespace {
 
-// The letter after the backslash for a character that a field cannot hold as it is, or 0.
-char16_t EscapeOf(char16_t c) {
+// Whether a character is written escaped: the backslash itself, and every control character
+// (C0, DEL and C1), which would end a record's line, move a terminal's cursor or clear its
+// screen, or cut the text short for a program reading it as a C string.
+bool NeedsEscape(char16_t c) {
+    return c < 0xa0 && (c < 0x20 || c == u'\\' || c >= 0x7f);
+}
+
+// Writes the escape of such a character: \\, \t, \n and \r for the common ones, \xHH for every
+// other. Returns the position after it.
+char16_t* WriteEscape(char16_t c, char16_t* out) {
+    static constexpr char16_t kHex[] = u"0123456789abcdef";
+    *out++ = u'\\';
     switch (c) {
         case u'\\':
-            return u'\\';
+            *out++ = u'\\';
+            return out;
         case u'\t':
-            return u't';
+            *out++ = u't';
+            return out;
         case u'\n':
-            return u'n';
+            *out++ = u'n';
+            return out;
         case u'\r':
-            return u'r';
+            *out++ = u'r';
+            return out;
         default:
-            return 0;
+            *out++ = u'x';
+            *out++ = kHex[c >> 4];
+            *out++ = kHex[c & 0xf];
+            return out;
     }
 }
 
@@ -26,7 +43,7 @@ char16_t EscapeOf(char16_t c) {
 template <class Fields>
 void AppendRecord(const Fields& fields, QString& line) {
     qsizetype worst = 1;
-    for (const QStringView field : fields) worst += 2 * field.size() + 1;
+    for (const QStringView field : fields) worst += 4 * field.size() + 1;
     const qsizetype start = line.size();
     line.resize(start + worst);
     char16_t* const begin = reinterpret_cast<char16_t*>(line.data());
@@ -37,9 +54,10 @@ void AppendRecord(const Fields& fields, QString& line) {
         first = false;
         for (const QChar character : field) {
             const char16_t c = character.unicode();
-            const char16_t escape = c <= u'\\' ? EscapeOf(c) : 0;
-            if (escape) *out++ = u'\\';
-            *out++ = escape ? escape : c;
+            if (NeedsEscape(c))
+                out = WriteEscape(c, out);
+            else
+                *out++ = c;
         }
     }
     *out++ = u'\n';
@@ -68,8 +86,10 @@ void ToolConsole::WriteRecord(std::initializer_list<QStringView> fields) {
 
 int ToolConsole::Fail(int code, const QString& message) {
     m_out.flush();
-    QString line = message;
-    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    m_err << "vordpm: " << line << Qt::endl;
+    m_err << "vordpm: " << Record({message}) << Qt::flush;
     return code;
+}
+
+void ToolConsole::Warn(const QString& message) {
+    m_err << "vordpm: warning: " << Record({message}) << Qt::flush;
 }

@@ -1,5 +1,6 @@
 // Entry of the vordpm command-line tool.
 #include <QGuiApplication>
+#include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -29,6 +30,11 @@ int main(int argc, char** argv) {
     } else {
         app = std::make_unique<QCoreApplication>(argc, argv);
     }
+    // The tool speaks English. The store's reasons that it passes on are Chinese source texts:
+    // it takes their English from the editor's catalog, which the editor library carries.
+    QTranslator storeTexts;
+    if (storeTexts.load(QStringLiteral(":/vordpm/translations/vordpm_editor_en")))
+        QCoreApplication::installTranslator(&storeTexts);
     const int code = VordpmTool().Run(QCoreApplication::arguments());
     // Every command has saved what it changed and written its output. Ending here spares
     // freeing a large definition's rows one by one, which costs as much as printing them.

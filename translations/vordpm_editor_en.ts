@@ -162,10 +162,6 @@
         <source>产品&quot;%1&quot;的版本信息</source>
         <translation>Versions of the product &quot;%1&quot;</translation>
     </message>
-    <message>
-        <source>保存失败: %1</source>
-        <translation>Saving failed: %1</translation>
-    </message>
 </context>
 <context>
     <name>CDPMSeriesModel</name>
@@ -707,6 +703,10 @@
         <source>确实要把&quot;%1&quot;产品库放入回收站吗?</source>
         <translation>Do you really want to move the library &quot;%1&quot; to the trash?</translation>
     </message>
+    <message>
+        <source>显示全部产品库</source>
+        <translation>Show all libraries</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMNewContentDlg</name>
@@ -787,10 +787,6 @@
     <message>
         <source>创建产品失败: %1</source>
         <translation>Creating the product failed: %1</translation>
-    </message>
-    <message>
-        <source>保存失败: %1</source>
-        <translation>Saving failed: %1</translation>
     </message>
 </context>
 <context>
@@ -1048,13 +1044,6 @@
     <message>
         <source>没有这个产品</source>
         <translation>No such product</translation>
-    </message>
-</context>
-<context>
-    <name>CVorDPMProductHostDlg</name>
-    <message>
-        <source>保存失败: %1</source>
-        <translation>Saving failed: %1</translation>
     </message>
 </context>
 <context>
@@ -1374,6 +1363,185 @@
     <message>
         <source>保存失败: %1</source>
         <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
+    <name>VorDPMStore</name>
+    <message>
+        <source>产品库信息</source>
+        <translation>library information</translation>
+    </message>
+    <message>
+        <source>产品目录</source>
+        <translation>catalog</translation>
+    </message>
+    <message>
+        <source>产品定义</source>
+        <translation>product definition</translation>
+    </message>
+    <message>
+        <source>产品模板</source>
+        <translation>product template</translation>
+    </message>
+    <message>
+        <source>公共表</source>
+        <translation>common table</translation>
+    </message>
+    <message>
+        <source>%1: 不是 VorDPM %2文件</source>
+        <translation>%1: not a VorDPM %2 file</translation>
+    </message>
+    <message>
+        <source>%1: 由较新的版本写入(结构版本 %2，本程序最高可读 %3)</source>
+        <translation>%1: written by a newer version (schema %2, this program reads up to %3)</translation>
+    </message>
+    <message>
+        <source>%1: 表 %3 的第 %2 行含有超出本程序可保存范围的数字</source>
+        <translation>%1: row %2 of table %3 holds a number outside the range this program can keep</translation>
+    </message>
+    <message>
+        <source>%1: 自加载以来已被其他用户修改</source>
+        <translation>%1: changed by another user since it was loaded</translation>
+    </message>
+    <message>
+        <source>%1: 自加载以来已被其他用户删除或重命名</source>
+        <translation>%1: removed or renamed by another user since it was loaded</translation>
+    </message>
+    <message>
+        <source>%1: 缺少表 %2，或其列不全</source>
+        <translation>%1: table %2 is missing or lacks columns</translation>
+    </message>
+    <message>
+        <source>%1: 无法写入</source>
+        <translation>%1: cannot be written</translation>
+    </message>
+    <message>
+        <source>%1: 不能用作库根目录</source>
+        <translation>%1: cannot be used as the library root</translation>
+    </message>
+    <message>
+        <source>%1: 无法创建文件夹</source>
+        <translation>%1: cannot create the folder</translation>
+    </message>
+    <message>
+        <source>%1: 无法复制</source>
+        <translation>%1: cannot be copied</translation>
+    </message>
+    <message>
+        <source>没有打开的文件</source>
+        <translation>no file is open</translation>
+    </message>
+    <message>
+        <source>另一个进程的保存被中断，需由可写入该文件的用户打开一次，以撤销未完成的保存</source>
+        <translation>a save by another process was interrupted; someone who may write the file has to open it once to undo the unfinished save</translation>
+    </message>
+    <message>
+        <source>文件被其他进程锁定</source>
+        <translation>the file is locked by another process</translation>
+    </message>
+    <message>
+        <source>文件只读，无法写入</source>
+        <translation>the file is read-only</translation>
+    </message>
+    <message>
+        <source>没有权限</source>
+        <translation>permission denied</translation>
+    </message>
+    <message>
+        <source>内存不足</source>
+        <translation>out of memory</translation>
+    </message>
+    <message>
+        <source>读写文件出错</source>
+        <translation>reading or writing the file failed</translation>
+    </message>
+    <message>
+        <source>文件已损坏</source>
+        <translation>the file is damaged</translation>
+    </message>
+    <message>
+        <source>磁盘已满</source>
+        <translation>the disk is full</translation>
+    </message>
+    <message>
+        <source>文件无法打开</source>
+        <translation>the file cannot be opened</translation>
+    </message>
+    <message>
+        <source>不是数据库文件</source>
+        <translation>not a database file</translation>
+    </message>
+    <message>
+        <source>文件的结构与本程序不符</source>
+        <translation>the file is not laid out as this program expects</translation>
+    </message>
+    <message>
+        <source>SQLite 错误 %1</source>
+        <translation>SQLite error %1</translation>
+    </message>
+    <message>
+        <source>文件不存在或无法打开</source>
+        <translation>the file does not exist or cannot be opened</translation>
+    </message>
+    <message>
+        <source>%1: 表 %2 已没有可用的对象 ID</source>
+        <translation>%1: table %2 has no free object id left</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;不能用作名称</source>
+        <translation>&quot;%1&quot; cannot be used as a name</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;太长: 名称最多可有 %2 个字节(UTF-8 编码)</source>
+        <translation>&quot;%1&quot; is too long: a name may have at most %2 bytes (in UTF-8)</translation>
+    </message>
+    <message>
+        <source>文件系统只读</source>
+        <translation>the file system is read-only</translation>
+    </message>
+    <message>
+        <source>所在文件夹不存在</source>
+        <translation>its folder does not exist</translation>
+    </message>
+    <message>
+        <source>名称过长</source>
+        <translation>the name is too long</translation>
+    </message>
+    <message>
+        <source>系统错误 %1</source>
+        <translation>system error %1</translation>
+    </message>
+    <message>
+        <source>%1: 已存在</source>
+        <translation>%1: exists already</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;已存在</source>
+        <translation>&quot;%1&quot; exists already</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;不存在</source>
+        <translation>&quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>%1: 已被其他用户删除或重命名</source>
+        <translation>%1: removed or renamed by another user</translation>
+    </message>
+    <message>
+        <source>%1: 不是普通文件</source>
+        <translation>%1: not a regular file</translation>
+    </message>
+    <message>
+        <source>%1: 已拒绝，它指向库根目录 %2 之外</source>
+        <translation>%1: refused, it leads outside the library root %2</translation>
+    </message>
+    <message>
+        <source>%1: 无法移入回收站</source>
+        <translation>%1: cannot be moved to the trash</translation>
+    </message>
+    <message>
+        <source>%1: 已被移到 %2</source>
+        <translation>%1: moved to %2</translation>
     </message>
 </context>
 <context>

@@ -39,7 +39,22 @@
     </message>
 </context>
 <context>
-    <name>LuaSandbox</name>
+    <name>PendingWork</name>
+    <message>
+        <source>保存失败：%1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewResult</name>
+    <message>
+        <source>脚本错误：%1</source>
+        <translation>Script error: %1</translation>
+    </message>
+    <message>
+        <source>未知错误</source>
+        <translation>unknown error</translation>
+    </message>
     <message>
         <source>脚本运行时间过长，已停止。</source>
         <translation>The script ran too long and was stopped.</translation>
@@ -49,19 +64,8 @@
         <translation>The script used too much memory and was stopped.</translation>
     </message>
     <message>
-        <source>脚本错误：%1</source>
-        <translation>Script error: %1</translation>
-    </message>
-    <message>
-        <source>未知错误</source>
-        <translation>unknown error</translation>
-    </message>
-</context>
-<context>
-    <name>PendingWork</name>
-    <message>
-        <source>保存失败：%1</source>
-        <translation>Saving failed: %1</translation>
+        <source>预览程序出错：%1</source>
+        <translation>The preview program failed: %1</translation>
     </message>
 </context>
 <context>
@@ -69,6 +73,10 @@
     <message>
         <source>脚本没有绘制任何图形。</source>
         <translation>The script did not draw anything.</translation>
+    </message>
+    <message>
+        <source>脚本正在运行……</source>
+        <translation>The script is running…</translation>
     </message>
 </context>
 </TS>

@@ -116,9 +116,8 @@ TEST_F(SetLibRootTest, UnsavedChangesAreSavedOrDroppedAsTheUserChooses) {
         Type(&fresh, CVorDPMSetLibRoot::IDC_ROOT_PATH, other);
         ui.ExpectMessage(question, c.answer);
         if (c.removeFile)
-            ui.ExpectMessage(QStringLiteral("保存失败: %1: changed by another user since it was "
-                                            "loaded (it was removed or renamed)")
-                                 .arg(infoFile));
+            ui.ExpectMessage(
+                QStringLiteral("保存失败: %1: 自加载以来已被其他用户删除或重命名").arg(infoFile));
         Click(&fresh, VorDPMControlId::IDOK);
 
         ui.VerifyAllUsed();

@@ -371,9 +371,7 @@ TEST_F(MainDialog, ASaveThatConflictsTellsWhyAndKeepsTheEdits) {
     info->SetCompanyName(QStringLiteral("启星"));
     const QString file = root.File("QXMaterial/library.DPI");
     ASSERT_TRUE(QFile::remove(file));
-    ui.ExpectMessage(QStringLiteral("保存失败: %1: changed by another user since it was loaded "
-                                    "(it was removed or renamed)")
-                         .arg(file));
+    ui.ExpectMessage(QStringLiteral("保存失败: %1: 自加载以来已被其他用户删除或重命名").arg(file));
     EXPECT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_SAVE_WORK));
     ui.VerifyAllUsed();
     EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());

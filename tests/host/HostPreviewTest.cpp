@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QImage>
+#include <QTest>
+#include <QTimer>
 #include <QWidget>
 
 #include "HostPreview.h"
@@ -11,10 +14,20 @@ class HostPreviewTest : public ::testing::Test {
 protected:
     void TearDown() override { HostPreview::Close(); }
 
+    // Draws and waits for the script's end.
     static void Draw(QWidget* parent, const QRect& rect, const char* script,
                      const std::map<QString, _struParam>& params = {},
                      const std::map<int, tagVorDPM_Value>& values = {}) {
         HostPreview::Draw(rect, parent, QStringLiteral("{request}"), script, params, values);
+        if (HostPreview::Current()) {
+            EXPECT_TRUE(Ended());
+        }
+    }
+
+    // Whether the current preview's script ended within the time limit and more: a run past
+    // the host's short wait ends from the event loop.
+    static bool Ended() {
+        return QTest::qWaitFor([] { return !HostPreview::Current()->IsRunning(); }, 3000);
     }
 
     QWidget window;
@@ -81,6 +94,7 @@ TEST_F(HostPreviewTest, ANewerRequestReplacesTheOlderOneAndCarriesItsKey) {
     HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{first}"), "x = 1", {}, {});
     HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{second}"),
                       "line(0, 0, 1, 1)", {}, {});
+    EXPECT_TRUE(Ended());
     const QList<PreviewWidget*> previews = window.findChildren<PreviewWidget*>();
     ASSERT_EQ(previews.size(), 1);
     EXPECT_EQ(previews[0]->objectName(), QStringLiteral("{second}"));
@@ -97,6 +111,39 @@ TEST_F(HostPreviewTest, AParameterOfTheWrongTypeIsReportedWithItsLine) {
     const QString message = HostPreview::Current()->Message();
     EXPECT_TRUE(message.startsWith(QStringLiteral("脚本错误："))) << message.toStdString();
     EXPECT_TRUE(message.contains(QStringLiteral(":2:"))) << message.toStdString();
+}
+
+// A script that runs long inside a library function, where the sandbox's own limits do not
+// reach, leaves the host's event loop running; it is stopped at the time limit, and a newer
+// preview replaces it at once.
+TEST_F(HostPreviewTest, TheHostStaysResponsiveWhileAScriptRuns) {
+    const char* hostile =
+        "table.sort(setmetatable({}, {__index = rawlen, __newindex = rawequal, "
+        "__len = function() return 2^31 - 2 end}))";
+    for (const char* after : {"", "line(0, 0, 1, 1)"}) {
+        SCOPED_TRACE(after);
+        int ticks = 0;
+        QTimer ticker;
+        QObject::connect(&ticker, &QTimer::timeout, [&ticks] { ++ticks; });
+        ticker.start(20);
+        QElapsedTimer timer;
+        timer.start();
+        HostPreview::Draw(QRect(0, 0, 300, 200), &window, "{hostile}", hostile, {}, {});
+        EXPECT_LT(timer.elapsed(), 800);
+        ASSERT_TRUE(HostPreview::Current()->IsRunning());
+        EXPECT_EQ(HostPreview::Current()->Message(), QStringLiteral("脚本正在运行……"));
+        if (*after) {
+            Draw(&window, QRect(0, 0, 300, 200), after);
+            QTest::qWait(1500);  // past the hostile run's time limit
+            EXPECT_TRUE(HostPreview::Current()->Message().isEmpty())
+                << HostPreview::Current()->Message().toStdString();
+            continue;
+        }
+        EXPECT_TRUE(Ended());
+        EXPECT_EQ(HostPreview::Current()->Message(), QStringLiteral("脚本运行时间过长，已停止。"));
+        EXPECT_GT(ticks, 10);
+        EXPECT_LT(timer.elapsed(), 1500);
+    }
 }
 
 TEST_F(HostPreviewTest, WithoutAWindowNothingIsDrawn) {

@@ -2,8 +2,10 @@
 
 #include <QImage>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 
+#include "CVorDPMEditorSettings.h"
 #include "EditorLoader.h"
 
 // The host run as a user runs it, unattended: it opens the editor, reports when the window is
@@ -55,6 +57,16 @@ TEST_F(HostProcessTest, OpensTheEditorOnTheRootAndReportsWhenItIsShown) {
         RunHost({QStringLiteral("--root"), Root(), QStringLiteral("--measure-startup")});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     EXPECT_TRUE(run.out.contains(QStringLiteral("startup-ms: "))) << run.out.toStdString();
+}
+
+TEST_F(HostProcessTest, AllLibrariesTurnsTheEditorsOptionOnBeforeItRuns) {
+    const Outcome run =
+        RunHost({QStringLiteral("--root"), Root(), QStringLiteral("--all-libraries"),
+                 QStringLiteral("--measure-startup")});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QSettings editor(scratch.filePath(QStringLiteral("config/VorDPM/VorDPMEditor.conf")),
+                           QSettings::IniFormat);
+    EXPECT_TRUE(editor.value(QLatin1String(CVorDPMEditorSettings::kShowAllLibraries)).toBool());
 }
 
 TEST_F(HostProcessTest, TakesAScreenshotOfTheEditorsWindow) {

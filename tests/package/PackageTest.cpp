@@ -51,6 +51,7 @@ TEST(InstalledPrefix, HoldsTheProgramsVersionedLibrariesHeadersAndCMakePackage) 
     const QStringList expected = {
         "bin/vordpm",
         "bin/vordpm-host",
+        "libexec/vordpm/vordpm-preview",
         kLibDir + "/libVorDPM.so.0",
         kLibDir + "/libVorDPM.so",
         kLibDir + "/libVorDPMEditor.so.0",
@@ -60,6 +61,7 @@ TEST(InstalledPrefix, HoldsTheProgramsVersionedLibrariesHeadersAndCMakePackage) 
         "include/VorDPM/CVorDPMManager.h",
         "include/VorDPM/query/CVorDPMData.h",
         "include/VorDPM/shell/ExportVorDPMEditor.h",
+        "include/VorDPM/shell/CVorDPMEditorSettings.h",
         "include/VorDPM/shell/CVorDPMTreeCtrlEx.h",
         "include/VorDPM/shell/CVorDPMReportCtrlBase.h",
         "share/applications/org.vordpm.Editor.desktop",
@@ -158,6 +160,7 @@ TEST_F(DebPackage, RuntimePackageHoldsWhatADesktopInstallNeeds) {
     QStringList expected = {
         "usr/bin/vordpm",
         "usr/bin/vordpm-host",
+        "usr/libexec/vordpm/vordpm-preview",
         "usr/" + kLibDir + "/libVorDPM.so.0",
         "usr/" + kLibDir + "/libVorDPMEditor.so.0",
         "usr/share/applications/org.vordpm.Editor.desktop",
@@ -193,9 +196,9 @@ TEST_F(DebPackage, DevelopmentPackageHoldsHeadersAndTheCMakePackage) {
 // override the system's policy.
 TEST_F(DebPackage, ProgramsAndLibrariesCarryNoSearchPath) {
     Unpack("vordpm");
-    for (const QString& relative :
-         QStringList{"usr/bin/vordpm", "usr/bin/vordpm-host", "usr/" + kLibDir + "/libVorDPM.so.0",
-                     "usr/" + kLibDir + "/libVorDPMEditor.so.0"}) {
+    for (const QString& relative : QStringList{
+             "usr/bin/vordpm", "usr/bin/vordpm-host", "usr/libexec/vordpm/vordpm-preview",
+             "usr/" + kLibDir + "/libVorDPM.so.0", "usr/" + kLibDir + "/libVorDPMEditor.so.0"}) {
         const QString dynamic = DynamicSection(Root(relative));
         EXPECT_FALSE(dynamic.contains("RUNPATH") || dynamic.contains("RPATH"))
             << relative.toStdString() << "\n"

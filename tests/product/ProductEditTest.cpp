@@ -289,4 +289,41 @@ TEST_F(ProductEditTest, ScriptIdIsChosenInTheScriptEditor) {
     EXPECT_EQ(ui.dialogClasses, QStringList(2, "CVorDPMScriptEdit"));
 }
 
+// The pickers and file dialogs are answered inside modal loops of their own, in which the grid
+// closes the item's editor and deletes its in-place button. By then the click on that button
+// must have returned: otherwise Qt goes on handling the click on the freed button.
+TEST_F(ProductEditTest, InplaceButtonsOpenTheirDialogsOnlyAfterTheClickHasReturned) {
+    CKZList<CVorDPM_DPD_Image*> images;
+    m_dpd->GetAllImage(images);
+    CVorDPM_DPD_Serial row;
+    const std::pair<std::function<std::unique_ptr<Edit>()>, QStringList> editors[] = {
+        {[&] { return Open(m_length); }, {"属性ID"}},
+        {[&] { return Open(VorDPMDefinitionTables::Find<CVorDPM_DPD_Shape>(m_dpd, 1)); },
+         {"DPS ID"}},
+        {[&] { return Open(&row, Edit::NewRecord); }, {"产品ID", "参数化形体库ID", "实物图片ID"}},
+        {[&] { return Open(images.GetAt(0)); }, {"图片", "2D", "3D", "sys"}},
+    };
+    bool clicking = false;
+    ui.AnswerInsideModalLoops(true);
+    ui.CheckBeforeEachAnswer([&] { EXPECT_FALSE(clicking) << "opened inside the click"; });
+    for (const auto& [open, captions] : editors) {
+        std::unique_ptr<Edit> editor = open();
+        CVorDPMPropertyGrid* grid = Grid(editor.get());
+        for (const QString& caption : captions) {
+            SCOPED_TRACE(caption.toStdString());
+            CVorDPMPropertyGridItem* item = grid->FindItem(caption);
+            if (item->GetKind() == CVorDPMPropertyGridItem::File)
+                ui.ExpectFile(QString());
+            else
+                ui.ExpectDialog([](QDialog*) { return QDialog::Rejected; });
+            clicking = true;
+            ClickButton(*editor, caption);
+            clicking = false;
+            QCoreApplication::processEvents();
+            ui.VerifyAllUsed();
+            EXPECT_EQ(grid->indexWidget(grid->IndexOfValue(item)), nullptr);
+        }
+    }
+}
+
 }  // namespace

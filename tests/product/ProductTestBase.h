@@ -135,15 +135,25 @@ public:
         QCoreApplication::processEvents();  // the view takes the value in a queued call
     }
 
-    // Presses the in-place button of the grid item captioned `caption` of a record editor.
+    // Clicks the in-place button of the grid item captioned `caption` of a record editor, in the
+    // active window as a user does, and lets what the click asked for happen.
     static void PressButton(QWidget& editor, const QString& caption) {
+        ClickButton(editor, caption);
+        QCoreApplication::processEvents();
+    }
+
+    // The click of PressButton alone: what it asks for has not happened yet when it returns.
+    static void ClickButton(QWidget& editor, const QString& caption) {
+        editor.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
         CVorDPMPropertyGrid* grid = Grid(&editor);
         QWidget* inplace = grid->EditValue(grid->FindItem(caption));
         ASSERT_TRUE(inplace) << caption.toStdString();
-        auto* button =
-            inplace->findChild<QAction*>(CVorDPMPropertyGridDelegate::kInplaceButtonName);
-        ASSERT_TRUE(button) << caption.toStdString();
-        button->trigger();
+        auto* button = inplace->findChild<QToolButton*>();
+        ASSERT_TRUE(button && button->defaultAction()) << caption.toStdString();
+        ASSERT_EQ(button->defaultAction()->objectName(),
+                  QLatin1String(CVorDPMPropertyGridDelegate::kInplaceButtonName));
+        QTest::mouseClick(button, Qt::LeftButton);
     }
 
     // A record-editor answer: types the edits into the grid, then presses OK.

@@ -30,12 +30,14 @@ std::unique_ptr<CVorDPMScriptEdit> OpenWithHost(CVorDPMDPD* dpd, CVorDPM_DPD_Sha
     return dialog;
 }
 
-// The preview the host shows in `dialog` after the preview button, painted.
+// The preview the host shows in `dialog` after the preview button, painted once its script
+// ended (a script that takes longer than the host waits ends from the event loop).
 PreviewWidget* PressPreview(CVorDPMScriptEdit* dialog) {
     GuiTestBase::Click(dialog, CVorDPMScriptEdit::IDC_PREVIEW);
     PreviewWidget* preview = HostPreview::Current();
     EXPECT_NE(preview, nullptr);
     if (!preview) return nullptr;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !preview->IsRunning(); }, 3000));
     EXPECT_EQ(preview->parentWidget(), dialog);
     EXPECT_TRUE(preview->isVisible());
     EXPECT_EQ(preview->geometry(), dialog->PreviewRect());

@@ -15,6 +15,8 @@ QStringList Entries(const QString& folder) {
     return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
 }
 
+const QString kOutsideTheRoot = QStringLiteral("指向库根目录");
+
 }  // namespace
 
 class BoundaryTest : public StoreTestBase {
@@ -56,8 +58,7 @@ TEST_F(BoundaryTest, AStoreFileLinkedToOutsideTheRootIsNeitherReadNorWritten) {
     EXPECT_TRUE(rows.IsEmpty());
     const QString reason = CVorDPMManager::GetLastErrorText();
     EXPECT_TRUE(reason.contains(QStringLiteral("Linked.DPD"))) << reason.toStdString();
-    EXPECT_TRUE(reason.contains(QStringLiteral("outside the library root")))
-        << reason.toStdString();
+    EXPECT_TRUE(reason.contains(kOutsideTheRoot)) << reason.toStdString();
     EXPECT_NE(dpd->AddProperty(new CVorDPM_DPD_Property), VOR::eOk);
     EXPECT_EQ(Manager()->SaveWork(), 1);
     EXPECT_EQ(ReadAll(target), before);
@@ -78,11 +79,67 @@ TEST_F(BoundaryTest, ALibraryFolderLinkedToOutsideTheRootTakesNoFiles) {
     EXPECT_NE(linked->CreateDPC(QStringLiteral("New"), catalog), VOR::eOk);
     CVorDPMDPD* dpd = nullptr;
     EXPECT_NE(linked->CreateDPD(QStringLiteral("New"), dpd), VOR::eOk);
-    EXPECT_TRUE(
-        CVorDPMManager::GetLastErrorText().contains(QStringLiteral("outside the library root")));
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(kOutsideTheRoot));
     EXPECT_NE(Manager()->CopyLibrary(QStringLiteral("Linked"), QStringLiteral("Copied")), VOR::eOk);
     EXPECT_EQ(Entries(folder), QStringList{QStringLiteral("library.DPI")});
     EXPECT_FALSE(QFile::exists(root.File(QStringLiteral("Copied"))));
+}
+
+// A library folder, the root's templates folder and the recycle folder that are links to
+// folders outside the root: no operation creates, moves, renames or removes anything there.
+TEST_F(BoundaryTest, LinkedFoldersLetNothingOutsideTheRootChange) {
+    CVorDPMDPC* catalog = MakeCatalog(m_library, QStringLiteral("C"));
+    ASSERT_NE(catalog, nullptr);
+    CVorDPMDPT* pattern = nullptr;
+    ASSERT_EQ(Manager()->GetTemplateManager()->CreateDPT(QStringLiteral("T"), pattern), VOR::eOk);
+    const QString library = m_outside + QStringLiteral("/Library");
+    const QString templates = m_outside + QStringLiteral("/Templates");
+    const QString recycle = m_outside + QStringLiteral("/Recycle");
+    for (const QString& folder : {library, templates, recycle}) QDir().mkpath(folder);
+    for (const char* file : {"library.DPI", "C.DPC", "Bolt.DPD"})
+        ASSERT_TRUE(QFile::copy(InLibrary(QString::fromUtf8(file)),
+                                library + QLatin1Char('/') + QString::fromUtf8(file)));
+    ASSERT_TRUE(QFile::copy(root.File(QStringLiteral("templates/T.DPT")),
+                            templates + QStringLiteral("/T.DPT")));
+    ASSERT_TRUE(QDir(root.File(QStringLiteral("templates"))).removeRecursively());
+    ASSERT_TRUE(QFile::link(library, root.File(QStringLiteral("Linked"))));
+    ASSERT_TRUE(QFile::link(templates, root.File(QStringLiteral("templates"))));
+    ASSERT_TRUE(QFile::link(recycle, root.File(QStringLiteral(".recycle"))));
+    // Without a desktop trash, removed files go to the recycle folder.
+    ASSERT_TRUE(QDir(root.Home() + QStringLiteral("/data")).removeRecursively());
+    Reopen();
+    const QStringList before = Snapshot(m_outside);
+
+    CVorDPMLibraryManager* linked = Library(QStringLiteral("Linked"));
+    ASSERT_NE(linked, nullptr);
+    CVorDPMTemplateManager* platform = Manager()->GetTemplateManager();
+    const std::vector<std::pair<const char*, std::function<int()>>> operations = {
+        {"RemoveDPD", [&] { return int(linked->RemoveDPD(QStringLiteral("Bolt"))); }},
+        {"RenameDPD",
+         [&] { return int(linked->RenameDPD(QStringLiteral("Bolt"), QStringLiteral("B"))); }},
+        {"RemoveDPC", [&] { return int(linked->RemoveDPC(QStringLiteral("C"))); }},
+        {"RenameDPC",
+         [&] { return int(linked->RenameDPC(QStringLiteral("C"), QStringLiteral("D"))); }},
+        {"CreateDPT in the library",
+         [&] {
+             CVorDPMDPT* t = nullptr;
+             return int(linked->GetVorDPMTemplateManager()->CreateDPT(QStringLiteral("N"), t));
+         }},
+        {"RemoveDPT", [&] { return int(platform->RemoveDPT(QStringLiteral("T"))); }},
+        {"RenameDPT",
+         [&] { return int(platform->RenameDPT(QStringLiteral("T"), QStringLiteral("U"))); }},
+        {"RemoveDPD into the recycle folder",
+         [&] {
+             return int(Library(QStringLiteral("QXMaterial"))->RemoveDPD(QStringLiteral("Bolt")));
+         }},
+    };
+    for (const auto& [label, operation] : operations) {
+        EXPECT_NE(operation(), VOR::eOk) << label;
+        const QString reason = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(reason.contains(kOutsideTheRoot)) << label << ": " << reason.toStdString();
+        EXPECT_EQ(Snapshot(m_outside), before) << label;
+    }
+    EXPECT_TRUE(QFile::exists(InLibrary(QStringLiteral("Bolt.DPD"))));
 }
 
 // Ids and row references are ints: a file holding a larger number is refused as a whole
@@ -114,7 +171,8 @@ TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
         EXPECT_TRUE(products.IsEmpty()) << c.label;
         const QString reason = CVorDPMManager::GetLastErrorText();
         EXPECT_TRUE(reason.contains(QStringLiteral("Bolt.DPD"))) << reason.toStdString();
-        EXPECT_TRUE(reason.contains(QStringLiteral("outside the range"))) << reason.toStdString();
+        EXPECT_TRUE(reason.contains(QStringLiteral("超出本程序可保存范围的数字")))
+            << reason.toStdString();
         EXPECT_EQ(Manager()->SaveWork(), 1) << c.label;
         EXPECT_EQ(ReadAll(path), damaged) << c.label;
     }
@@ -132,7 +190,7 @@ TEST_F(BoundaryTest, NoNewRowOnceTheLargestIdIsTaken) {
     auto* extra = new CVorDPM_DPD_Product;
     extra->SetName(QStringLiteral("p3"));
     EXPECT_NE(dpd->AddProduct(extra), VOR::eOk);
-    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("no free object id")));
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("已没有可用的对象 ID")));
     CVorDPM_DPD_Product* last = nullptr;
     ASSERT_EQ(dpd->GetProduct(2147483647, last), VOR::eOk);
     EXPECT_EQ(last->GetName(), QStringLiteral("p2"));

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <functional>
 
@@ -11,8 +12,11 @@
 
 namespace {
 
+const char* const kChanged = ": 自加载以来已被其他用户修改";
+const char* const kGone = ": 自加载以来已被其他用户删除或重命名";
+
 QStringList ProductNames(const QString& path) {
-    return Column(path, "SELECT name FROM product ORDER BY id");
+    return Column(path, "SELECT name FROM product ORDER BY id", "name");
 }
 
 }  // namespace
@@ -85,15 +89,18 @@ TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
     struct Case {
         const char* label;
         QStringList child;
-        const char* detail;          // what the error adds for this kind of conflict
+        const char* conflict;        // what the error says
         QStringList productsOnDisk;  // of Shared.DPD after both saves; empty: no file
     };
     const Case cases[] = {
-        {"same row changed", {"product-name", "QXMaterial", "Shared", "child"}, "", {"child"}},
-        {"row deleted", {"delete-product", "QXMaterial", "Shared"}, "", {}},
-        {"rows added", {"add-product", "QXMaterial", "Shared", "c"}, "", {"p1", "c"}},
-        {"definition removed", {"remove-dpd", "QXMaterial", "Shared"}, "removed", {}},
-        {"definition renamed", {"rename-dpd", "QXMaterial", "Shared", "Moved"}, "renamed", {}},
+        {"same row changed",
+         {"product-name", "QXMaterial", "Shared", "child"},
+         kChanged,
+         {"child"}},
+        {"row deleted", {"delete-product", "QXMaterial", "Shared"}, kChanged, {}},
+        {"rows added", {"add-product", "QXMaterial", "Shared", "c"}, kChanged, {"p1", "c"}},
+        {"definition removed", {"remove-dpd", "QXMaterial", "Shared"}, kGone, {}},
+        {"definition renamed", {"rename-dpd", "QXMaterial", "Shared", "Moved"}, kGone, {}},
     };
     for (const Case& c : cases) {
         Rebuild();
@@ -107,10 +114,7 @@ TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
 
         EXPECT_EQ(Manager()->SaveWork(), 0) << c.label;
         const QString error = CVorDPMManager::GetLastErrorText();
-        EXPECT_TRUE(error.contains(PathOf(QStringLiteral("Shared")))) << error.toStdString();
-        EXPECT_TRUE(error.contains(QStringLiteral("changed by another user since it was loaded")))
-            << error.toStdString();
-        EXPECT_TRUE(error.contains(QString::fromUtf8(c.detail))) << error.toStdString();
+        EXPECT_EQ(error, PathOf(QStringLiteral("Shared")) + QString::fromUtf8(c.conflict));
         // Nothing of this process reached the file; its edits are still there to keep.
         EXPECT_EQ(ProductNames(PathOf(QStringLiteral("Shared"))), c.productsOnDisk) << c.label;
         EXPECT_TRUE(Manager()->HasUnsavedChanges()) << c.label;
@@ -172,8 +176,39 @@ TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
             << outcomes.join('|').toStdString();
         // The file is the winner's, whole.
         const QString created = PathOf(QStringLiteral("New%1").arg(round));
-        EXPECT_EQ(Column(created, "SELECT property_alias FROM property"),
+        EXPECT_EQ(Column(created, "SELECT property_alias FROM property", "property_alias"),
                   QStringList{QString::fromUtf8(sources[winner])});
-        EXPECT_EQ(Column(created, "SELECT count(*) FROM serial"), QStringList{"20000"});
+        EXPECT_EQ(Column(created, "SELECT count(*) AS n FROM serial", "n"), QStringList{"20000"});
+    }
+}
+
+// Another process removes or renames the library this one has loaded: the save says so,
+// nothing is made again in its place, and after a reload the name is free for a new library.
+TEST_F(ConcurrencyTest, ALibraryGoneElsewhereIsNotMadeAgain) {
+    const std::pair<const char*, QStringList> cases[] = {
+        {"removed", {"remove-library", "QXMaterial"}},
+        {"renamed", {"rename-library", "QXMaterial", "Moved"}},
+    };
+    const QString gone = QStringLiteral("已被其他用户删除或重命名");
+    for (const auto& [label, child] : cases) {
+        Rebuild();
+        CVorDPMDPD* dpd = Loaded();
+        CVorDPMLibraryManager* library = Library(QStringLiteral("QXMaterial"));
+        ASSERT_EQ(RunChild(child), QStringLiteral("ok")) << label;
+        First(dpd)->SetName(QStringLiteral("parent"));
+        EXPECT_EQ(Manager()->SaveWork(), 0) << label;
+        QString error = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(error.contains(PathOf(QStringLiteral("Shared")))) << error.toStdString();
+        EXPECT_TRUE(error.contains(gone)) << error.toStdString();
+        CVorDPMDPD* created = nullptr;
+        CVorDPMDPC* catalog = nullptr;
+        EXPECT_NE(library->CreateDPD(QStringLiteral("New"), created), VOR::eOk) << label;
+        EXPECT_NE(library->CreateDPC(QStringLiteral("New"), catalog), VOR::eOk) << label;
+        error = CVorDPMManager::GetLastErrorText();
+        EXPECT_TRUE(error.contains(gone)) << error.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(root.File(QStringLiteral("QXMaterial")))) << label;
+        Reopen();
+        CVorDPMLibraryManager* again = nullptr;
+        EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("QXMaterial"), again), VOR::eOk) << label;
     }
 }

@@ -117,8 +117,9 @@ TEST_F(LookupTest, NameListsStaySortedThroughCreateCopyRenameAndRemove) {
     EXPECT_EQ(reread, expected);
 }
 
-// The listing reads the folder itself: what a "*.DPD" filter of files would give.
-TEST_F(LookupTest, ListingTakesDefinitionFilesOnly) {
+// The listing reads the folder itself: every entry named "*.DPD" but hidden ones, whatever it
+// is; a folder or a dangling link is listed so that using it can say what is wrong.
+TEST_F(LookupTest, ListingTakesEveryEntryOfTheExtension) {
     SaveAndReopen();
     const QDir folder(root.File(QStringLiteral("Lib")));
     const auto touch = [&](const QString& name) {
@@ -143,6 +144,6 @@ TEST_F(LookupTest, ListingTakesDefinitionFilesOnly) {
     Manager()->GetLibrary(QStringLiteral("Lib"), library);
     QStringList names;
     library->GetAllDPDName(names);
-    EXPECT_EQ(names, (QStringList{"Link", "lower", "Series"}));
+    EXPECT_EQ(names, (QStringList{"Dangling", "Folder", "Link", "lower", "Series"}));
     EXPECT_EQ(library->HasDPD(QStringLiteral("LOWER")), 1);
 }

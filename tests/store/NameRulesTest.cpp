@@ -32,7 +32,14 @@ const QStringList kBadNames = {
     QString(QChar(0xD800)) + QStringLiteral("x"),
     QStringLiteral("x") + QChar(0xDC00),
     QStringLiteral("ab") + QChar(0xDBFF),
+    // One byte over the limit, in ASCII and in Chinese (3 bytes a character).
+    QString(207, QLatin1Char('n')),
+    QString(69, QChar(0x87BA)),
 };
+
+// The longest name: its longest derived file name, the journal of a new file's temporary copy
+// ("<name>.DPD.new-<32 hex digits>-journal"), is as long as a file name can be.
+const QString kLongest = QStringLiteral("ab") + QString(68, QChar(0x87BA));
 
 QStringList FilesUnder(const QString& root) {
     QStringList files;
@@ -132,6 +139,23 @@ TEST_F(BadNameTest, EveryCreateCopyRenameRefusesAndWritesNothing) {
         CVorDPMDPC* c = nullptr;
         EXPECT_EQ(library->CreateDPC(name, c), VOR::eInvalidName) << name.toStdString();
     }
+    CVorDPMDPC* c = nullptr;
+    library->CreateDPC(kBadNames.last(), c);
+    EXPECT_EQ(
+        CVorDPMManager::GetLastErrorText(),
+        QStringLiteral("\"%1\"太长: 名称最多可有 206 个字节(UTF-8 编码)").arg(kBadNames.last()));
+}
+
+TEST_F(BadNameTest, TheLongestNameCanBeSavedAndCopied) {
+    CVorDPMLibraryManager* library = MakeLibrary(kLongest);
+    ASSERT_NE(library, nullptr);
+    CVorDPMDPD* dpd = MakeDefinition(library, QStringLiteral("Bolt"));
+    ASSERT_EQ(library->RenameDPD(QStringLiteral("Bolt"), kLongest), VOR::eOk);
+    AddProperty(dpd, QStringLiteral("d"));
+    EXPECT_EQ(Manager()->SaveWork(), 1) << CVorDPMManager::GetLastErrorText().toStdString();
+    const QString other = QStringLiteral("cd") + kLongest.mid(2);
+    EXPECT_EQ(library->CopyDPD(kLongest, other), VOR::eOk);
+    EXPECT_EQ(Manager()->CopyLibrary(kLongest, other), VOR::eOk);
 }
 
 TEST_F(BadNameTest, ExistingNamesAreRefusedWithoutRegardToCase) {

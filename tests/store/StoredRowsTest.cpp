@@ -81,7 +81,7 @@ TEST_F(StoredRowsTest, StopsAtARowThatCannotBeReadAndSaysWhy) {
     EXPECT_FALSE(stored.ForEach<CVorDPM_DPD_Serial>(
         [&](const CVorDPM_DPD_Serial& row) { visited.push_back(row.GetObjectId()); }));
     EXPECT_EQ(visited, std::vector<int>{1});
-    EXPECT_TRUE(stored.Error().contains(QStringLiteral("outside the range")))
+    EXPECT_TRUE(stored.Error().contains(QStringLiteral("超出本程序可保存范围的数字")))
         << stored.Error().toStdString();
     EXPECT_FALSE(stored.ForEach<CVorDPM_DPD_Product>([](const CVorDPM_DPD_Product&) {}));
 }

@@ -1,12 +1,15 @@
 // Child process for the store's crash and concurrency tests: opens a library root, makes one
 // change through the store and reports the outcome on standard output ("saving"/"copying"
 // before the write, so that the parent can kill it mid-write, then "ok" or "failed <reason>").
-// A copy waits for a line on standard input after "copying".
+// A copy of a definition waits for a line on standard input after "copying".
 //   store_writer ROOT values LIBRARY DEFINITION VALUE   every series value of the definition
 //   store_writer ROOT product-name LIBRARY DEFINITION NAME   renames the first product
 //   store_writer ROOT delete-product LIBRARY DEFINITION      deletes the first product
 //   store_writer ROOT add-product LIBRARY DEFINITION NAME    adds a product
 //   store_writer ROOT remove-dpd|rename-dpd|copy-dpd LIBRARY DEFINITION [NEW NAME]
+//   store_writer ROOT remove-library|rename-library|copy-library LIBRARY [NEW NAME]
+//   store_writer ROOT open LIBRARY   reads every file of the library, its templates and the
+//                                    common tables; "refused <reason>" for each that fails
 #include <cstdio>
 #include <functional>
 #include <map>
@@ -15,8 +18,12 @@
 
 namespace {
 
-void Say(const char* text) {
-    std::printf("%s\n", text);
+CVorDPMManager* Manager() {
+    return CVorDPMManager::GetVorDPMManager();
+}
+
+void Say(const QString& text) {
+    std::printf("%s\n", qPrintable(text));
     std::fflush(stdout);
 }
 
@@ -27,8 +34,8 @@ CVorDPM_DPD_Product* FirstProduct(CVorDPMDPD* dpd) {
 }
 
 int Save() {
-    Say("saving");
-    return CVorDPMManager::GetVorDPMManager()->SaveWork() ? VOR::eOk : VOR::eFileError;
+    Say(QStringLiteral("saving"));
+    return Manager()->SaveWork() ? VOR::eOk : VOR::eFileError;
 }
 
 int SetValues(CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& value) {
@@ -42,46 +49,111 @@ int SetValues(CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& value) {
     return Save();
 }
 
-using Command = std::function<int(CVorDPMLibraryManager*, CVorDPMDPD*, const QString&)>;
+// Reads a file; a refusal is told and the run goes on with the next file.
+bool Readable(const CVorDPMDBBase* file) {
+    if (file && file->EnsureLoaded()) return true;
+    Say(QStringLiteral("refused ") +
+        (file ? file->GetLoadError() : CVorDPMManager::GetLastErrorText()));
+    return false;
+}
+
+// Reads the file of each name, found by `get` (GetDPC, GetDPD, GetDPT); false when any of them
+// is refused.
+template <class Owner, class File>
+bool ReadEach(Owner* owner, VOR::ErrorStatus (Owner::*get)(const QString&, File*&),
+              const QStringList& names) {
+    bool ok = true;
+    for (const QString& name : names) {
+        File* file = nullptr;
+        (owner->*get)(name, file);
+        ok = Readable(file) && ok;
+    }
+    return ok;
+}
+
+int OpenEverything(CVorDPMLibraryManager* library, const QStringList&) {
+    bool ok = Readable(library->GetDPI());
+    ok = Readable(Manager()->GetCommonManager()->GetPropertyDPO()) && ok;
+    QStringList catalogs, definitions, templates;
+    library->GetAllDPCName(catalogs);
+    library->GetAllDPDName(definitions);
+    CVorDPMTemplateManager* own = library->GetVorDPMTemplateManager();
+    own->GetAllDPTName(templates);
+    ok = ReadEach(library, &CVorDPMLibraryManager::GetDPC, catalogs) && ok;
+    ok = ReadEach(library, &CVorDPMLibraryManager::GetDPD, definitions) && ok;
+    ok = ReadEach(own, &CVorDPMTemplateManager::GetDPT, templates) && ok;
+    return ok ? VOR::eOk : VOR::eFileError;
+}
+
+using Command = std::function<int(CVorDPMLibraryManager*, const QStringList& arguments)>;
+using DefinitionCommand =
+    std::function<int(CVorDPMLibraryManager*, CVorDPMDPD*, const QString& argument)>;
+
+// A command on a definition of the library, named by the first argument.
+Command OnDefinition(const DefinitionCommand& run) {
+    return [run](CVorDPMLibraryManager* library, const QStringList& arguments) {
+        CVorDPMDPD* dpd = nullptr;
+        if (arguments.isEmpty() || library->GetDPD(arguments[0], dpd) != VOR::eOk)
+            return static_cast<int>(VOR::eNotFound);
+        return run(library, dpd, arguments.value(1));
+    };
+}
 
 const std::map<std::string, Command>& Commands() {
     static const std::map<std::string, Command> commands{
-        {"values", SetValues},
+        {"values", OnDefinition(SetValues)},
         {"product-name",
-         [](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& name) {
+         OnDefinition([](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& name) {
              FirstProduct(dpd)->SetName(name);
              return Save();
-         }},
+         })},
         {"delete-product",
-         [](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString&) {
+         OnDefinition([](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString&) {
              FirstProduct(dpd)->SetDeleted(1);
              return Save();
-         }},
+         })},
         {"add-product",
-         [](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& name) {
+         OnDefinition([](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& name) {
              auto* product = new CVorDPM_DPD_Product;
              product->SetName(name);
              dpd->AddProduct(product);
              return Save();
-         }},
+         })},
         {"remove-dpd",
-         [](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString&) {
+         OnDefinition([](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString&) {
              return static_cast<int>(library->RemoveDPD(dpd->GetDPDName()));
-         }},
+         })},
         {"rename-dpd",
-         [](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString& name) {
+         OnDefinition([](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString& name) {
              return static_cast<int>(library->RenameDPD(dpd->GetDPDName(), name));
-         }},
+         })},
         {"copy-dpd",
-         [](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString& name) {
+         OnDefinition([](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString& name) {
              CKZList<CVorDPM_DPD_Serial*> rows;
              dpd->GetAllSerial(rows);  // read before copying, so that the copy is the write
              // Waits for the parent's go, so that two children can start at the same moment.
-             Say("copying");
+             Say(QStringLiteral("copying"));
              char go[8];
              if (!std::fgets(go, sizeof go, stdin)) return static_cast<int>(VOR::eFail);
              return static_cast<int>(library->CopyDPD(dpd->GetDPDName(), name));
+         })},
+        {"remove-library",
+         [](CVorDPMLibraryManager* library, const QStringList&) {
+             return Manager()->RemoveLibrary(library->GetLibraryName()) ? VOR::eOk
+                                                                        : VOR::eFileError;
          }},
+        {"rename-library",
+         [](CVorDPMLibraryManager* library, const QStringList& arguments) {
+             return static_cast<int>(
+                 Manager()->RenameLibrary(library->GetLibraryName(), arguments.value(0)));
+         }},
+        {"copy-library",
+         [](CVorDPMLibraryManager* library, const QStringList& arguments) {
+             Say(QStringLiteral("copying"));
+             return static_cast<int>(
+                 Manager()->CopyLibrary(library->GetLibraryName(), arguments.value(0)));
+         }},
+        {"open", OpenEverything},
     };
     return commands;
 }
@@ -89,22 +161,21 @@ const std::map<std::string, Command>& Commands() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 5 || !Commands().count(argv[2])) {
-        std::fprintf(stderr, "usage: store_writer ROOT COMMAND LIBRARY DEFINITION [ARGUMENT]\n");
+    if (argc < 4 || !Commands().count(argv[2])) {
+        std::fprintf(stderr, "usage: store_writer ROOT COMMAND LIBRARY [ARGUMENT...]\n");
         return 2;
     }
-    CVorDPMManager* manager = CVorDPMManager::GetVorDPMManager();
-    if (!manager->SetDPMLibraryRootPath(QString::fromUtf8(argv[1]))) return 1;
+    if (!Manager()->SetDPMLibraryRootPath(QString::fromUtf8(argv[1]))) return 1;
     CVorDPMLibraryManager* library = nullptr;
-    CVorDPMDPD* dpd = nullptr;
-    manager->GetLibrary(QString::fromUtf8(argv[3]), library);
-    if (!library || library->GetDPD(QString::fromUtf8(argv[4]), dpd) != VOR::eOk) return 1;
-    const QString argument = argc > 5 ? QString::fromUtf8(argv[5]) : QString();
-    const int status = Commands().at(argv[2])(library, dpd, argument);
+    Manager()->GetLibrary(QString::fromUtf8(argv[3]), library);
+    if (!library) return 1;
+    QStringList arguments;
+    for (int i = 4; i < argc; ++i) arguments.append(QString::fromUtf8(argv[i]));
+    const int status = Commands().at(argv[2])(library, arguments);
     if (status == VOR::eOk) {
-        Say("ok");
+        Say(QStringLiteral("ok"));
         return 0;
     }
-    std::printf("failed %d %s\n", status, qPrintable(CVorDPMManager::GetLastErrorText()));
+    Say(QStringLiteral("failed %1 %2").arg(status).arg(CVorDPMManager::GetLastErrorText()));
     return 1;
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QTimer>
 
 #include "support/QtPrinters.h"
 
@@ -66,6 +67,8 @@ std::optional<CVorDPMScriptedUi::Expectation> CVorDPMScriptedUi::Next(Kind kind,
         if (!m_expected.empty()) m_expected.pop_front();
         return std::nullopt;
     }
+    if (m_check) m_check();
+    PassThroughModalLoop();
     Expectation next = std::move(m_expected.front());
     m_expected.pop_front();
     return next;
@@ -105,7 +108,9 @@ QString CVorDPMScriptedUi::NextFile(const QString& caption) {
     return expected ? expected->text : QString();
 }
 
-QString CVorDPMScriptedUi::OpenFileName(QWidget*, const QString& caption, const QString&) {
+QString CVorDPMScriptedUi::OpenFileName(QWidget*, const QString& caption, const QString&,
+                                        const QString& start) {
+    fileStarts.append(start);
     return NextFile(caption);
 }
 
@@ -115,6 +120,20 @@ QString CVorDPMScriptedUi::SaveFileName(QWidget*, const QString& caption, const 
 
 QString CVorDPMScriptedUi::ExistingDirectory(QWidget*, const QString& caption, const QString&) {
     return NextFile(caption);
+}
+
+// A stand-in window runs its own modal loop for a few rounds: enough for its activation to take
+// the focus from the editor's windows and for the deletions that this causes to happen.
+void CVorDPMScriptedUi::PassThroughModalLoop() const {
+    if (!m_modalLoops) return;
+    QDialog standIn;
+    int rounds = 0;
+    QTimer round;
+    QObject::connect(&round, &QTimer::timeout, &standIn, [&] {
+        if (++rounds == 10) standIn.reject();
+    });
+    round.start(0);
+    standIn.exec();
 }
 
 int CVorDPMScriptedUi::Exec(QDialog* dialog) {

@@ -30,6 +30,14 @@ public:
     // A nested dialog, run by `handler`, whose result is the dialog's result.
     void ExpectDialog(std::function<int(QDialog*)> handler);
 
+    // Answers every box, file dialog and nested dialog from inside a running modal event loop
+    // with a window of its own, as the real ones are answered: meanwhile the editor's windows
+    // lose the focus, open item editors close, and what they delete later is deleted.
+    void AnswerInsideModalLoops(bool inside) { m_modalLoops = inside; }
+    // Runs `check` whenever a box or dialog is about to be answered, to test the state the editor
+    // is in while one is open.
+    void CheckBeforeEachAnswer(std::function<void()> check) { m_check = std::move(check); }
+
     // Fails the test for every expectation not yet used, and forgets them. Called by the
     // destructor; a test may call it earlier to check a step.
     void VerifyAllUsed();
@@ -40,6 +48,7 @@ public:
     QStringList inputTitles;
     QStringList longInputTitles;  // of the input boxes of several lines
     QStringList dialogClasses;
+    QStringList fileStarts;  // where each open-file dialog started
 
     QMessageBox::StandardButton Ask(QWidget* parent, const QString& text, const QString& caption,
                                     QMessageBox::StandardButtons buttons) override;
@@ -47,7 +56,8 @@ public:
                    QString& text) override;
     bool InputLongText(QWidget* parent, const QString& title, const QString& prompt,
                        QString& text) override;
-    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter) override;
+    QString OpenFileName(QWidget* parent, const QString& caption, const QString& filter,
+                         const QString& start) override;
     QString SaveFileName(QWidget* parent, const QString& caption, const QString& filter) override;
     QString ExistingDirectory(QWidget* parent, const QString& caption,
                               const QString& start) override;
@@ -66,7 +76,10 @@ private:
     // The next expectation if it is of `kind`; otherwise fails the test with `what`.
     std::optional<Expectation> Next(Kind kind, const QString& what);
     QString NextFile(const QString& caption);
+    void PassThroughModalLoop() const;
 
     std::deque<Expectation> m_expected;
     CVorDPMUiService* m_previous;
+    bool m_modalLoops = false;
+    std::function<void()> m_check;
 };

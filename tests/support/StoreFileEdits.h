@@ -7,15 +7,39 @@
 #include <sqlite3.h>
 
 #include <QByteArray>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
 
+#include "CVorDPMSQL.h"
+
 inline QByteArray ReadAll(const QString& path) {
     QFile file(path);
     file.open(QIODevice::ReadOnly);
     return file.readAll();
+}
+
+// Every entry under `folder` (links not followed): its path relative to the folder and, for a
+// file, a digest of its contents; sorted. Equal snapshots, equal trees.
+inline QStringList Snapshot(const QString& folder) {
+    QStringList entries;
+    QDirIterator it(folder, QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        QString entry = QDir(folder).relativeFilePath(path);
+        if (it.fileInfo().isFile() && !it.fileInfo().isSymLink())
+            entry += QLatin1Char(' ') +
+                     QString::fromLatin1(
+                         QCryptographicHash::hash(ReadAll(path), QCryptographicHash::Sha1).toHex());
+        entries.append(entry);
+    }
+    entries.sort();
+    return entries;
 }
 
 inline void Write(const QString& path, const QByteArray& bytes) {
@@ -31,20 +55,14 @@ inline void Exec(const QString& path, const char* sql) {
     sqlite3_close(db);
 }
 
-// The values of one column of a store file, read straight from disk.
-inline QStringList Column(const QString& path, const char* sql) {
+// The values of `column` that `sql` selects from a store file, read through the store's own
+// cursor, as every reader of a store file does.
+inline QStringList Column(const QString& path, const char* sql, const char* column) {
     QStringList values;
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(QFile::encodeName(path).constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-        SQLITE_OK) {
-        sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
-        while (statement && sqlite3_step(statement) == SQLITE_ROW)
-            values.append(QString::fromUtf8(
-                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0))));
-        sqlite3_finalize(statement);
-    }
-    sqlite3_close(db);
+    CVorDPMSQL cursor;
+    if (!cursor.open(path) || !cursor.execQuery(QString::fromUtf8(sql))) return values;
+    for (; !cursor.eof(); cursor.nextRow())
+        values.append(cursor.getStringField(QString::fromUtf8(column)));
     return values;
 }
 

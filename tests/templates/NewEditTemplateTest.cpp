@@ -4,8 +4,11 @@
 #include "CVorDPMTreeCtrlEx.h"
 #include "TemplateTest.h"
 #include "controls/CVorDPMTreeComboBox.h"
+#include "controls/CVorDPMlistCtrlBase.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/ProductTestBase.h"
+#include "script/CVorDPMNewScriptDlg.h"
+#include "script/CVorDPMScriptEdit.h"
 #include "template/CVorDPMCreateTemplateDlg.h"
 #include "template/CVorDPMEditTemplateDlg.h"
 #include "template/CVorDPMNewTemplateDlg.h"
@@ -140,6 +143,40 @@ TEST_F(TemplateTest, CreateTemplateSavesWhatWasEditedAndCancelDropsTheRest) {
     Templates(QStringLiteral("QXMEP"))->GetDPT(QStringLiteral("T"), dpt);
     EXPECT_EQ(ProductTestBase::ProductNames(dpt), QStringList({"甲", "丙"}));
     EXPECT_EQ(CVorDPMCommandManager::GetInstance()->GetOpenCommandCount(), 0);
+}
+
+// A template is a definition kept as a pattern: its shapes pick from its own scripts, and a
+// script made from there is the template's.
+TEST_F(TemplateTest, AShapeOfATemplatePicksAndAddsTheTemplatesOwnScripts) {
+    CVorDPMDPT* dpt = MakeTemplate(QStringLiteral("QXMEP"), QStringLiteral("T"));
+    auto* circle = new CVorDPM_DPD_Dps;
+    circle->SetName(QStringLiteral("圆"));
+    ASSERT_EQ(dpt->AddDps(circle), VOR::eOk);
+    auto* shape = new CVorDPM_DPD_Shape;
+    ASSERT_EQ(dpt->AddShape(shape), VOR::eOk);
+    CVorDPMProductEdit editor(dpt, shape, CVorDPMProductEdit::EditRecord, nullptr, nullptr,
+                              nullptr);
+    editor.show();
+    QStringList listed;
+    ui.ExpectDialog(Filling([&](QDialog* scripts) {
+        auto* list = Control<CVorDPMlistCtrlBase>(scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
+        ui.ExpectDialog(Filling([](QDialog* added) {
+            Type(added, CVorDPMNewScriptDlg::IDC_NAME, QStringLiteral("方"));
+            Click(added, VorDPMControlId::IDOK);
+        }));
+        Click(scripts, CVorDPMScriptEdit::IDC_NEW_SCRIPT);
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            listed << list->model()->index(row, 0).data().toString();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(1, 0)).center());
+        Click(scripts, VorDPMControlId::IDOK);
+    }));
+    ProductTestBase::PressButton(editor, QStringLiteral("DPS ID"));
+    EXPECT_EQ(listed, QStringList({"圆", "方"}));
+    CKZList<CVorDPM_DPD_Dps*> scripts;
+    dpt->GetAllDps(scripts);
+    ASSERT_EQ(scripts.GetCount(), 2);
+    EXPECT_EQ(shape->GetDPSId(), scripts.GetAt(1)->GetObjectId());
 }
 
 }  // namespace

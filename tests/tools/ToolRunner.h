@@ -1,11 +1,13 @@
 // Runs the built vordpm tool as a child process and captures what it printed.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
 struct ToolRun {
     int exitCode = -1;
+    QByteArray rawOut;  // standard output as written
     QString out;
     QString err;
 

@@ -244,3 +244,68 @@ TEST_F(ToolTest, ARowThatCannotBeReadEndsTheOutputAndFails) {
         EXPECT_TRUE(run.err.contains("outside the range")) << run.err.toStdString();
     }
 }
+
+// Values hold whatever other programs wrote: control characters never reach a terminal as they
+// are, in any text the tool prints, standard error included.
+TEST_F(ToolTest, ControlCharactersArePrintedEscaped) {
+    const QString nasty = QStringLiteral("a") + QChar(0) + QStringLiteral("\x1b[2J\x07") +
+                          QChar(0x7f) + QChar(0x9b) + QStringLiteral("z");
+    const QString escaped = QStringLiteral("a\\x00\\x1b[2J\\x07\\x7f\\x9bz");
+    CVorDPMLibraryManager* library = Library(QStringLiteral("QXMaterial"));
+    CVorDPMDPD* bolt = nullptr;
+    library->GetDPD(QStringLiteral("HexBolt"), bolt);
+    CKZList<CVorDPM_DPD_Serial*> rows;
+    bolt->GetAllSerial(rows);
+    rows.GetAt(0)->SetValue(nasty, 1);
+    CVorDPMDPC* catalog = nullptr;
+    library->GetDPC(QStringLiteral("Empty"), catalog);
+    MakeEntry(catalog, nasty, nasty);
+    SaveAndReopen();
+    const struct {
+        QStringList arguments;
+        QString expected;
+    } cases[] = {
+        {{"names", "QXMaterial", "HexBolt"}, "\t螺栓" + escaped + "*50\n"},
+        {{"show", "QXMaterial", "HexBolt"}, "\t" + escaped + "\t50\n"},
+        {{"ls", "QXMaterial/Empty"}, escaped + "/\n  " + escaped + "\n"},
+        {{"find", "a*z"}, "QXMaterial\tEmpty\t" + escaped + "\t" + escaped + "\t\t\n"},
+        // Arguments cannot hold NUL.
+        {{"ls", nasty.mid(2)}, "vordpm: no library " + escaped.mid(5) + "\n"},
+    };
+    for (const auto& c : cases) {
+        const ToolRun run = Run(c.arguments);
+        SCOPED_TRACE(c.arguments.join(' ').toStdString());
+        EXPECT_TRUE((run.out + run.err).contains(c.expected)) << run.out.toStdString();
+        const QString printed = run.out + run.err.section(' ', 1);
+        EXPECT_FALSE(std::any_of(printed.cbegin(), printed.cend(), [](QChar c) {
+            return c != '\n' && c != '\t' && c.category() == QChar::Other_Control;
+        })) << printed.toStdString();
+    }
+}
+
+// Bytes that are not UTF-8, written by another program: every output stays valid UTF-8 with
+// U+FFFD in their place, and standard error names the row and the parameter.
+TEST_F(ToolTest, ValuesThatAreNotUtf8AreReplacedAndReported) {
+    Exec(root.File(QStringLiteral("QXMaterial/HexBolt.DPD")),
+         "UPDATE serial SET vals = CAST(X'313DFF0A323D35C0AF30' AS TEXT) WHERE id = 1");
+    const QString warning = QStringLiteral(
+                                "vordpm: warning: series row 1 (key %1): invalid UTF-8 "
+                                "in d, l printed as U+FFFD\n")
+                                .arg(m_keys[0]);
+    for (const QStringList& arguments : {QStringList{"show", "QXMaterial", "HexBolt", "--json"},
+                                         QStringList{"show", "QXMaterial", "HexBolt"}}) {
+        SCOPED_TRACE(arguments.join(' ').toStdString());
+        const ToolRun run = Run(arguments);
+        EXPECT_EQ(run.exitCode, 0);
+        EXPECT_TRUE(run.rawOut.isValidUtf8());
+        EXPECT_EQ(run.err, warning);
+        EXPECT_TRUE(run.out.contains(QStringLiteral("\uFFFD"))) << run.out.toStdString();
+    }
+    QJsonParseError error;
+    const QJsonDocument document =
+        QJsonDocument::fromJson(Run({"show", "QXMaterial", "HexBolt", "--json"}).rawOut, &error);
+    ASSERT_EQ(error.error, QJsonParseError::NoError) << error.errorString().toStdString();
+    const QJsonObject values = document["series"][0].toObject()["values"].toObject();
+    EXPECT_EQ(values["d"].toString(), QStringLiteral("\uFFFD"));
+    EXPECT_TRUE(values["l"].toString().startsWith('5')) << values["l"].toString().toStdString();
+}

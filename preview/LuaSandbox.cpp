@@ -1,13 +1,8 @@
 #include "LuaSandbox.h"
 
-#include <QCoreApplication>
-#include <chrono>
 #include <climits>
-#include <condition_variable>
 #include <cstdlib>
 #include <lua.hpp>
-#include <mutex>
-#include <thread>
 
 namespace {
 
@@ -26,9 +21,10 @@ const luaL_Reg kLibraries[] = {
 // stopped.
 const char* const kRemovedGlobals[] = {"dofile",         "loadfile", "load",  "require",
                                        "collectgarbage", "print",    "xpcall"};
-// string.dump makes bytecode; the pattern functions can backtrack for a very long time inside C,
-// where the instruction limit does not reach.
-const char* const kRemovedStringFunctions[] = {"dump", "find", "match", "gmatch", "gsub"};
+// string.dump makes bytecode. (The pattern functions stay: they can backtrack for a very long
+// time inside C, but the parent's kill at the wall-clock limit stops them as it stops any
+// other call.)
+const char* const kRemovedStringFunctions[] = {"dump"};
 
 // Calls the function a wrapper stands for (its first upvalue) with the wrapper's arguments.
 int CallWrapped(lua_State* state) {
@@ -101,38 +97,7 @@ void Wrap(lua_State* state, const char* name, lua_CFunction wrapper) {
 
 }  // namespace
 
-// Interrupts a run that passes its wall-clock limit: Lua's hook runs only between
-// instructions, and a few slow ones (copies of large strings) can take long, so the time is
-// watched from outside. Setting the hook from another thread is what Lua's own interpreter
-// does from a signal handler to stop a script.
-class LuaSandbox::Watchdog {
-public:
-    Watchdog(LuaSandbox& sandbox, int milliseconds)
-        : m_thread([this, &sandbox, milliseconds] {
-              std::unique_lock<std::mutex> lock(m_mutex);
-              if (!m_finished.wait_for(lock, std::chrono::milliseconds(milliseconds),
-                                       [this] { return m_done; }))
-                  sandbox.Interrupt();
-          }) {}
-
-    // Held while the interrupt is set, so that it never touches a state that has finished.
-    ~Watchdog() {
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_done = true;
-        }
-        m_finished.notify_one();
-        m_thread.join();
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_finished;
-    bool m_done = false;
-    std::thread m_thread;
-};
-
-LuaSandbox::LuaSandbox(const Limits& limits) : m_limits(limits) {
+LuaSandbox::LuaSandbox(const PreviewLimits& limits) : m_limits(limits) {
     m_state = lua_newstate(&LuaSandbox::Allocate, this);
     if (!m_state) {
         m_setupStatus = LUA_ERRMEM;
@@ -172,7 +137,6 @@ void LuaSandbox::CountHook(lua_State* state, lua_Debug*) {
     LuaSandbox* sandbox = Of(state);
     sandbox->m_executed += kHookInterval;
     if (sandbox->m_stopped) Stop(state, "script stopped");
-    if (sandbox->m_timedOut) Stop(state, "time limit reached");
     if (sandbox->m_executed > sandbox->m_limits.instructions)
         Stop(state, "instruction limit reached");
 }
@@ -186,11 +150,6 @@ int LuaSandbox::Stop(lua_State* state, const char* reason) {
         lua_sethook(state, &LuaSandbox::CountHook, LUA_MASKCOUNT, 1);
     }
     return luaL_error(state, "%s", reason);
-}
-
-void LuaSandbox::Interrupt() {
-    m_timedOut = true;
-    lua_sethook(m_state, &LuaSandbox::CountHook, LUA_MASKCOUNT, 1);
 }
 
 void LuaSandbox::ChargeSteps(lua_State* state, long long steps) {
@@ -243,25 +202,27 @@ bool LuaSandbox::Protected(int (*function)(lua_State*), void* data) {
     return m_setupStatus == LUA_OK;
 }
 
-QString LuaSandbox::Run(const QByteArray& code, const char* chunkName) {
+void LuaSandbox::Run(const QByteArray& code, const char* chunkName, PreviewResult& result) {
     int status = m_setupStatus;
     if (status == LUA_OK)
         status = luaL_loadbufferx(m_state, code.constData(), code.size(), chunkName, "t");
-    if (status == LUA_OK) {
-        Watchdog watchdog(*this, m_limits.wallClockMs);
-        status = lua_pcall(m_state, 0, 0, 0);
-    }
-    const QString error = Describe(status);
+    if (status == LUA_OK) status = lua_pcall(m_state, 0, 0, 0);
+    Describe(status, result);
     if (m_state) lua_settop(m_state, 0);
-    return error;
 }
 
-QString LuaSandbox::Describe(int status) const {
-    if (status == LUA_OK) return QString();
-    if (m_outOfMemory) return tr("脚本占用内存过多，已停止。");
-    if (m_stopped) return tr("脚本运行时间过长，已停止。");
-    if (status == LUA_ERRMEM) return tr("脚本占用内存过多，已停止。");
+void LuaSandbox::Describe(int status, PreviewResult& result) const {
+    if (status == LUA_OK)
+        result.outcome = PreviewResult::Finished;
+    else if (m_outOfMemory)
+        result.outcome = PreviewResult::MemoryLimit;
+    else if (m_stopped)
+        result.outcome = PreviewResult::TimeLimit;
+    else if (status == LUA_ERRMEM)
+        result.outcome = PreviewResult::MemoryLimit;
+    else
+        result.outcome = PreviewResult::ScriptError;
     // Only a string is read: converting another value could need memory outside protection.
-    if (lua_type(m_state, -1) != LUA_TSTRING) return tr("脚本错误：%1").arg(tr("未知错误"));
-    return tr("脚本错误：%1").arg(QString::fromUtf8(lua_tostring(m_state, -1)));
+    if (result.outcome == PreviewResult::ScriptError && lua_type(m_state, -1) == LUA_TSTRING)
+        result.detail = QString::fromUtf8(lua_tostring(m_state, -1));
 }

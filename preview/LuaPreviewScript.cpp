@@ -10,8 +10,8 @@
 
 namespace {
 
-// Far more than any real preview draws; keeps a looping script from filling the host's memory,
-// which the sandbox's limit does not cover.
+// Far more than any real preview draws; the host paints every primitive it gets, so a looping
+// script is cut off long before its memory limit would stop it.
 constexpr int kMaxPrimitives = 100'000;
 
 PreviewDrawing* CheckRoom(lua_State* state) {
@@ -151,10 +151,8 @@ const luaL_Reg kDrawingCalls[] = {
 // A parameter prepared outside Lua, so that setting it up creates no C++ object in a Lua frame.
 struct Global {
     QByteArray name;
-    emVorDPM_VALUETYPE type;
-    lua_Integer integer;
-    double real;
-    QByteArray text;
+    PreviewValue value;
+    QByteArray text;  // a text value as UTF-8
 };
 
 struct Setup {
@@ -162,33 +160,23 @@ struct Setup {
     PreviewDrawing* drawing;
 };
 
-std::vector<Global> PrepareGlobals(const std::map<QString, _struParam>& params,
-                                   const std::map<int, tagVorDPM_Value>& values) {
+std::vector<Global> PrepareGlobals(const PreviewParameters& parameters) {
     std::vector<Global> globals;
-    for (const auto& [name, param] : params) {
-        const auto value = values.find(param.index);
-        if (value == values.end()) continue;
-        const tagVorDPM_Value& v = value->second;
-        globals.push_back(
-            {name.toUtf8(), v.type, v.intValue, v.doubleValue, v.stringValue.toUtf8()});
+    globals.reserve(parameters.size());
+    for (const auto& [name, value] : parameters) {
+        const QString* text = std::get_if<QString>(&value);
+        globals.push_back({name.toUtf8(), value, text ? text->toUtf8() : QByteArray()});
     }
     return globals;
 }
 
 void PushGlobal(lua_State* state, const Global& global) {
-    switch (global.type) {
-        case emVorDPM_VALUETYPE_INT:
-            lua_pushinteger(state, global.integer);
-            return;
-        case emVorDPM_VALUETYPE_DOUBLE:
-            lua_pushnumber(state, global.real);
-            return;
-        case emVorDPM_VALUETYPE_STRING:
-            lua_pushlstring(state, global.text.constData(), global.text.size());
-            return;
-        default:
-            lua_pushnil(state);
-    }
+    if (const qint64* integer = std::get_if<qint64>(&global.value))
+        lua_pushinteger(state, *integer);
+    else if (const double* real = std::get_if<double>(&global.value))
+        lua_pushnumber(state, *real);
+    else
+        lua_pushlstring(state, global.text.constData(), global.text.size());
 }
 
 // Run protected: sets the parameters, then the drawing calls, so that a parameter cannot hide
@@ -207,14 +195,12 @@ int InstallGlobals(lua_State* state) {
 
 }  // namespace
 
-LuaPreviewScript::Result LuaPreviewScript::Run(const QByteArray& script,
-                                               const std::map<QString, _struParam>& params,
-                                               const std::map<int, tagVorDPM_Value>& values,
-                                               const LuaSandbox::Limits& limits) {
-    Result result;
-    const Setup setup{PrepareGlobals(params, values), &result.drawing};
+PreviewResult LuaPreviewScript::Run(const QByteArray& script, const PreviewParameters& parameters,
+                                    const PreviewLimits& limits) {
+    PreviewResult result;
+    const Setup setup{PrepareGlobals(parameters), &result.drawing};
     LuaSandbox sandbox(limits);
     sandbox.Protected(&InstallGlobals, const_cast<Setup*>(&setup));
-    result.error = sandbox.Run(script, "=preview");
+    sandbox.Run(script, "=preview", result);
     return result;
 }

@@ -3,30 +3,25 @@
 #ifdef VORDPM_HAVE_SAMPLE
 
 #include "CVorDPMManager.h"
-#include "LuaPreviewScript.h"
+#include "PreviewRunner.h"
 #include "sample/SampleLibrary.h"
 #include "support/TempRoot.h"
 
-// Every preview script of the sample library draws in the host's sandbox with the values of a
-// series row, as the editor hands them over.
+// Every preview script of the sample library draws in the sandbox with the values of a series
+// row, and its drawing can be fitted to the preview area.
 namespace {
 
 struct Preview {
     QString where;
     QByteArray script;
-    std::map<QString, _struParam> params;
-    std::map<int, tagVorDPM_Value> values;
+    PreviewParameters parameters;
 };
 
-tagVorDPM_Value ValueOf(const QString& text) {
-    tagVorDPM_Value value;
+PreviewValue ValueOf(const QString& text) {
     bool number = false;
     const double real = text.toDouble(&number);
-    if (number)
-        value = real;
-    else
-        value = text;
-    return value;
+    if (number) return real;
+    return text;
 }
 
 QString PropertyValue(CVorDPMDPD* dpd, CVorDPM_DPD_Serial* row, const QString& param) {
@@ -47,18 +42,14 @@ CVorDPM_DPD_Serial* RowOf(CVorDPMDPD* dpd, int shapeId) {
 }
 
 Preview PreviewOf(CVorDPMDPD* dpd, CVorDPM_DPD_Shape* shape, const QString& where) {
-    Preview preview{where, {}, {}, {}};
+    Preview preview{where, {}, {}};
     CVorDPM_DPD_Dps* dps = nullptr;
     if (dpd->GetDps(shape->GetDPSId(), dps) == VOR::eOk && dps)
         preview.script = QByteArray(dps->GetContent().GetPtr(), dps->GetContent().GetSize());
     const QStringList names = shape->GetParam().split(QLatin1Char(','), Qt::SkipEmptyParts);
-    const QStringList indexes = shape->GetParamIndex().split(QLatin1Char(','));
     CVorDPM_DPD_Serial* row = RowOf(dpd, shape->GetObjectId());
-    for (int i = 0; i < names.size() && i < indexes.size(); ++i) {
-        const int index = indexes[i].toInt();
-        preview.params[names[i]] = {0, index};
-        preview.values[index] = ValueOf(PropertyValue(dpd, row, names[i]));
-    }
+    for (const QString& name : names)
+        preview.parameters[name] = ValueOf(PropertyValue(dpd, row, name));
     return preview;
 }
 
@@ -91,13 +82,13 @@ TEST(SampleScripts, EveryShapeOfTheSampleDrawsInTheSandbox) {
     ASSERT_TRUE(SampleLibrary::Create(root.Path(), 1, error)) << error.toStdString();
     const std::vector<Preview> previews = AllPreviews();
     ASSERT_GE(previews.size(), 5u);
+    PreviewRunner runner;
     for (const Preview& preview : previews) {
         SCOPED_TRACE(preview.where.toStdString());
         ASSERT_FALSE(preview.script.isEmpty());
-        const auto result = LuaPreviewScript::Run(preview.script, preview.params, preview.values);
-        EXPECT_TRUE(result.error.isEmpty()) << result.error.toStdString();
-        EXPECT_FALSE(result.drawing.IsEmpty());
-        EXPECT_GT(result.drawing.BoundingBox().width() + result.drawing.BoundingBox().height(), 0);
+        const PreviewResult result = runner.Run(preview.script, preview.parameters);
+        EXPECT_EQ(result.outcome, PreviewResult::Finished) << result.Message().toStdString();
+        EXPECT_TRUE(result.drawing.HasExtent());
     }
 }
 

@@ -1,28 +1,21 @@
 // A Lua 5.4 state for untrusted preview scripts: only the pure libraries, no access to files,
-// processes or bytecode, and limits on memory, executed instructions and wall-clock time.
+// processes or bytecode, and limits on memory and executed instructions. It runs inside the
+// preview child process, whose parent kills it when a run passes its wall-clock limit: a
+// single call into a library function can run for long inside C, where no hook is called.
 #pragma once
 
 #include <QByteArray>
-#include <QCoreApplication>
-#include <QString>
-#include <atomic>
 #include <cstddef>
+
+#include "PreviewLimits.h"
+#include "PreviewResult.h"
 
 struct lua_State;
 struct lua_Debug;
 
 class LuaSandbox {
-    Q_DECLARE_TR_FUNCTIONS(LuaSandbox)
-
 public:
-    struct Limits {
-        std::size_t memoryBytes = 32 * 1024 * 1024;
-        long long instructions = 10'000'000;
-        // Also stops a script whose single instructions are slow (copies of large strings).
-        int wallClockMs = 1000;
-    };
-
-    explicit LuaSandbox(const Limits& limits);
+    explicit LuaSandbox(const PreviewLimits& limits);
     ~LuaSandbox();
     LuaSandbox(const LuaSandbox&) = delete;
     LuaSandbox& operator=(const LuaSandbox&) = delete;
@@ -33,9 +26,9 @@ public:
     // frames with longjmp. False when it failed; Run() then reports why.
     bool Protected(int (*function)(lua_State*), void* data);
 
-    // Compiles `code` as text (bytecode is refused) and runs it. Empty on success, otherwise a
-    // text for the user that says why the script stopped.
-    QString Run(const QByteArray& code, const char* chunkName);
+    // Compiles `code` as text (bytecode is refused) and runs it; sets the outcome of `result`
+    // and, for a script error, its detail.
+    void Run(const QByteArray& code, const char* chunkName, PreviewResult& result);
 
     // For C functions called by a script, before they do the work: counts `steps` loop rounds
     // done inside C (where the instruction limit does not reach) against the instruction limit,
@@ -45,7 +38,6 @@ public:
     static void ChargeBytes(lua_State* state, std::size_t bytes);
 
 private:
-    class Watchdog;
     static void* Allocate(void* self, void* block, std::size_t oldSize, std::size_t newSize);
     static void CountHook(lua_State* state, lua_Debug* debug);
     static int OpenSafeLibraries(lua_State* state);
@@ -53,17 +45,14 @@ private:
     // Raises `reason` and makes every following instruction fail, so that even a script that
     // catches errors stops.
     static int Stop(lua_State* state, const char* reason);
-    // Called by the watchdog thread at the deadline.
-    void Interrupt();
-    QString Describe(int status) const;
+    void Describe(int status, PreviewResult& result) const;
 
-    Limits m_limits;
+    PreviewLimits m_limits;
     std::size_t m_used = 0;
     long long m_executed = 0;
     bool m_stopped = false;
     // Set when the drawing list, outside the Lua heap, went over the memory limit.
     bool m_outOfMemory = false;
-    std::atomic<bool> m_timedOut{false};
     lua_State* m_state = nullptr;
     // The first failure before Run(): LUA_OK while the state is usable.
     int m_setupStatus = 0;

@@ -1,49 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "PreviewDrawing.h"
 #include "PreviewFit.h"
 
 namespace {
-
-using P = PreviewPrimitive;
-
-void ExpectBox(const QRectF& box, double left, double bottom, double right, double top) {
-    constexpr double kTolerance = 0.01;
-    EXPECT_NEAR(box.left(), left, kTolerance);
-    EXPECT_NEAR(box.top(), bottom, kTolerance);  // the smallest y: the box's lower edge
-    EXPECT_NEAR(box.right(), right, kTolerance);
-    EXPECT_NEAR(box.bottom(), top, kTolerance);
-}
-
-TEST(PreviewDrawing, TheBoxHoldsEverythingDrawn) {
-    struct Case {
-        const char* what;
-        QVector<PreviewPrimitive> primitives;
-        double left, bottom, right, top;
-    };
-    const Case cases[] = {
-        {"line", {P(P::Line, {{3, 4}, {-1, 2}})}, -1, 2, 3, 4},
-        {"rect of negative size", {P(P::Rect, {{5, 5}, {2, 1}})}, 2, 1, 5, 5},
-        {"circle", {P(P::Circle, {{1, 2}}, 3)}, -2, -1, 4, 5},
-        {"quarter arc", {P(P::Arc, {{0, 0}}, 10, 0, 90)}, 0, 0, 10, 10},
-        {"arc over the top", {P(P::Arc, {{0, 0}}, 10, 45, 90)}, -7.071, 7.071, 7.071, 10},
-        {"arc wrapping past 0°", {P(P::Arc, {{0, 0}}, 10, 270, 180)}, 0, -10, 10, 10},
-        {"text counts by its anchor", {P(P::Text, {{7, 8}}, 0, 0, 0, "M12")}, 7, 8, 7, 8},
-        {"several",
-         {P(P::Line, {{0, 0}, {1, 1}}), P(P::Polygon, {{5, -3}, {6, 0}, {4, 0}}),
-          P(P::Polyline, {{-2, 9}, {0, 0}})},
-         -2,
-         -3,
-         6,
-         9},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        PreviewDrawing drawing;
-        for (const PreviewPrimitive& primitive : c.primitives) drawing.Add(primitive);
-        ExpectBox(drawing.BoundingBox(), c.left, c.bottom, c.right, c.top);
-    }
-}
 
 TEST(PreviewFit, KeepsTheAspectRatioCentresAndLeavesAMargin) {
     struct Case {

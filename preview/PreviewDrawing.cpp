@@ -29,6 +29,12 @@ void PreviewDrawing::Add(const PreviewPrimitive& primitive) {
     }
 }
 
+bool PreviewDrawing::HasExtent() const {
+    const bool finite = std::isfinite(m_box.left()) && std::isfinite(m_box.right()) &&
+                        std::isfinite(m_box.top()) && std::isfinite(m_box.bottom());
+    return m_hasPoint && finite && (m_box.width() > 0 || m_box.height() > 0);
+}
+
 void PreviewDrawing::Include(const QPointF& point) {
     if (!m_hasPoint) {
         m_box = QRectF(point, QSizeF(0, 0));
