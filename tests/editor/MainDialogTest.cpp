@@ -103,6 +103,26 @@ TEST_F(MainDialog, SelectingANodeHandsItsPathToAllPagesAndKeepsTheTab) {
     EXPECT_EQ(dlg.focusWidget(), dlg.GetLibraryPage()->GetReportCtrl());
 }
 
+// The product data page builds its tree for the last selection when its tab is chosen, at once
+// while it is in front, and keeps the user's place in it when only the tab changes.
+TEST_F(MainDialog, TheDataPageShowsTheLastSelectionWhenItsTabIsChosen) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    CVorDPMTreeCtrlEx* tree = dlg.GetDataPage()->GetTreeCtrl();
+    Click(Node("QXMaterial", "管道"));
+    dlg.GetSheet()->setCurrentWidget(dlg.GetDataPage());
+    ASSERT_EQ(tree->topLevelItemCount(), 1);
+    EXPECT_EQ(tree->topLevelItem(0)->text(0), QStringLiteral("管道"));
+
+    Click(Node("QXMaterial"));
+    ASSERT_EQ(tree->topLevelItemCount(), 1);
+    QTreeWidgetItem* uncatalogued = tree->GetItem(QStringLiteral("未分类"), tree->topLevelItem(0));
+    ASSERT_TRUE(uncatalogued);
+    tree->setCurrentItem(uncatalogued);
+    dlg.GetSheet()->setCurrentIndex(0);
+    dlg.GetSheet()->setCurrentWidget(dlg.GetDataPage());
+    EXPECT_EQ(tree->currentItem(), uncatalogued);
+}
+
 TEST_F(MainDialog, RightButtonMenusDependOnTheNodeKindAndEmptySpaceHasNone) {
     const auto library = Dialog().CreateNodeMenu(Node("QXMaterial"));
     ASSERT_TRUE(library);
