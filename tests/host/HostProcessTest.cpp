@@ -6,7 +6,6 @@
 #include <QTemporaryDir>
 
 #include "CVorDPMEditorSettings.h"
-#include "EditorLoader.h"
 
 // The host run as a user runs it, unattended: it opens the editor, reports when the window is
 // shown and closes it again.
@@ -46,13 +45,8 @@ protected:
     QTemporaryDir scratch;
 };
 
-TEST_F(HostProcessTest, TheEditorBuiltAlongsideExportsTheEntryTheHostBinds) {
-    EditorLoader loader;
-    EXPECT_TRUE(loader.Load(BuildFile(QStringLiteral("libVorDPMEditor.so"))))
-        << loader.ErrorText().toStdString();
-}
-
-// --all-libraries turns the editor's option on before the editor runs.
+// The host binds the editor built alongside it; --all-libraries turns the editor's option on
+// before the editor runs.
 TEST_F(HostProcessTest, OpensTheEditorOnTheRootAndReportsWhenItIsShown) {
     const Outcome run =
         RunHost({QStringLiteral("--root"), Root(), QStringLiteral("--all-libraries"),
