@@ -59,10 +59,16 @@ QString BenchData::DefinitionName(const QString& prefix, int index) {
 }
 
 void BenchData::MakeManyDefinitions(CVorDPMLibraryManager& library, const QString& prefix,
-                                    int count) {
+                                    int count, double version) {
     CVorDPMDPD* first = nullptr;
     if (library.CreateDPD(DefinitionName(prefix, 0), first) != VOR::eOk)
         qFatal("cannot create a definition");
+    if (version > 0) {
+        auto* record = new CVorDPM_Version;
+        record->SetVersion(version);
+        first->AddVersion(record);
+        if (Manager()->SaveWork() != 1) qFatal("cannot save a definition");
+    }
     const QByteArray source = QFile::encodeName(first->GetDPDFullPath());
     const QDir folder(library.GetFolder());
     for (int i = 1; i < count; ++i) {
@@ -71,4 +77,24 @@ void BenchData::MakeManyDefinitions(CVorDPMLibraryManager& library, const QStrin
         if (::link(source.constData(), target.constData()) != 0)
             qFatal("cannot link %s", target.constData());
     }
+}
+
+void BenchData::MakeCataloguedLibrary(const QString& name, int definitions) {
+    CVorDPMLibraryManager* library = Library(name);
+    if (!library) qFatal("cannot create the library %s", qPrintable(name));
+    MakeManyDefinitions(*library, QStringLiteral("P"), definitions, 1.0);
+    const int catalogued = definitions / 2;
+    for (int c = 0; c < kCatalogs; ++c) {
+        CVorDPMDPC* catalog = nullptr;
+        library->CreateDPC(QStringLiteral("Catalog%1").arg(c), catalog);
+        for (int i = c; i < catalogued; i += kCatalogs) {
+            auto* entry = new CVorDPM_DPC_Content;
+            entry->SetDPD(DefinitionName(QStringLiteral("P"), i));
+            entry->SetType0(QStringLiteral("大类%1").arg(i % kLevelTexts[0]));
+            entry->SetType1(QStringLiteral("中类%1").arg(i / 7 % kLevelTexts[1]));
+            entry->SetType2(QStringLiteral("小类%1").arg(i / 11 % kLevelTexts[2]));
+            catalog->AddContent(entry);
+        }
+    }
+    if (Manager()->SaveWork() != 1) qFatal("cannot save the library %s", qPrintable(name));
 }

@@ -10,6 +10,10 @@ class CVorDPMLibraryManager;
 namespace BenchData {
 
 constexpr int kProperties = 20;
+// The catalogs of MakeCataloguedLibrary, and the classification texts of each level: 8 x 6 x 5
+// leaves per catalog, as a real catalog has.
+constexpr int kCatalogs = 5;
+constexpr int kLevelTexts[] = {8, 6, 5};
 
 // The library of that name, created when missing; null when it cannot be created.
 CVorDPMLibraryManager* Library(const QString& name);
@@ -19,9 +23,16 @@ CVorDPMLibraryManager* Library(const QString& name);
 // texts, as in a real series table.
 CVorDPMDPD* MakeDefinition(CVorDPMLibraryManager& library, const QString& name, int rows);
 
-// `count` definitions named <prefix>00000, <prefix>00001, ... made cheaply: one empty
-// definition written by the store, the others hard links to it (valid files that take no room).
-void MakeManyDefinitions(CVorDPMLibraryManager& library, const QString& prefix, int count);
+// `count` definitions named <prefix>00000, <prefix>00001, ... made cheaply: one definition
+// written by the store, the others hard links to it (valid files that take no room). With a
+// positive `version` the file holds that one version record, else none.
+void MakeManyDefinitions(CVorDPMLibraryManager& library, const QString& prefix, int count,
+                         double version = 0);
+
+// A library of `definitions` definitions (MakeManyDefinitions, prefix "P", version 1), the first
+// half of them placed by kCatalogs catalogs "Catalog0", "Catalog1", ... under three
+// classification levels; saved.
+void MakeCataloguedLibrary(const QString& name, int definitions);
 
 // The name MakeManyDefinitions gives the definition of that index.
 QString DefinitionName(const QString& prefix, int index);

@@ -1,31 +1,33 @@
-// Catalog editing on large catalogs: showing a catalog of 10,000 contents under three
-// classification levels on the catalog page, filling the contents report for a node that holds
-// 5,000 products, and accepting the add-products dialog with 1,000 ticked products.
+// Catalog editing on large catalogs, each case timed to the first paint: showing a catalog of
+// 10,000 contents under three classification levels on the catalog page, selecting a node that
+// holds 25,000 products (the product files not yet read, and read before) next to a plain list
+// of the same rows, and accepting the add-products dialog with 1,000 ticked products.
 #include <benchmark/benchmark.h>
 
-#include <QElapsedTimer>
+#include <QAbstractTableModel>
 #include <QPushButton>
+#include <QTreeView>
 
 #include "BenchData.h"
 #include "BenchLibraryRoot.h"
+#include "BenchPaint.h"
 #include "CVorDPMDPC.h"
-#include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMManager.h"
 #include "catalog/CDPMContentPage.h"
 #include "catalog/CVorDPMAddProductDlg.h"
 #include "common/VorDPMControlId.h"
+#include "query/CVorDPMData.h"
 #include "shell/CVorDPMReportCtrlBase.h"
 #include "shell/CVorDPMTreeCtrlEx.h"
 
 namespace {
 
-constexpr int kProducts = 6000;      // product files of the library
-constexpr int kCatalogued = 5000;    // of which the catalogs name the first ones
-constexpr int kBigContents = 10000;  // contents of "Big": 10 x 10 x 10 classifications
-constexpr int kWideContents = 5000;  // contents of "Wide", all under one classification
-constexpr int kTicked = 1000;        // uncatalogued products ticked in the dialog
-const QString kLibrary = QStringLiteral("Bench");
+constexpr int kProducts = 30000;      // product files of the library, one version each
+constexpr int kWideContents = 25000;  // contents of "Wide", all under one classification
+constexpr int kBigContents = 10000;   // contents of "Big": 10 x 10 x 10 classifications
+constexpr int kTicked = 1000;         // uncatalogued products ticked in the dialog
+const QString kLibrary = QStringLiteral("Catalogs");
 const QString kBig = QStringLiteral("Big");
 const QString kWide = QStringLiteral("Wide");
 
@@ -47,88 +49,73 @@ CVorDPM_DPC_Content* Content(const QString& product, const QString& level0, cons
     return content;
 }
 
-// The benchmark's library, written once: the product files are copies of one written by the
-// store, with one version each.
+// The benchmark's library, written on the first run into a kept root (VORDPM_BENCH_ROOT).
 class CatalogBenchData {
 public:
     CatalogBenchData() : m_root(QStringLiteral("catalog-root")) {
         if (!BenchLibraryRoot::Has(kLibrary)) Write();
+        Manager()->DiscardChanges();
     }
 
 private:
     static void Write() {
-        QElapsedTimer timer;
-        timer.start();
-        CVorDPMLibraryManager* library = nullptr;
-        if (Manager()->CreateLibrary(kLibrary, library) != VOR::eOk)
-            qFatal("cannot create library");
-        CVorDPMDPD* first = nullptr;
-        if (library->CreateDPD(ProductName(0), first) != VOR::eOk) qFatal("cannot create product");
-        CVorDPM_Version* version = new CVorDPM_Version;
-        version->SetVersion(1.0);
-        first->AddVersion(version);
-        if (Manager()->SaveWork() != 1) qFatal("cannot save the first product");
-        BenchLibraryRoot::CopyProductFile(*library, ProductName(0), kProducts, ProductName);
-        Manager()->DiscardChanges();
-        library = nullptr;
-        Manager()->GetLibrary(kLibrary, library);
-
+        CVorDPMLibraryManager* library = BenchData::Library(kLibrary);
+        BenchData::MakeManyDefinitions(*library, QStringLiteral("P"), kProducts, 1.0);
         CVorDPMDPC* big = nullptr;
         library->CreateDPC(kBig, big);
         for (int i = 0; i < kBigContents; ++i)
-            big->AddContent(Content(
-                ProductName(i % kCatalogued), QStringLiteral("类%1").arg(i / 1000),
-                QStringLiteral("组%1").arg(i / 100 % 10), QStringLiteral("系%1").arg(i / 10 % 10)));
+            big->AddContent(Content(ProductName(i), QStringLiteral("类%1").arg(i / 1000),
+                                    QStringLiteral("组%1").arg(i / 100 % 10),
+                                    QStringLiteral("系%1").arg(i / 10 % 10)));
         CVorDPMDPC* wide = nullptr;
         library->CreateDPC(kWide, wide);
         for (int i = 0; i < kWideContents; ++i)
             wide->AddContent(Content(ProductName(i), QStringLiteral("管件"), QStringLiteral("法兰"),
                                      QStringLiteral("平焊")));
         if (Manager()->SaveWork() != 1) qFatal("cannot save the benchmark catalogs");
-        Manager()->DiscardChanges();
-        qInfo("benchmark library written in %lld ms", static_cast<long long>(timer.elapsed()));
     }
 
     BenchLibraryRoot m_root;
 };
 
-CatalogBenchData& Data() {
+void Data() {
     static CatalogBenchData data;
-    return data;
 }
 
 QString Path(const QString& catalog) {
     return kLibrary + QLatin1Char('/') + catalog;
 }
 
-// The store has read the catalog and its products before: the user selects it again.
-void BM_ShowCatalogWarm(benchmark::State& state) {
-    Data();
+class ShownPage {
+public:
+    ShownPage() {
+        Data();
+        page.resize(900, 640);
+        page.show();
+        BenchPaint::Settle(&page);
+    }
     CDPMContentPage page;
-    page.resize(900, 640);
-    page.show();
-    page.SetCurrentPath(Path(kBig));
-    for (auto _ : state) page.SetCurrentPath(Path(kBig));
-    if (page.GetTreeCtrl()->topLevelItem(0)->childCount() != 10)
-        state.SkipWithError("the tree does not hold the ten first-level classifications");
-}
-BENCHMARK(BM_ShowCatalogWarm)->Unit(benchmark::kMillisecond);
+};
 
-// Nothing loaded: the page is the first to read the catalog file.
-void BM_ShowCatalogCold(benchmark::State& state) {
-    Data();
-    CDPMContentPage page;
-    page.resize(900, 640);
-    page.show();
+// Showing the catalog of 10,000 contents; argument 1 with nothing loaded (the page is the first
+// to read the catalog file).
+void BM_ShowCatalog(benchmark::State& state) {
+    ShownPage shown;
+    CDPMContentPage& page = shown.page;
+    page.SetCurrentPath(Path(kBig));
     for (auto _ : state) {
         state.PauseTiming();
         page.SetCurrentPath(kLibrary);
-        Manager()->DiscardChanges();
+        if (state.range(0)) Manager()->DiscardChanges();
+        BenchPaint::Settle(&page);
         state.ResumeTiming();
         page.SetCurrentPath(Path(kBig));
+        if (!BenchPaint::Wait(&page)) state.SkipWithError("the page was not painted");
     }
+    if (page.GetTreeCtrl()->topLevelItem(0)->childCount() != 10)
+        state.SkipWithError("the tree does not hold the ten first-level classifications");
 }
-BENCHMARK(BM_ShowCatalogCold)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ShowCatalog)->Arg(0)->Arg(1)->ArgNames({"cold"})->Unit(benchmark::kMillisecond);
 
 QTreeWidgetItem* WideLeaf(const CDPMContentPage& page) {
     QTreeWidgetItem* node = page.GetTreeCtrl()->topLevelItem(0);
@@ -136,17 +123,15 @@ QTreeWidgetItem* WideLeaf(const CDPMContentPage& page) {
     return node;
 }
 
-// Selecting the classification that holds 5,000 products; argument 1 with the product files
-// read before (warm), 0 with them still on disk (the first selection after opening).
-void BM_SelectNodeWith5000Products(benchmark::State& state) {
-    Data();
+// Selecting the classification that holds 25,000 products; argument 0 is the first selection
+// after opening (the store has read the catalog only), 1 a selection after the first.
+void BM_SelectNodeWith25000Products(benchmark::State& state) {
+    ShownPage shown;
+    CDPMContentPage& page = shown.page;
     const bool warm = state.range(0) != 0;
-    CDPMContentPage page;
-    page.resize(900, 640);
-    page.show();
-    page.SetCurrentPath(Path(kWide));
     CVorDPMTreeCtrlEx* tree = page.GetTreeCtrl();
-    if (warm) tree->setCurrentItem(WideLeaf(page));
+    page.SetCurrentPath(Path(kWide));
+    tree->setCurrentItem(WideLeaf(page));
     for (auto _ : state) {
         state.PauseTiming();
         if (!warm) {
@@ -156,13 +141,72 @@ void BM_SelectNodeWith5000Products(benchmark::State& state) {
         }
         tree->setCurrentItem(tree->topLevelItem(0));
         QTreeWidgetItem* leaf = WideLeaf(page);
+        BenchPaint::Settle(&page);
         state.ResumeTiming();
         tree->setCurrentItem(leaf);
+        if (!BenchPaint::Wait(&page)) state.SkipWithError("the page was not painted");
     }
     if (page.GetContentReport()->model()->rowCount() != kWideContents)
         state.SkipWithError("the report does not hold the node's products");
 }
-BENCHMARK(BM_SelectNodeWith5000Products)->Arg(1)->Arg(0)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SelectNodeWith25000Products)
+    ->Arg(0)
+    ->Arg(1)
+    ->ArgNames({"warm"})
+    ->Unit(benchmark::kMillisecond);
+
+// Rows of texts for a plain view.
+class PlainRows : public QAbstractTableModel {
+public:
+    void Reset(std::vector<QStringList> rows) {
+        beginResetModel();
+        m_rows = std::move(rows);
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& = QModelIndex()) const override {
+        return static_cast<int>(m_rows.size());
+    }
+    int columnCount(const QModelIndex& = QModelIndex()) const override { return 4; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole) return QVariant();
+        return m_rows[static_cast<size_t>(index.row())].value(index.column());
+    }
+
+private:
+    std::vector<QStringList> m_rows;
+};
+
+// The floor of that selection: the node's entries read from the store as the page reads them
+// (catalog file read before) and their number, product and description shown in a plain view.
+void BM_PlainRows25000(benchmark::State& state) {
+    Data();
+    CVorDPMDPC* wide = nullptr;
+    CVorDPMData::GetDPCManger(kLibrary, kWide, wide);
+    PlainRows model;
+    QTreeView view;
+    view.setUniformRowHeights(true);
+    view.setModel(&model);
+    view.resize(600, 400);
+    view.show();
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.Reset({});
+        BenchPaint::Settle(&view);
+        state.ResumeTiming();
+        CKZList<CVorDPM_DPC_Content*> entries;
+        wide->GetAllContent(QStringLiteral("管件"), QStringLiteral("法兰"), QStringLiteral("平焊"),
+                            entries, 0);
+        std::vector<QStringList> rows;
+        rows.reserve(static_cast<size_t>(entries.GetCount()));
+        for (const CVorDPM_DPC_Content* entry : entries)
+            rows.push_back({QString::number(rows.size() + 1), entry->GetDPD(),
+                            QStringLiteral("1.00"), entry->GetDescription()});
+        model.Reset(std::move(rows));
+        if (!BenchPaint::Wait(&view)) state.SkipWithError("the view was not painted");
+    }
+    if (model.rowCount() != kWideContents) state.SkipWithError("not every row shown");
+}
+BENCHMARK(BM_PlainRows25000)->Unit(benchmark::kMillisecond);
 
 // OK in the add-products dialog with 1,000 uncatalogued products ticked, entered into the
 // catalog of 10,000 contents (each is checked against the contents of its classification).
@@ -176,7 +220,7 @@ void BM_AddProductsOk1000(benchmark::State& state) {
         CVorDPMTreeCtrlEx* tree = dialog.GetTreeCtrl();
         QTreeWidgetItem* uncatalogued =
             tree->topLevelItem(0)->child(tree->topLevelItem(0)->childCount() - 1);
-        if (!uncatalogued || uncatalogued->childCount() != kProducts - kCatalogued) {
+        if (!uncatalogued || uncatalogued->childCount() != kProducts - kWideContents) {
             state.SkipWithError("unexpected uncatalogued products");
             break;
         }
@@ -187,9 +231,7 @@ void BM_AddProductsOk1000(benchmark::State& state) {
         ok->click();
         state.PauseTiming();
         CVorDPMDPC* big = nullptr;
-        CVorDPMLibraryManager* library = nullptr;
-        Manager()->GetLibrary(kLibrary, library);
-        library->GetDPC(kBig, big);
+        CVorDPMData::GetDPCManger(kLibrary, kBig, big);
         CKZList<CVorDPM_DPC_Content*> contents;
         big->GetAllContent(contents, 0);
         if (contents.GetCount() != kBigContents + kTicked)

@@ -23,11 +23,17 @@
 #include "common/VorDPMControlId.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "query/CVorDPMData.h"
+#include "query/VorDPMLastVersion.h"
 #include "shell/CVorDPMDialogBase.h"
 
 namespace {
 
 using Row = std::vector<struTypeData>;
+
+// Cells of a row of the contents report (GetContListItemText): the icon cell says whether the
+// product file exists ("0"), the product cell names it.
+constexpr size_t kIconCell = 1;
+constexpr size_t kProductCell = 3;
 
 // A popup menu entry: its command and caption.
 struct MenuEntry {
@@ -316,10 +322,21 @@ std::vector<Row> CDPMContentPage::ReferenceRows(CVorDPMDPC& catalog) {
     return rows;
 }
 
+// A node may hold thousands of products, each in a file of its own: the versions are read from
+// the files of the rows that are shown, when they are shown.
 void CDPMContentPage::ReloadContents() {
     std::vector<Row> rows;
-    m_tree->GetContListItemText(m_tree->currentItem(), rows);
+    m_tree->GetContListItemText(m_tree->currentItem(), rows, false);
     CVorDPMTypedRows::Fill(*m_contents, rows, true);
+    CVorDPMReportModel* records = m_contents->GetRecords();
+    for (size_t i = 0; i < rows.size(); ++i) {
+        const Row& row = rows[i];
+        if (row.size() <= kProductCell || row[kIconCell].text != QLatin1String("0")) continue;
+        records->GetRecord(static_cast<int>(i))
+            ->DeferItemText(ContVersion, [library = m_library, product = row[kProductCell].text] {
+                return VorDPMLastVersion::Text(library, product);
+            });
+    }
 }
 
 void CDPMContentPage::OnTreeSelChanging() {

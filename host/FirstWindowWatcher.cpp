@@ -15,14 +15,16 @@ FirstWindowWatcher::~FirstWindowWatcher() {
     qApp->removeEventFilter(this);
 }
 
+// The first paint of a widget of a window runs the action once control is back in the event
+// loop, when the whole window has been painted.
 bool FirstWindowWatcher::eventFilter(QObject* watched, QEvent* event) {
-    if (m_fired || event->type() != QEvent::Show || !watched->isWidgetType())
+    if (m_fired || event->type() != QEvent::Paint || !watched->isWidgetType())
         return QObject::eventFilter(watched, event);
-    auto* widget = static_cast<QWidget*>(watched);
-    const Qt::WindowType type = widget->windowType();
-    if (widget->isWindow() && (type == Qt::Window || type == Qt::Dialog)) {
+    QWidget* window = static_cast<QWidget*>(watched)->window();
+    const Qt::WindowType type = window->windowType();
+    if (type == Qt::Window || type == Qt::Dialog) {
         m_fired = true;
-        m_action(widget);
+        QTimer::singleShot(0, window, [this, window] { m_action(window); });
     }
     return QObject::eventFilter(watched, event);
 }

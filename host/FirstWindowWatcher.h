@@ -1,5 +1,5 @@
-// Calls an action once, when the first top-level window of the application is shown: the
-// moment the user sees the editor, for measuring start-up and taking screenshots.
+// Calls an action once, when the first top-level window of the application has been painted:
+// the moment the user sees the editor, for measuring start-up and taking screenshots.
 #pragma once
 
 #include <QObject>

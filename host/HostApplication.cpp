@@ -1,5 +1,7 @@
 #include "HostApplication.h"
 
+#include <sys/resource.h>
+
 #include <QDateTime>
 #include <QTimer>
 #include <QWidget>
@@ -62,12 +64,14 @@ std::unique_ptr<FirstWindowWatcher> HostApplication::WatchFirstWindow() const {
     return nullptr;
 }
 
-// The time since the process began, and the wall-clock moment for a harness that measures from
-// before the program was loaded.
+// The time since the process began, the wall-clock moment for a harness that measures from
+// before the program was loaded, and the process's peak resident memory so far.
 void HostApplication::ReportStartup(QWidget* window) const {
-    std::printf("startup-ms: %lld\nshown-at-epoch-ms: %lld\n",
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("startup-ms: %lld\npainted-at-epoch-ms: %lld\npeak-rss-kb: %ld\n",
                 static_cast<long long>(m_started.elapsed()),
-                static_cast<long long>(QDateTime::currentMSecsSinceEpoch()));
+                static_cast<long long>(QDateTime::currentMSecsSinceEpoch()), usage.ru_maxrss);
     std::fflush(stdout);
     FirstWindowWatcher::CloseLater(window);
 }

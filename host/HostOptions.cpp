@@ -55,7 +55,7 @@ HostOptions HostOptions::Parse(const QStringList& arguments) {
     const QCommandLineOption measure(
         QStringLiteral("measure-startup"),
         QStringLiteral(
-            "Print the milliseconds until the editor's window is shown, then close it."));
+            "Print the milliseconds until the editor's window is painted, then close it."));
     const QCommandLineOption language(
         QStringLiteral("lang"), QStringLiteral("Language of the editor (default: the system's)."),
         QStringLiteral("en|zh"));

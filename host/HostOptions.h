@@ -10,7 +10,8 @@ struct HostOptions {
     QString editor;      // --editor PATH
     QString screenshot;  // --screenshot FILE: save the editor's window as PNG, then close it
     QString language;    // --lang en|zh: the language instead of the locale's; empty: the locale's
-    bool measureStartup = false;  // --measure-startup: print the time to the window, then close
+    // --measure-startup: print the time to the painted window, then close it
+    bool measureStartup = false;
     // --all-libraries: the editor's trees list every library of the root (its option, which it
     // remembers; without the flag the remembered choice stands)
     bool allLibraries = false;

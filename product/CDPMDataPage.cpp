@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QTreeView>
 #include <QVBoxLayout>
 #include <utility>
@@ -118,7 +119,23 @@ int CDPMDataPage::SetCurrentPath(const QString& path) {
     return 1;
 }
 
+void CDPMDataPage::SetCurrentPathWhenShown(const QString& path) {
+    if (!isHidden()) {
+        SetCurrentPath(path);
+        return;
+    }
+    m_currentPath = path;
+    m_treeOutdated = true;
+    UpdateCommandUi();
+}
+
+void CDPMDataPage::showEvent(QShowEvent* event) {
+    CVorDPMPropertPageBase::showEvent(event);
+    if (m_treeOutdated) BuildTree();
+}
+
 void CDPMDataPage::BuildTree() {
+    m_treeOutdated = false;
     m_renaming = nullptr;
     m_tree->clear();
     OnTreeSelChanged();
@@ -386,7 +403,10 @@ QString CDPMDataPage::SelectedCatalogPath() const {
     return QString();
 }
 
+// Nothing is selected while the tree shows an earlier path: its nodes may name objects of a
+// store that has since switched roots.
 CVorDPMDPD* CDPMDataPage::SelectedDefinition() const {
+    if (m_treeOutdated) return nullptr;
     CVorDPMDPD* dpd = nullptr;
     m_tree->GetSelItemDPD(m_tree->currentItem(), dpd);
     return dpd;

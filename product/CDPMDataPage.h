@@ -47,6 +47,10 @@ public:
     // Shows the definitions of a library (all its catalogs, and those in none under "未分类"),
     // or of one catalog (library "/" catalog).
     int SetCurrentPath(const QString& path) override;
+    // As SetCurrentPath while the page is shown; a hidden page (a tab behind another) takes the
+    // path now and builds its tree when it is next shown, so that selecting a library of many
+    // definitions costs only what the page in front shows.
+    void SetCurrentPathWhenShown(const QString& path);
     const QString& GetCurrentPath() const { return m_currentPath; }
     void UpdateCommandUi() override;
 
@@ -63,6 +67,9 @@ public:
     PreviewDrawCallback m_pPreviewDrawCallback = nullptr;
     PreviewCloseCallback m_pPreviewCloseCallback = nullptr;
     PreviewMoveCallback m_pPreviewMoveCallback = nullptr;
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void BuildTree();
@@ -97,6 +104,8 @@ private:
     void ShowMessage(const QString& text);
 
     QString m_currentPath;
+    // The tree still shows an earlier path: it is built again when the page is shown.
+    bool m_treeOutdated = false;
     CVorDPMTreeCtrlEx* m_tree;
     QTreeView* m_report;
     CDPMSeriesModel* m_series;

@@ -1,7 +1,6 @@
 #include "query/CVorDPMData.h"
 
 #include <QRegularExpression>
-#include <QSet>
 #include <QTreeWidget>
 
 #include "CVorDPMDPC.h"
@@ -9,6 +8,7 @@
 #include "CVorDPMManager.h"
 #include "query/CVorDPMNamePattern.h"
 #include "query/CVorDPMNameRule.h"
+#include "query/VorDPMCatalogued.h"
 
 namespace {
 
@@ -24,29 +24,6 @@ void UnlinkEntries(CKZList<CVorDPM_DPC_Content*>& list, Predicate&& drop) {
         else
             ++it;
     }
-}
-
-// The definitions that the live entries of the library's catalogs name. An entry names a
-// definition without regard to case, which the library's own look-up resolves: comparing the
-// definitions found needs no case folding of every name.
-QSet<const CVorDPMDPD*> CataloguedProducts(CVorDPMLibraryManager& library) {
-    QStringList catalogs;
-    library.GetAllDPCName(catalogs);
-    QSet<const CVorDPMDPD*> products;
-    for (const QString& name : std::as_const(catalogs)) {
-        CVorDPMDPC* catalog = nullptr;
-        library.GetDPC(name, catalog);
-        if (!catalog) continue;
-        CKZList<CVorDPM_DPC_Content*> entries;
-        catalog->GetAllContent(entries, 0);
-        products.reserve(products.size() + entries.GetCount());
-        for (const CVorDPM_DPC_Content* entry : entries) {
-            CVorDPMDPD* dpd = nullptr;
-            library.GetDPD(entry->GetDPD(), dpd);
-            if (dpd) products.insert(dpd);
-        }
-    }
-    return products;
 }
 
 }  // namespace
@@ -196,15 +173,10 @@ int CVorDPMData::GetALLExteriorDPD(const QString& library, CKZList<CVorDPMDPD*>&
     CVorDPMLibraryManager* manager = nullptr;
     GetLibraryManger(library, manager);
     if (!manager) return 0;
-    // The products every catalog names, gathered once: asking each catalog about each
-    // definition would cost definitions times entries.
-    const QSet<const CVorDPMDPD*> catalogued = CataloguedProducts(*manager);
-    QStringList definitions;
-    manager->GetAllDPDName(definitions);
-    for (const QString& name : std::as_const(definitions)) {
+    for (const QString& name : VorDPMCatalogued::UncataloguedNames(*manager)) {
         CVorDPMDPD* dpd = nullptr;
         manager->GetDPD(name, dpd);
-        if (dpd && !catalogued.contains(dpd)) out.AddTail(dpd);
+        if (dpd) out.AddTail(dpd);
     }
     return 1;
 }

@@ -269,7 +269,7 @@ void CVorDPMEditorDlg::ShowPath(const QString& path) {
     CurrentPath = path;
     m_libraryPage->SetCurrentPath(CurrentPath);
     m_contentPage->SetCurrentPath(CurrentPath);
-    m_dataPage->SetCurrentPath(CurrentPath);
+    m_dataPage->SetCurrentPathWhenShown(CurrentPath);
 }
 
 // The tree is built again for the new choice, keeping the selected node where it is still

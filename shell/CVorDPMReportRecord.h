@@ -4,6 +4,8 @@
 
 #include <QString>
 #include <QtGlobal>
+#include <functional>
+#include <utility>
 #include <vector>
 
 class CVorDPMReportRecord {
@@ -27,7 +29,9 @@ public:
     // The item of a column, or null when the record has no such item.
     const Item* GetItem(int column) const {
         if (column < 0 || column >= GetItemCount()) return nullptr;
-        return &m_items[static_cast<size_t>(column)];
+        Item& item = m_items[static_cast<size_t>(column)];
+        if (!m_deferred.empty()) ReadDeferred(column, item);
+        return &item;
     }
     int GetItemCount() const { return static_cast<int>(m_items.size()); }
     // Changes the caption of a text item; false when the column holds no text item.
@@ -35,10 +39,34 @@ public:
         if (column < 0 || column >= GetItemCount()) return false;
         Item& item = m_items[static_cast<size_t>(column)];
         if (item.kind != Item::Text) return false;
+        DropDeferred(column);
         item.text = text;
         return true;
     }
+    // The caption of the text item of `column` is read by `read` the first time the item is
+    // asked for: a column whose texts cost a file read each is read only for the rows someone
+    // looks at.
+    void DeferItemText(int column, std::function<QString()> read) {
+        DropDeferred(column);
+        m_deferred.emplace_back(column, std::move(read));
+    }
 
 private:
-    std::vector<Item> m_items;
+    void ReadDeferred(int column, Item& item) const {
+        for (auto deferred = m_deferred.begin(); deferred != m_deferred.end(); ++deferred) {
+            if (deferred->first != column) continue;
+            const std::function<QString()> read = std::move(deferred->second);
+            m_deferred.erase(deferred);
+            item.text = read();
+            return;
+        }
+    }
+    void DropDeferred(int column) {
+        std::erase_if(m_deferred,
+                      [column](const auto& deferred) { return deferred.first == column; });
+    }
+
+    // Mutable so that reading an item can fill in a deferred caption.
+    mutable std::vector<Item> m_items;
+    mutable std::vector<std::pair<int, std::function<QString()>>> m_deferred;
 };

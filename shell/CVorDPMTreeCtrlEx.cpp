@@ -10,8 +10,11 @@
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
+#include "CVorDPMTreeItem.h"
 #include "common/VorDPMLibraryNames.h"
 #include "query/CVorDPMData.h"
+#include "query/VorDPMCatalogued.h"
+#include "query/VorDPMLastVersion.h"
 
 namespace {
 
@@ -88,12 +91,12 @@ void CVorDPMTreeCtrlEx::PreSubclassWindow() {
 
 QTreeWidgetItem* CVorDPMTreeCtrlEx::CreateItem(const QString& text, int image,
                                                CVorDPMDBBase* data) const {
-    auto* node = new QTreeWidgetItem(QStringList{text});
-    node->setData(0, ItemImageRole, image);
-    if (image >= 0 && image < m_imageList.size()) node->setIcon(0, m_imageList[image]);
-    if (data) node->setData(0, ItemDataRole, QVariant::fromValue(reinterpret_cast<quintptr>(data)));
-    ApplyCheckBox(node);
-    return node;
+    return WithCheckBox(new CVorDPMTreeItem(text, image, data, &m_imageList));
+}
+
+QTreeWidgetItem* CVorDPMTreeCtrlEx::CreateProductItem(const QString& name,
+                                                      const QString& library) const {
+    return WithCheckBox(new CVorDPMTreeItem(name, library, &m_imageList));
 }
 
 QTreeWidgetItem* CVorDPMTreeCtrlEx::AppendItem(const QString& text, int image, CVorDPMDBBase* data,
@@ -176,14 +179,15 @@ int CVorDPMTreeCtrlEx::InsertTree(const QString& library, const QString& catalog
 }
 
 int CVorDPMTreeCtrlEx::InsertTree(const QString& library, QTreeWidgetItem* parent) {
-    CKZList<CVorDPMDPD*> products;
-    CVorDPMData::GetALLExteriorDPD(library, products);
+    CVorDPMLibraryManager* manager = nullptr;
+    CVorDPMData::GetLibraryManger(library, manager);
+    if (!manager) return 1;
+    const QStringList names = VorDPMCatalogued::UncataloguedNames(*manager);
     // Built detached and inserted in one go: one model update instead of one per product.
     QList<QTreeWidgetItem*> nodes;
-    nodes.reserve(products.GetCount());
-    for (CVorDPMDPD* dpd : products) {
-        if (dpd) nodes.append(CreateItem(dpd->GetDPDName(), ImageProduct, dpd));
-    }
+    nodes.reserve(names.size());
+    for (const QString& name : names)
+        nodes.append(CreateProductItem(name, manager->GetLibraryName()));
     if (parent)
         parent->addChildren(nodes);
     else
@@ -219,18 +223,7 @@ void CVorDPMTreeCtrlEx::InsertRow(ChildIndex& index, CVorDPMDPC* catalog, QTreeW
                                   CVorDPM_DPC_Content::ProductType level, int withProducts) {
     const QString text = level < 3 ? row.GetType(level) : QString();
     if (text.isEmpty()) {
-        if (!withProducts || !catalog) return;
-        CVorDPMDPD* dpd = nullptr;
-        catalog->GetDPD(&row, dpd);
-        const QString& name = row.GetDPD();
-        if (name.isEmpty()) return;
-        const int image = dpd ? ImageProduct : ImageMissingProduct;
-        // Below the last classification level no text is looked up again, so the many product
-        // nodes there stay out of the index.
-        if (level > CVorDPM_DPC_Content::ThirdType)
-            AppendItem(name, image, dpd, parent);
-        else
-            AppendIndexed(index, name, image, dpd, parent);
+        if (withProducts && catalog) AppendProduct(index, *catalog, parent, row, level);
         return;
     }
     // Every child of that exact text takes the row's next level (case counts here); without
@@ -242,6 +235,22 @@ void CVorDPMTreeCtrlEx::InsertRow(ChildIndex& index, CVorDPMDPC* catalog, QTreeW
     if (matching.isEmpty())
         InsertRow(index, catalog, AppendIndexed(index, text, ImageClassification, nullptr, parent),
                   row, next, withProducts);
+}
+
+// Whether the product file exists (a product node or a missing one) is found when the node is
+// first shown or asked about.
+void CVorDPMTreeCtrlEx::AppendProduct(ChildIndex& index, CVorDPMDPC& catalog,
+                                      QTreeWidgetItem* parent, const CVorDPM_DPC_Content& row,
+                                      CVorDPM_DPC_Content::ProductType level) {
+    const QString& name = row.GetDPD();
+    const CVorDPMLibraryManager* library = catalog.GetVorDPMLibraryManager();
+    if (name.isEmpty()) return;
+    QTreeWidgetItem* node = library ? CreateProductItem(name, library->GetLibraryName())
+                                    : CreateItem(name, ImageMissingProduct, nullptr);
+    // Below the last classification level no text is looked up again, so the many product nodes
+    // there stay out of the index.
+    if (level <= CVorDPM_DPC_Content::ThirdType) index.Add(parent, node);
+    Attach(node, parent);
 }
 
 QTreeWidgetItem* CVorDPMTreeCtrlEx::AppendIndexed(ChildIndex& index, const QString& text, int image,
@@ -336,8 +345,10 @@ int CVorDPMTreeCtrlEx::FindFistMatchDPD(QTreeWidgetItem* node, QTreeWidgetItem*&
                                         const QString& name) const {
     found = nullptr;
     if (!node) return 0;
-    if (node->childCount() == 0 && IsProductFile(GetItemDPD(node)) &&
-        (name.isEmpty() || node->text(0).compare(name, Qt::CaseInsensitive) == 0)) {
+    // The name first: looking at a node's definition may have to find it in the store.
+    if (node->childCount() == 0 &&
+        (name.isEmpty() || node->text(0).compare(name, Qt::CaseInsensitive) == 0) &&
+        IsProductFile(GetItemDPD(node))) {
         found = node;
         return 1;
     }
@@ -366,27 +377,33 @@ int CVorDPMTreeCtrlEx::GetCheckedItem(QTreeWidgetItem* node,
 
 int CVorDPMTreeCtrlEx::GetContListItemText(QTreeWidgetItem* node,
                                            std::vector<std::vector<struTypeData>>& rows) {
+    return GetContListItemText(node, rows, true);
+}
+
+int CVorDPMTreeCtrlEx::GetContListItemText(QTreeWidgetItem* node,
+                                           std::vector<std::vector<struTypeData>>& rows,
+                                           bool readVersions) {
     CVorDPMDPC* catalog = GetItemDPC(topLevelItem(0));
     if (!catalog || !node) return 0;
+    CVorDPMLibraryManager* library = catalog->GetVorDPMLibraryManager();
     QString level0, level1, level2;
     CVorDPMData::GetTypes(*this, node, level0, level1, level2);
     CKZList<CVorDPM_DPC_Content*> contents;
     catalog->GetAllContent(level0, level1, level2, contents, 0);
+    rows.reserve(rows.size() + static_cast<size_t>(contents.GetCount()));
     int number = 0;
     for (const CVorDPM_DPC_Content* row : contents) {
         if (!row) continue;
         ++number;
-        CVorDPMDPD* dpd = nullptr;
-        catalog->GetDPD(row, dpd);
         std::vector<struTypeData> cells{{QString::number(row->GetObjectId()), 0}};
-        if (dpd) {
-            CVorDPM_Version* version = nullptr;
-            dpd->GetLastVersion(version, 0);
-            const double last = version ? version->GetVersion() : 0.0;
+        if (library && library->HasDPD(row->GetDPD())) {
+            const QString version =
+                readVersions ? VorDPMLastVersion::Text(library->GetLibraryName(), row->GetDPD())
+                             : QString();
             cells.insert(cells.end(), {{QStringLiteral("0"), 4},
                                        {QString::number(number), 2},
                                        {row->GetDPD(), 1},
-                                       {QString::asprintf("%0.2f", last), 3},
+                                       {version, 3},
                                        {row->GetDescription(), 1}});
         } else {
             cells.insert(cells.end(), {{QStringLiteral("1"), 4},
@@ -448,6 +465,15 @@ int CVorDPMTreeCtrlEx::OnCommand(int commandId, int notificationCode) {
 void CVorDPMTreeCtrlEx::BindCommand(QAction* action, int commandId) {
     if (!action) return;
     connect(action, &QAction::triggered, this, [this, commandId] { OnCommand(commandId); });
+}
+
+// A new node has no check state to clear: only the flags differ without check boxes.
+QTreeWidgetItem* CVorDPMTreeCtrlEx::WithCheckBox(QTreeWidgetItem* node) const {
+    if (m_checkBoxes)
+        ApplyCheckBox(node);
+    else
+        node->setFlags(node->flags() & ~(Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate));
+    return node;
 }
 
 void CVorDPMTreeCtrlEx::ApplyCheckBox(QTreeWidgetItem* node) const {

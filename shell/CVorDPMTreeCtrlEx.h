@@ -64,6 +64,10 @@ public:
 
     // Report rows.
     int GetContListItemText(QTreeWidgetItem* node, std::vector<std::vector<struTypeData>>& rows);
+    // The same; without `readVersions` the version cell of a row whose product file exists stays
+    // empty, for a caller that reads versions (VorDPMLastVersion) only for the rows it shows.
+    int GetContListItemText(QTreeWidgetItem* node, std::vector<std::vector<struTypeData>>& rows,
+                            bool readVersions);
     int GetDataListColunmHead(QTreeWidgetItem* node, std::vector<QString>& heads) const;
     int GetDataListItemText(QTreeWidgetItem* node, std::vector<std::vector<QString>>& rows) const;
 
@@ -112,10 +116,18 @@ private:
                    int withProducts);
     QTreeWidgetItem* AppendIndexed(ChildIndex& index, const QString& text, int image,
                                    CVorDPMDBBase* data, QTreeWidgetItem* parent);
+    // The product node of a catalog entry that has no further classification level.
+    void AppendProduct(ChildIndex& index, CVorDPMDPC& catalog, QTreeWidgetItem* parent,
+                       const CVorDPM_DPC_Content& row, CVorDPM_DPC_Content::ProductType level);
     // Appends a node after the last child of `parent` (the top level for null).
     void Attach(QTreeWidgetItem* node, QTreeWidgetItem* parent);
     // A detached node with its text, image, item data and check box.
     QTreeWidgetItem* CreateItem(const QString& text, int image, CVorDPMDBBase* data) const;
+    // The same for the node of a library's definition, found when first asked about (a product
+    // node, or a missing product when the library has no definition of that name).
+    QTreeWidgetItem* CreateProductItem(const QString& name, const QString& library) const;
+    // Gives a new node the check box, or takes away the one every node starts with.
+    QTreeWidgetItem* WithCheckBox(QTreeWidgetItem* node) const;
     // Children of a node, or the top-level nodes for a null parent.
     int ChildCount(const QTreeWidgetItem* parent) const;
     QTreeWidgetItem* ChildAt(const QTreeWidgetItem* parent, int index) const;

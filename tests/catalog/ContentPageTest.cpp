@@ -57,12 +57,20 @@ TEST_F(ContentPageTest, TreeHoldsTheClassificationsAndTheReportTheProductsOfANod
     SelectNode(Node(Strings({"紧固件"})));
     EXPECT_EQ(Column(report, Page::ContNumber), Strings({"1", "2"}));
     EXPECT_EQ(Column(report, Page::ContProduct), Strings({"垫圈", "缺失"}));
+    EXPECT_EQ(Column(report, Page::ContVersion), Strings({"0.00", "0.00"}));
     EXPECT_THAT(Icons(report), ElementsAre(0, 1));
     EXPECT_EQ(page->GetSelectedNodePath(), QStringLiteral("标准件/紧固件/"));
 
     SelectNode(Node(Strings({"紧固件", "螺栓类", "六角"})));
     EXPECT_EQ(Column(report, Page::ContProduct), Strings({"螺栓"}));
     EXPECT_EQ(Column(report, Page::ContVersion), Strings({"1.10"}));
+    // Read from the file while the definition is unchanged; from memory once it has changes.
+    CVorDPMDPD* bolt = nullptr;
+    Catalog(kLibrary, kCatalog)->GetVorDPMLibraryManager()->GetDPD(QStringLiteral("螺栓"), bolt);
+    AddVersion(bolt, 2.5, QString());
+    SelectNode(Node(Strings({"紧固件"})));
+    SelectNode(Node(Strings({"紧固件", "螺栓类", "六角"})));
+    EXPECT_EQ(Column(report, Page::ContVersion), Strings({"2.50"}));
 }
 
 TEST_F(ContentPageTest, APathWithoutACatalogEmptiesThePageAndDisablesItsCatalogCommands) {

@@ -103,6 +103,26 @@ TEST_F(MainDialog, SelectingANodeHandsItsPathToAllPagesAndKeepsTheTab) {
     EXPECT_EQ(dlg.focusWidget(), dlg.GetLibraryPage()->GetReportCtrl());
 }
 
+// The product data page builds its tree for the last selection when its tab is chosen, at once
+// while it is in front, and keeps the user's place in it when only the tab changes.
+TEST_F(MainDialog, TheDataPageShowsTheLastSelectionWhenItsTabIsChosen) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    CVorDPMTreeCtrlEx* tree = dlg.GetDataPage()->GetTreeCtrl();
+    Click(Node("QXMaterial", "管道"));
+    dlg.GetSheet()->setCurrentWidget(dlg.GetDataPage());
+    ASSERT_EQ(tree->topLevelItemCount(), 1);
+    EXPECT_EQ(tree->topLevelItem(0)->text(0), QStringLiteral("管道"));
+
+    Click(Node("QXMaterial"));
+    ASSERT_EQ(tree->topLevelItemCount(), 1);
+    QTreeWidgetItem* uncatalogued = tree->GetItem(QStringLiteral("未分类"), tree->topLevelItem(0));
+    ASSERT_TRUE(uncatalogued);
+    tree->setCurrentItem(uncatalogued);
+    dlg.GetSheet()->setCurrentIndex(0);
+    dlg.GetSheet()->setCurrentWidget(dlg.GetDataPage());
+    EXPECT_EQ(tree->currentItem(), uncatalogued);
+}
+
 TEST_F(MainDialog, RightButtonMenusDependOnTheNodeKindAndEmptySpaceHasNone) {
     const auto library = Dialog().CreateNodeMenu(Node("QXMaterial"));
     ASSERT_TRUE(library);
@@ -230,11 +250,8 @@ TEST_F(MainDialog, RightClickKeepsTheSelectionAndTheMenuWorksOnTheSelectedNode) 
     EXPECT_EQ(ChildTexts(Node("QXMaterial")), (QStringList{"目录", "管道"}));
 }
 
-TEST_F(MainDialog, DeleteLibraryWorksOnLibraryNodesOnly) {
-    Click(Node("QXMaterial", "目录"));
-    ASSERT_TRUE(Dialog().OnCommand(CVorDPMEditorDlg::ID_DELETE_LIBRARY));
-    EXPECT_TRUE(QDir(root.File("QXMaterial")).exists());
-
+// On a catalog node the command does nothing: see the right-click test above.
+TEST_F(MainDialog, DeleteLibraryAsksFirstAndMovesTheLibraryAway) {
     Click(Node("QXMaterial"));
     const QString confirm = QStringLiteral("确实要把\"QXMaterial\"产品库放入回收站吗?");
     ui.ExpectMessage(confirm, QMessageBox::Cancel);
