@@ -1,5 +1,6 @@
 #include "VordpmTool.h"
 
+#include "CheckCommand.h"
 #include "FindCommand.h"
 #include "LsCommand.h"
 #include "NamesCommand.h"
@@ -12,6 +13,7 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<NamesCommand>());
     m_commands.push_back(std::make_unique<ShowCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
+    m_commands.push_back(std::make_unique<CheckCommand>());
 }
 
 QString VordpmTool::Usage() const {
