@@ -77,6 +77,16 @@ TEST_F(CheckToolTest, ParallelScriptRunsGiveTheSameReport) {
         << noScripts.out.toStdString();
 }
 
+// A sandbox that cannot start is reported once per library as an error, never a hang or a crash.
+TEST_F(CheckToolTest, ASandboxThatCannotStartIsAFinding) {
+    qputenv("VORDPM_PREVIEW_PROGRAM", QByteArrayLiteral("/nonexistent/vordpm-preview"));
+    const ToolRun run = Run({"check", "QXMaterial", "平垫圈"});
+    qunsetenv("VORDPM_PREVIEW_PROGRAM");
+    EXPECT_EQ(run.exitCode, 1) << run.err.toStdString();
+    EXPECT_EQ(run.out.count(QStringLiteral("[script-sandbox-failure]")), 1)
+        << run.out.toStdString();
+}
+
 TEST_F(CheckToolTest, ExitCodes) {
     const struct {
         QStringList arguments;
