@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPushButton>
 #include <QShowEvent>
@@ -103,6 +104,7 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &CDPMDataPage::OnTreeSelChanged);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &CDPMDataPage::OnTreeContextMenu);
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &CDPMDataPage::OnTreeDoubleClick);
+    m_tree->installEventFilter(this);
     connect(m_tree, &QTreeWidget::itemChanged, this, &CDPMDataPage::OnRenameEnd);
     connect(m_tree->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
             &CDPMDataPage::OnRenameClosed);
@@ -112,6 +114,24 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
 }
 
 CDPMDataPage::~CDPMDataPage() = default;
+
+// Enter on the tree opens the selected product as a double click does, Delete asks as the
+// delete button does. While a product is renamed in place, the keys its editor passes on to
+// the tree are left alone: that Enter ends the rename.
+bool CDPMDataPage::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_tree || event->type() != QEvent::KeyPress || m_renaming) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->modifiers() & ~Qt::KeypadModifier) return false;
+    if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) && m_tree->currentItem()) {
+        OnTreeDoubleClick(m_tree->currentItem());
+        return true;
+    }
+    if (key->key() == Qt::Key_Delete && m_remove->isEnabled()) {
+        m_remove->click();
+        return true;
+    }
+    return false;
+}
 
 int CDPMDataPage::SetCurrentPath(const QString& path) {
     m_currentPath = path;

@@ -54,8 +54,10 @@ TEST_F(DataPageChangeTest, RemovingAsksThenTrashesTheFileAndTheSelectedCatalogsE
 TEST_F(DataPageChangeTest, RemovingAnUncataloguedProductLeavesTheCatalogsAlone) {
     page->SetCurrentPath(QStringLiteral("QXMaterial"));
     Select(QStringLiteral("法兰B"));
+    // The Delete key asks as the button does.
     ui.ExpectMessage(QStringLiteral("确实要把\"法兰B\"产品放入回收站吗?"));
-    Click(page.get(), CDPMDataPage::IDC_REMOVE_PRODUCT);
+    Tree()->setFocus();
+    QTest::keyClick(Tree(), Qt::Key_Delete);
     EXPECT_FALSE(Node(QStringLiteral("法兰B")));
     EXPECT_TRUE(Node(QStringLiteral("阀门A")));
     Reopen();

@@ -175,13 +175,14 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
     Select(QStringLiteral("阀门A"));
     const struct {
         const char* what;
-        int editButton;  // 0: a double click in the tree
+        int editButton;  // 0: a double click in the tree, -1: Enter on it
         const char* kept;
         const char* dropped;
         QStringList saved;
     } paths[] = {
         {"button", CDPMDataPage::IDC_EDIT_PRODUCT, "甲", "乙", {"闸阀", "甲"}},
         {"double click", 0, "丙", "丁", {"闸阀", "甲", "丙"}},
+        {"Enter", -1, "戊", "己", {"闸阀", "甲", "丙", "戊"}},
     };
     for (const auto& path : paths) {
         SCOPED_TRACE(path.what);
@@ -191,8 +192,11 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
             ProductTestBase::AddProductRecord(create, QString::fromUtf8(path.dropped), ui);
             QTest::keyClick(create, Qt::Key_Escape);
         }));
-        if (path.editButton) {
+        if (path.editButton > 0) {
             Click(page.get(), path.editButton);
+        } else if (path.editButton < 0) {
+            Tree()->setFocus();
+            QTest::keyClick(Tree(), Qt::Key_Return);
         } else {
             QTreeWidgetItem* node = Tree()->currentItem();
             Tree()->scrollToItem(node);
