@@ -1,6 +1,8 @@
 #include "VordpmTool.h"
 
+#include "ExportCommand.h"
 #include "FindCommand.h"
+#include "ImportCommand.h"
 #include "LsCommand.h"
 #include "NamesCommand.h"
 #include "SampleCommand.h"
@@ -11,6 +13,8 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<FindCommand>());
     m_commands.push_back(std::make_unique<NamesCommand>());
     m_commands.push_back(std::make_unique<ShowCommand>());
+    m_commands.push_back(std::make_unique<ExportCommand>());
+    m_commands.push_back(std::make_unique<ImportCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
 }
 
