@@ -30,10 +30,6 @@ struct ZipFileCloser {
 using Zip = std::unique_ptr<zip_t, ZipCloser>;
 using ZipFile = std::unique_ptr<zip_file_t, ZipFileCloser>;
 
-QString Tr(const char* text) {
-    return FamilyXlsxReader::tr(text);
-}
-
 // One XML part of the package, read token by token as it is unpacked.
 class XmlPart {
 public:
@@ -43,14 +39,17 @@ public:
     bool Open(zip_t* zip) {
         const QByteArray entry = m_name.toUtf8();
         const zip_int64_t index = zip_name_locate(zip, entry.constData(), ZIP_FL_NOCASE);
-        if (index < 0) return Fail(Tr("缺少 %1").arg(m_name));
+        if (index < 0) return Fail(FamilyXlsxReader::tr("缺少 %1").arg(m_name));
         zip_stat_t stat;
         zip_stat_init(&stat);
         if (zip_stat_index(zip, zip_uint64_t(index), 0, &stat) == 0 && (stat.valid & ZIP_STAT_SIZE))
             m_size = qint64(stat.size);
-        if (m_size > FamilyLimits::kFileBytes) return Fail(Tr("%1 太大").arg(m_name));
+        if (m_size > FamilyLimits::kFileBytes)
+            return Fail(FamilyXlsxReader::tr("%1 太大").arg(m_name));
         m_file.reset(zip_fopen_index(zip, zip_uint64_t(index), 0));
-        if (!m_file) return Fail(Tr("无法解压 %1: %2").arg(m_name, ZipError(zip_get_error(zip))));
+        if (!m_file)
+            return Fail(
+                FamilyXlsxReader::tr("无法解压 %1: %2").arg(m_name, ZipError(zip_get_error(zip))));
         return true;
     }
 
@@ -63,7 +62,7 @@ public:
             if (!Feed()) return false;
         }
         if (m_xml.hasError()) {
-            Fail(Tr("%1 不是有效的 XML: %2").arg(m_name, m_xml.errorString()));
+            Fail(FamilyXlsxReader::tr("%1 不是有效的 XML: %2").arg(m_name, m_xml.errorString()));
             return false;
         }
         if (m_xml.isStartElement()) ++m_depth;
@@ -82,11 +81,12 @@ private:
         QByteArray chunk(kChunk, Qt::Uninitialized);
         const zip_int64_t read = zip_fread(m_file.get(), chunk.data(), zip_uint64_t(kChunk));
         if (read < 0)
-            return Fail(
-                Tr("无法解压 %1: %2").arg(m_name, ZipError(zip_file_get_error(m_file.get()))));
-        if (read == 0) return Fail(Tr("%1 不完整").arg(m_name));
+            return Fail(FamilyXlsxReader::tr("无法解压 %1: %2")
+                            .arg(m_name, ZipError(zip_file_get_error(m_file.get()))));
+        if (read == 0) return Fail(FamilyXlsxReader::tr("%1 不完整").arg(m_name));
         m_read += read;
-        if (m_read > FamilyLimits::kFileBytes) return Fail(Tr("%1 太大").arg(m_name));
+        if (m_read > FamilyLimits::kFileBytes)
+            return Fail(FamilyXlsxReader::tr("%1 太大").arg(m_name));
         chunk.truncate(qsizetype(read));
         m_xml.addData(chunk);
         return true;
@@ -198,7 +198,8 @@ public:
             const QString reason = QString::fromLocal8Bit(zip_error_strerror(&error));
             zip_error_fini(&error);
             return Refuse(0, 0,
-                          Tr("不是可以读取的 XLSX 文件 (文件已损坏或不完整): %1").arg(reason));
+                          FamilyXlsxReader::tr("不是可以读取的 XLSX 文件 (文件已损坏或不完整): %1")
+                              .arg(reason));
         }
         QString relationship;
         return ReadWorkbook(sheetName, relationship) && ReadSheetPath(relationship) &&
@@ -221,7 +222,7 @@ private:
             }
         }
         if (!part.Error().isEmpty()) return Refuse(part);
-        if (relationship.isEmpty()) return Refuse(0, 0, Tr("工作簿中没有工作表"));
+        if (relationship.isEmpty()) return Refuse(0, 0, FamilyXlsxReader::tr("工作簿中没有工作表"));
         return true;
     }
 
@@ -236,7 +237,7 @@ private:
                                                               : QStringLiteral("xl/") + target;
         }
         if (!part.Error().isEmpty()) return Refuse(part);
-        if (m_sheetPath.isEmpty()) return Refuse(0, 0, Tr("工作簿中没有工作表"));
+        if (m_sheetPath.isEmpty()) return Refuse(0, 0, FamilyXlsxReader::tr("工作簿中没有工作表"));
         return true;
     }
 
@@ -339,7 +340,7 @@ private:
                     ++cells;
                     if (++read % kReportEvery == 0 &&
                         !m_progress.Report(part.Unpacked(), std::max(part.Size(), part.Unpacked())))
-                        return Refuse(0, 0, Tr("已取消"));
+                        return Refuse(0, 0, FamilyXlsxReader::tr("已取消"));
                 } else if (name == u"row") {
                     m_sheet.EndRow();
                 }
@@ -352,8 +353,9 @@ private:
     bool StartRow(QStringView number, int& row) {
         const int next = number.isEmpty() ? row + 1 : number.toInt();
         if (next > FamilyLimits::kRows)
-            return Refuse(next, 0, Tr("文件超过 %1 行").arg(FamilyLimits::kRows));
-        if (next <= m_sheet.RowCount()) return Refuse(next, 0, Tr("工作表的行不是按次序排列的"));
+            return Refuse(next, 0, FamilyXlsxReader::tr("文件超过 %1 行").arg(FamilyLimits::kRows));
+        if (next <= m_sheet.RowCount())
+            return Refuse(next, 0, FamilyXlsxReader::tr("工作表的行不是按次序排列的"));
         while (m_sheet.RowCount() < next - 1) m_sheet.EndRow();
         row = next;
         return true;
@@ -363,8 +365,10 @@ private:
         const QStringView reference = Attribute(xml, u"r");
         cell.column = reference.isEmpty() ? cells + 1 : ColumnOf(reference);
         if (cell.column > FamilyLimits::kColumns)
-            return Refuse(row, cell.column, Tr("一行超过 %1 列").arg(FamilyLimits::kColumns));
-        if (cell.column <= cells) return Refuse(row, cell.column, Tr("单元格不是按次序排列的"));
+            return Refuse(row, cell.column,
+                          FamilyXlsxReader::tr("一行超过 %1 列").arg(FamilyLimits::kColumns));
+        if (cell.column <= cells)
+            return Refuse(row, cell.column, FamilyXlsxReader::tr("单元格不是按次序排列的"));
         cell.type = Attribute(xml, u"t").toString();
         cell.style = Attribute(xml, u"s").toInt();
         for (int column = cells + 1; column < cell.column; ++column) m_sheet.AppendCell({});
@@ -375,21 +379,26 @@ private:
         QString text;
         if (!CellText(cell, row, text)) return false;
         if (text.size() > FamilyLimits::kCellLength)
-            return Refuse(row, cell.column,
-                          Tr("单元格超过 %1 个字符").arg(FamilyLimits::kCellLength));
+            return Refuse(
+                row, cell.column,
+                FamilyXlsxReader::tr("单元格超过 %1 个字符").arg(FamilyLimits::kCellLength));
         m_sheet.AppendCell(text);
         return true;
     }
 
     bool CellText(const Cell& cell, int row, QString& text) const {
-        if (cell.hasFormula && !cell.hasValue)
-            return Refuse(row, cell.column,
-                          Tr("公式没有保存计算结果，请在电子表格程序中重新计算并保存"));
+        // Writers that do not calculate save a formula with an empty value, or none; only a
+        // formula whose result is a text can have an empty one.
+        const bool noResult = !cell.hasValue || (cell.value.isEmpty() && cell.type != u"str");
+        if (cell.hasFormula && noResult)
+            return Refuse(
+                row, cell.column,
+                FamilyXlsxReader::tr("公式没有保存计算结果，请在电子表格程序中重新计算并保存"));
         if (cell.type == u"s") {
             bool ok = false;
             const qsizetype index = cell.value.toLongLong(&ok);
             if (!ok || index < 0 || index >= qsizetype(m_strings.size()))
-                return Refuse(row, cell.column, Tr("共享字符串的编号无效"));
+                return Refuse(row, cell.column, FamilyXlsxReader::tr("共享字符串的编号无效"));
             text = m_strings[size_t(index)];
         } else if (cell.type == u"inlineStr") {
             text = cell.inlineText;

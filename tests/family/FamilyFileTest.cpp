@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QProcess>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 
@@ -106,6 +107,47 @@ TEST_F(FamilyFileTest, RefusesBadFilesNamingWhere) {
         EXPECT_TRUE(read.mid(2).startsWith(QString::fromUtf8(c.message)))
             << c.what << ": " << read.toStdString();
         EXPECT_GT(read.size(), 3) << c.what;
+    }
+}
+
+// Workbooks made by another writer (Debian's python3-openpyxl): inline strings, numbers, a date
+// by its number format; a formula saved without its value (as openpyxl saves every formula) is
+// refused at its cell.
+TEST_F(FamilyFileTest, ReadsWorkbooksOfAnotherWriter) {
+    const QString script = QStringLiteral(
+        "import sys, datetime, openpyxl\n"
+        "book = openpyxl.Workbook()\n"
+        "sheet = book.active\n"
+        "sheet.title = '尺寸'\n"
+        "sheet.append(['d [mm]', '名称', '日期'])\n"
+        "sheet.append([6, '螺母', datetime.date(2024, 1, 31)])\n"
+        "sheet.append([8.5, '螺母', None])\n"
+        "if sys.argv[2] == 'formula': sheet['A4'] = '=A2*2'\n"
+        "book.save(sys.argv[1])\n");
+    struct Case {
+        const char* kind;
+        const char* read;
+    };
+    const Case cases[] = {
+        {"plain", "d [mm]/名称/日期|6/螺母/2024-01-31|8.5/螺母"},
+        {"formula", "! 第 4 行第 1 列: 公式没有保存计算结果"},
+    };
+    for (const Case& c : cases) {
+        const QString path = m_dir.filePath(QStringLiteral("book.xlsx"));
+        QProcess python;
+        python.start(QStringLiteral("/usr/bin/python3"),
+                     {QStringLiteral("-c"), script, path, QLatin1String(c.kind)});
+        ASSERT_TRUE(python.waitForFinished(60000));
+        ASSERT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
+        QFile book(path);
+        ASSERT_TRUE(book.open(QIODevice::ReadOnly));
+        FamilyFile file;
+        const QString read = Read(book.readAll(), file, QStringLiteral("copy.xlsx"));
+        EXPECT_TRUE(read.startsWith(QString::fromUtf8(c.read)))
+            << c.kind << ": " << read.toStdString();
+        if (!read.startsWith(u'!')) {
+            EXPECT_EQ(file.sheetName, QStringLiteral("尺寸"));
+        }
     }
 }
 

@@ -280,7 +280,7 @@ TEST_F(FamilyTableTest, MakesADefinitionFromASizeTable) {
     EXPECT_EQ(names, (QStringList{"全螺纹螺栓M6", "全螺纹螺栓M8", "全螺纹螺栓M10"}));
 
     // The same name again is refused, and the first definition is kept.
-    FamilyCreate again(library, file);
+    FamilyCreate again(View::Library(QStringLiteral("QXMaterial")), file);
     ASSERT_TRUE(again.Plan(name, {}, FamilyProgress::None()));
     EXPECT_FALSE(again.Run(FamilyProgress::None()));
     EXPECT_EQ(View::Series(View::Definition(name)).size(), 3);
