@@ -107,7 +107,8 @@ TEST_F(FamilyToolTest, DryRunPrintsTheChangeThatImportWrites) {
     Write(file, csv);
     const ToolRun refused = Run({"import", "QXMaterial", "六角螺母", file});
     EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_TRUE(refused.out.contains("第 3 行第 7 列: 不是数字: abc")) << refused.out.toStdString();
+    EXPECT_TRUE(refused.out.contains("Row 3, column 7: Not a number: abc"))
+        << refused.out.toStdString();
     EXPECT_TRUE(refused.HasOneErrorLine()) << refused.err.toStdString();
     EXPECT_EQ(NutFile(), changed);
 }
