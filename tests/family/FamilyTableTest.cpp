@@ -239,6 +239,34 @@ TEST_F(FamilyTableTest, UnitsAreComparedNeverConverted) {
     }
 }
 
+// A semicolon file from a spreadsheet program set to a decimal comma: "6,8" is the stored 6.8
+// only when that is asked for, and a misfit otherwise.
+TEST_F(FamilyTableTest, DecimalCommasAreReadOnlyWhenAsked) {
+    QString text;
+    for (const QStringList& row : NutRows()) {
+        QStringList cells = row;
+        for (QString& cell : cells) cell.replace(u'.', u',');
+        text += cells.join(u';') + QStringLiteral("\r\n");
+    }
+    FamilyFile file;
+    ASSERT_TRUE(ReadFile(WriteText(text), file));
+    for (const bool decimalComma : {false, true}) {
+        const FamilyDefinition definition(View::Definition(kNut));
+        FamilyImport import(definition, file);
+        FamilyImportOptions options;
+        options.decimalComma = decimalComma;
+        ASSERT_TRUE(import.Compare(options, FamilyProgress::None()));
+        EXPECT_EQ(import.CanApply(), decimalComma);
+        if (decimalComma) {
+            EXPECT_FALSE(import.HasChanges());
+        } else {
+            ASSERT_FALSE(import.Misfits().empty());
+            EXPECT_TRUE(import.Misfits().front().text.contains(u','))
+                << import.Misfits().front().Message().toStdString();
+        }
+    }
+}
+
 TEST_F(FamilyTableTest, MakesADefinitionFromASizeTable) {
     const QString table = QStringLiteral(
         "GB/T 5783-2016 六角头螺栓 全螺纹,,,\r\n"
