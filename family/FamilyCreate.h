@@ -11,22 +11,17 @@
 #include "FamilyFixedColumns.h"
 #include "FamilyStoreWork.h"
 #include "FamilyTableLayout.h"
+#include "FamilyTableOptions.h"
 #include "VorDPMTypes.h"
 
 class CVorDPMDPD;
 class CVorDPMLibraryManager;
 struct FamilyFile;
 
-struct FamilyCreateOptions {
-    // The sheet row of the header, from 0; negative for the proposal of FamilyTableLayout.
-    int headerRow = -1;
-    // The column whose parameter the proposed naming rule names, from 0; negative for the
-    // first property column.
-    int keyColumn = -1;
+// The key column is the one whose parameter the proposed naming rule names.
+struct FamilyCreateOptions : FamilyTableOptions {
     // The naming rule; empty for the proposal.
     QString rule;
-    // In semicolon-separated files, numbers written with a decimal comma get a decimal point.
-    bool decimalComma = false;
 };
 
 class FamilyCreate : public FamilyStoreWork {

@@ -14,6 +14,7 @@
 #include "FamilyFixedColumns.h"
 #include "FamilyProblem.h"
 #include "FamilyTableLayout.h"
+#include "FamilyTableOptions.h"
 #include "VorDPMTypes.h"
 
 class CVorDPM_DPD_Serial;
@@ -21,16 +22,9 @@ class FamilyDefinition;
 class FamilyProgress;
 struct FamilyFile;
 
-struct FamilyImportOptions {
-    // The sheet row of the header, from 0; negative for the proposal of FamilyTableLayout.
-    int headerRow = -1;
-    // The key column, from 0; negative for the product-name column, else the first column.
-    int keyColumn = -1;
+struct FamilyImportOptions : FamilyTableOptions {
     // Rows of the definition that the file lacks are removed instead of kept.
     bool removeMissing = false;
-    // In semicolon-separated files, numbers written with a decimal comma are stored with a
-    // decimal point.
-    bool decimalComma = false;
     // Columns that match no property and are to become new properties.
     std::vector<int> addColumns;
     // All such columns (the tool's --add-columns).

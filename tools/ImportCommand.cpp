@@ -101,11 +101,9 @@ int ImportCommand::Update(const QCommandLineParser& parser, CVorDPMDPD* dpd, con
     const FamilyDefinition definition(dpd);
     FamilyImport import(definition, file);
     FamilyImportOptions options;
-    options.headerRow = HeaderRow(parser);
-    options.keyColumn = KeyColumn(parser, file, options.headerRow);
+    ReadTableOptions(parser, file, options);
     options.removeMissing = parser.isSet(kRemoveMissing);
     options.addAllColumns = parser.isSet(kAddColumns);
-    options.decimalComma = parser.isSet(kDecimalComma);
     if (!import.Compare(options, FamilyProgress::None())) return Refused(console, import.Refusal());
     const bool json = parser.isSet(kJson);
     QJsonObject document = json ? ImportReport::Json(import) : QJsonObject();
@@ -135,10 +133,8 @@ int ImportCommand::Create(const QCommandLineParser& parser, const FamilyFile& fi
     CVorDPMLibraryManager* library = ToolLookup(console).Library(arguments[0]);
     FamilyCreate create(library, file);
     FamilyCreateOptions options;
-    options.headerRow = HeaderRow(parser);
-    options.keyColumn = KeyColumn(parser, file, options.headerRow);
+    ReadTableOptions(parser, file, options);
     options.rule = parser.value(kRule);
-    options.decimalComma = parser.isSet(kDecimalComma);
     if (!create.Plan(arguments[1], options, FamilyProgress::None()) ||
         !create.Run(FamilyProgress::None()))
         return Refused(console, create.Problem());
@@ -148,6 +144,13 @@ int ImportCommand::Create(const QCommandLineParser& parser, const FamilyFile& fi
                          .arg(create.Layout().HeaderRow() + 1)
                          .arg(create.Rule());
     return ToolConsole::Success;
+}
+
+void ImportCommand::ReadTableOptions(const QCommandLineParser& parser, const FamilyFile& file,
+                                     FamilyTableOptions& options) {
+    options.headerRow = HeaderRow(parser);
+    options.keyColumn = KeyColumn(parser, file, options.headerRow);
+    options.decimalComma = parser.isSet(kDecimalComma);
 }
 
 int ImportCommand::HeaderRow(const QCommandLineParser& parser) {

@@ -8,6 +8,7 @@
 class CVorDPMDPD;
 class FamilyTableLayout;
 struct FamilyFile;
+struct FamilyTableOptions;
 
 class ImportCommand : public ToolCommand {
 public:
@@ -26,6 +27,9 @@ private:
                       ToolConsole& console);
     static int Create(const QCommandLineParser& parser, const FamilyFile& file,
                       ToolConsole& console);
+    // --header-row, --key and --decimal-comma.
+    static void ReadTableOptions(const QCommandLineParser& parser, const FamilyFile& file,
+                                 FamilyTableOptions& options);
     // The sheet row (from 0) that --header-row names; -1 when not given, -2 when not a number.
     static int HeaderRow(const QCommandLineParser& parser);
     // The column (from 0) that --key names by heading or number; -1 when not given, -2 when no
