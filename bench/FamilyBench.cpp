@@ -1,7 +1,8 @@
 // Family tables of 100,000 series rows by 20 properties: the diff of a file against the
-// definition it came from (no change; peak_MB is the process's peak resident memory), the export
-// to CSV and to XLSX beside a plain write of the same texts, and the import of the CSV into a new
-// definition, saved, beside the sqlite3 shell's .import of the same file into a plain table.
+// definition it came from (no change; peak_MB is the process's peak resident memory) beside
+// reading the file alone, the export to CSV and to XLSX beside a plain write of the same texts,
+// and the import of the CSV into a new definition, saved, beside the sqlite3 shell's .import of
+// the same file into a plain table.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
 
@@ -73,6 +74,18 @@ void BM_DiffWithoutChanges(benchmark::State& state) {
     state.counters["peak_MB"] = PeakMegabytes();
 }
 BENCHMARK(BM_DiffWithoutChanges)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The baseline of the diff: reading the file alone.
+void BM_ReadCsvOnly(benchmark::State& state) {
+    FamilyBenchData& data = Data();
+    for (auto _ : state) {
+        FamilyFile file;
+        FamilyProblem problem;
+        if (!FamilyFileReader::Read(data.csv, file, problem, FamilyProgress::None()))
+            state.SkipWithError(qPrintable(problem.Message()));
+    }
+}
+BENCHMARK(BM_ReadCsvOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void Export(benchmark::State& state, FamilyExport::Format format, const char* name) {
     FamilyBenchData& data = Data();
