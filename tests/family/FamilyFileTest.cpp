@@ -91,7 +91,7 @@ TEST_F(FamilyFileTest, RefusesBadFilesNamingWhere) {
     const Case cases[] = {
         {"empty", "", "t.csv", "文件是空的"},
         {"blank", " \r\n\n", "t.csv", "文件是空的"},
-        {"binary", QByteArray("d,e\n1,\x01\x02\x03", 11), "t.csv", "第 2 行第 2 列"},
+        {"binary", QByteArray("d,e\n1,\x01\x02\x03"), "t.csv", "第 2 行第 2 列"},
         {"unbalanced quote", "a,b\n1,\"open\n2,3\n", "t.csv", "第 2 行第 2 列"},
         {"text after a closing quote", "a,b\n\"x\"y,1\n", "t.csv", "第 2 行第 1 列"},
         {"a cell of 1 MB", bigCell, "t.csv", "第 2 行第 1 列"},
