@@ -17,6 +17,7 @@
 #include "VorDPMSaveWork.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMPictureCtrl.h"
+#include "library/CVorDPMLibraryCheckPanel.h"
 #include "library/CVorDPMVersionDlg.h"
 #include "query/CVorDPMData.h"
 
@@ -66,7 +67,8 @@ CDPMlibraryPage::CDPMlibraryPage(QWidget* parent)
       m_editText(VorDPMControlId::AddButton(this, IDC_EDIT_TEXT, tr("修改"))),
       m_loadPicture(VorDPMControlId::AddButton(this, IDC_LOAD_PICTURE, tr("载入图片"))),
       m_save(VorDPMControlId::AddButton(this, IDC_SAVE, tr("保存"))),
-      m_version(VorDPMControlId::AddButton(this, IDC_VERSION, tr("版本信息"))) {
+      m_version(VorDPMControlId::AddButton(this, IDC_VERSION, tr("版本信息"))),
+      m_checkPanel(new CVorDPMLibraryCheckPanel(this)) {
     VorDPMControlId::Set(m_report, IDC_INFO_REPORT);
     VorDPMControlId::Set(m_picture, IDC_PICTURE);
     VorDPMControlId::Set(m_status, IDC_STATUS);
@@ -87,6 +89,7 @@ CDPMlibraryPage::CDPMlibraryPage(QWidget* parent)
     layout->addWidget(infoBox, 3);
     layout->addWidget(pictureBox, 2);
     layout->addLayout(buttons);
+    layout->addWidget(m_checkPanel, 2);
 
     connect(m_editText, &QPushButton::clicked, this, &CDPMlibraryPage::OnEditText);
     connect(m_loadPicture, &QPushButton::clicked, this, &CDPMlibraryPage::OnLoadPicture);
@@ -102,6 +105,7 @@ CDPMlibraryPage::CDPMlibraryPage(QWidget* parent)
 int CDPMlibraryPage::SetCurrentPath(const QString& path) {
     m_currentPath = path;
     m_library = path.section(QLatin1Char('/'), 0, 0);
+    m_checkPanel->SetLibrary(m_library);
     Reload();
     return 1;
 }

@@ -1,6 +1,6 @@
 // The library page of the main dialog's sheet ("产品库"): the selected library's information
 // record (texts, picture, product counts), edited through input boxes and saved to the store,
-// and the library's version history.
+// the library's version history, and the health check of the library's files.
 #pragma once
 
 #include <QString>
@@ -8,6 +8,7 @@
 
 #include "CVorDPMPropertPageBase.h"
 
+class CVorDPMLibraryCheckPanel;
 class CVorDPMLibraryManager;
 class CVorDPMPictureCtrl;
 class CVorDPMReportCtrlBase;
@@ -38,6 +39,7 @@ public:
     CVorDPMReportCtrlBase* GetReportCtrl() const { return m_report; }
     CVorDPMPictureCtrl* GetPictureCtrl() const { return m_picture; }
     const QString& GetCurrentPath() const { return m_currentPath; }
+    CVorDPMLibraryCheckPanel* GetCheckPanel() const { return m_checkPanel; }
 
 private:
     void Reload();
@@ -66,4 +68,5 @@ private:
     QPushButton* m_loadPicture;
     QPushButton* m_save;
     QPushButton* m_version;
+    CVorDPMLibraryCheckPanel* m_checkPanel;
 };

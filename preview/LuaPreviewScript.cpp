@@ -204,3 +204,14 @@ PreviewResult LuaPreviewScript::Run(const QByteArray& script, const PreviewParam
     sandbox.Run(script, "=preview", result);
     return result;
 }
+
+LuaPreviewScript::ParameterName LuaPreviewScript::CheckParameterName(const QString& name) {
+    // A sandbox set up as for a run without parameters: it has every global a script sees.
+    PreviewDrawing drawing;
+    Setup setup{{}, &drawing};
+    LuaSandbox sandbox(PreviewLimits{});
+    sandbox.Protected(&InstallGlobals, &setup);
+    const QByteArray utf8 = name.toUtf8();
+    if (!sandbox.IsName(utf8)) return ParameterName::NotAName;
+    return sandbox.HasGlobal(utf8) ? ParameterName::Taken : ParameterName::Usable;
+}

@@ -1,5 +1,6 @@
 #include "LuaSandbox.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <lua.hpp>
@@ -209,6 +210,29 @@ void LuaSandbox::Run(const QByteArray& code, const char* chunkName, PreviewResul
     if (status == LUA_OK) status = lua_pcall(m_state, 0, 0, 0);
     Describe(status, result);
     if (m_state) lua_settop(m_state, 0);
+}
+
+bool LuaSandbox::IsName(const QByteArray& name) const {
+    if (m_setupStatus != LUA_OK || name.isEmpty() || (name[0] >= '0' && name[0] <= '9'))
+        return false;
+    const bool letters = std::all_of(name.cbegin(), name.cend(), [](char c) {
+        return c == '_' || (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') ||
+               (c >= 'A' && c <= 'Z');
+    });
+    if (!letters) return false;
+    // Lua's own parser tells a reserved word from a name.
+    const QByteArray declaration = "local " + name;
+    const bool parsed = luaL_loadbufferx(m_state, declaration.constData(), declaration.size(),
+                                         "=name", "t") == LUA_OK;
+    lua_settop(m_state, 0);
+    return parsed;
+}
+
+bool LuaSandbox::HasGlobal(const QByteArray& name) const {
+    if (m_setupStatus != LUA_OK) return false;
+    const bool defined = lua_getglobal(m_state, name.constData()) != LUA_TNIL;
+    lua_settop(m_state, 0);
+    return defined;
 }
 
 void LuaSandbox::Describe(int status, PreviewResult& result) const {

@@ -30,6 +30,13 @@ public:
     // and, for a script error, its detail.
     void Run(const QByteArray& code, const char* chunkName, PreviewResult& result);
 
+    // Whether `name` is a Lua name (letters, digits and "_", not starting with a digit) and
+    // no reserved word.
+    bool IsName(const QByteArray& name) const;
+    // Whether the state defines a global of that name: a library, a base function, or what
+    // Protected() has set up.
+    bool HasGlobal(const QByteArray& name) const;
+
     // For C functions called by a script, before they do the work: counts `steps` loop rounds
     // done inside C (where the instruction limit does not reach) against the instruction limit,
     // and `bytes` kept outside the Lua heap (the drawing list) against the memory limit. Either

@@ -74,7 +74,9 @@ void PreviewRunner::Watch(bool on) {
         m_notifier.setSocket(m_process.Socket());
         m_notifier.setEnabled(true);
     }
-    m_timer.start(int(std::max<qint64>(0, m_deadline.remainingTime())));
+    // A request that never reached a child (it could not start) is settled at once, not when
+    // the deadline has passed.
+    m_timer.start(m_sent ? int(std::max<qint64>(0, m_deadline.remainingTime())) : 0);
 }
 
 void PreviewRunner::OnActivity() {

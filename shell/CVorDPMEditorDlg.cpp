@@ -21,7 +21,9 @@
 #include "common/CVorDPMNewLibraryDlg.h"
 #include "common/CVorDPMSetLibRoot.h"
 #include "library/CDPMlibraryPage.h"
+#include "library/CVorDPMLibraryCheckPanel.h"
 #include "product/CDPMDataPage.h"
+#include "product/CVorDPMCreateProductDlg.h"
 #include "query/CVorDPMData.h"
 #include "template/CVorDPMEditTemplateDlg.h"
 #include "template/CVorDPMNewTemplateDlg.h"
@@ -78,6 +80,11 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
     // The menu bar is part of the window on every platform, as the layout below expects.
     m_menuBar->setNativeMenuBar(false);
     connect(m_contentPage, &CDPMContentPage::Modified, this, [this] { m_modified = true; });
+    CVorDPMLibraryCheckPanel* check = m_libraryPage->GetCheckPanel();
+    connect(check, &CVorDPMLibraryCheckPanel::OpenDefinition, this,
+            &CVorDPMEditorDlg::OpenDefinition);
+    connect(check, &CVorDPMLibraryCheckPanel::SelectCatalog, this,
+            &CVorDPMEditorDlg::SelectCatalog);
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -428,6 +435,28 @@ CVorDPMLibraryManager* CVorDPMEditorDlg::FindLibrary(QTreeWidgetItem* node) {
     CVorDPMLibraryManager* library = nullptr;
     if (node) CVorDPMData::GetLibraryManger(LibraryNode(node)->text(0), library);
     return library;
+}
+
+// The create-product dialog saves its own edits; the pages show what it saved.
+void CVorDPMEditorDlg::OpenDefinition(const QString& library, const QString& definition) {
+    CVorDPMLibraryManager* manager = nullptr;
+    CVorDPMData::GetLibraryManger(library, manager);
+    CVorDPMDPD* dpd = nullptr;
+    if (manager) manager->GetDPD(definition, dpd);
+    if (!dpd) return ShowMessage(tr("产品库\"%1\"中没有产品定义\"%2\"。").arg(library, definition));
+    CVorDPMCreateProductDlg dialog(dpd, m_pPreviewDrawCallback, m_pPreviewCloseCallback,
+                                   m_pPreviewMoveCallback, this);
+    if (CVorDPMUiService::Instance()->Exec(&dialog) == QDialog::Accepted) ShowPath(CurrentPath);
+}
+
+// The catalog's node in the tree, and the catalog page that shows it; the findings stay on the
+// library page, as the library is the same.
+void CVorDPMEditorDlg::SelectCatalog(const QString& library, const QString& catalog) {
+    QTreeWidgetItem* node = m_tree->GetItem(library, nullptr);
+    if (node) node = m_tree->GetItem(catalog, node);
+    if (!node) return ShowMessage(tr("目录树中没有产品目录\"%1/%2\"。").arg(library, catalog));
+    m_tree->setCurrentItem(node);
+    m_sheet->setCurrentWidget(m_contentPage);
 }
 
 void CVorDPMEditorDlg::ShowMessage(const QString& text) {

@@ -98,6 +98,10 @@ private:
     void OnShowAllLibraries(bool all);
     void OnTreeContextMenu(const QPoint& position);
     void OnLabelEditEnd(QWidget* editor);
+    // Where a finding of the library check leads: its definition in the create-product dialog,
+    // or its catalog.
+    void OpenDefinition(const QString& library, const QString& definition);
+    void SelectCatalog(const QString& library, const QString& catalog);
 
     void OnOpenFile();
     void OnSaveWork();

@@ -1,5 +1,6 @@
 #include "VordpmTool.h"
 
+#include "CheckCommand.h"
 #include "ExportCommand.h"
 #include "FindCommand.h"
 #include "ImportCommand.h"
@@ -16,6 +17,7 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<ExportCommand>());
     m_commands.push_back(std::make_unique<ImportCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
+    m_commands.push_back(std::make_unique<CheckCommand>());
 }
 
 QString VordpmTool::Usage() const {

@@ -308,6 +308,37 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMCheckFindingModel</name>
+    <message>
+        <source>错误</source>
+        <translation>Error</translation>
+    </message>
+    <message>
+        <source>警告</source>
+        <translation>Warning</translation>
+    </message>
+    <message>
+        <source>级别</source>
+        <translation>Severity</translation>
+    </message>
+    <message>
+        <source>文件</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>表#行</source>
+        <translation>Table#Row</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>说明</source>
+        <translation>Message</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMCreateProductDlg</name>
     <message>
         <source>创建产品</source>
@@ -706,6 +737,45 @@
     <message>
         <source>显示全部产品库</source>
         <translation>Show all libraries</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;中没有产品定义&quot;%2&quot;。</source>
+        <translation>Library &quot;%1&quot; has no product definition &quot;%2&quot;.</translation>
+    </message>
+    <message>
+        <source>目录树中没有产品目录&quot;%1/%2&quot;。</source>
+        <translation>The tree does not show the catalog &quot;%1/%2&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMLibraryCheckPanel</name>
+    <message>
+        <source>检查</source>
+        <translation>Check</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>检查所选产品库已保存的文件：文件、命名规则、系列数据、目录和脚本</source>
+        <translation>Checks the saved files of the selected library: files, naming rules, series, catalogs and scripts</translation>
+    </message>
+    <message>
+        <source>正在检查产品库&quot;%1&quot;……</source>
+        <translation>Checking library &quot;%1&quot;…</translation>
+    </message>
+    <message>
+        <source>%1 个文件，%2 个错误，%3 个警告</source>
+        <translation>%1 files, %2 errors, %3 warnings</translation>
+    </message>
+    <message>
+        <source>检查已取消（到此为止：%1）</source>
+        <translation>Check cancelled (so far: %1)</translation>
+    </message>
+    <message>
+        <source>检查完成：%1</source>
+        <translation>Check done: %1</translation>
     </message>
 </context>
 <context>
@@ -1310,6 +1380,175 @@
     </message>
 </context>
 <context>
+    <name>CatalogCheck</name>
+    <message>
+        <source>本库没有产品定义&quot;%1&quot;</source>
+        <translation>The library has no product definition &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>第 %1 级分类&quot;%2&quot;之上没有第 %3 级分类</source>
+        <translation>Classification &quot;%2&quot; of level %1 has no classification of level %3 above it</translation>
+    </message>
+    <message>
+        <source>与条目 %1 重复：同一产品在同一分类下</source>
+        <translation>Repeats entry %1: the same product under the same classification</translation>
+    </message>
+    <message>
+        <source>引用的目录&quot;%1&quot;无效：没有产品库&quot;%2&quot;</source>
+        <translation>The referenced catalog &quot;%1&quot; is invalid: there is no library &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>引用的目录&quot;%1&quot;无效：产品库&quot;%2&quot;中没有目录&quot;%3&quot;</source>
+        <translation>The referenced catalog &quot;%1&quot; is invalid: library &quot;%2&quot; has no catalog &quot;%3&quot;</translation>
+    </message>
+</context>
+<context>
+    <name>CheckPictures</name>
+    <message>
+        <source>%1无法解码（%2 字节）</source>
+        <translation>%1 does not decode (%2 bytes)</translation>
+    </message>
+</context>
+<context>
+    <name>CheckScriptRuns</name>
+    <message>
+        <source>脚本&quot;%1&quot;第 %2 行出错：%3</source>
+        <translation>Script &quot;%1&quot; fails at line %2: %3</translation>
+    </message>
+    <message>
+        <source>脚本&quot;%1&quot;出错：%2</source>
+        <translation>Script &quot;%1&quot; fails: %2</translation>
+    </message>
+    <message>
+        <source>脚本&quot;%1&quot;运行超过 %2 毫秒或 %3 条指令，已被停止</source>
+        <translation>Script &quot;%1&quot; ran longer than %2 ms or %3 instructions and was stopped</translation>
+    </message>
+    <message>
+        <source>脚本&quot;%1&quot;占用内存超过 %2 MB，已被停止</source>
+        <translation>Script &quot;%1&quot; used more than %2 MB of memory and was stopped</translation>
+    </message>
+    <message>
+        <source>无法运行脚本&quot;%1&quot;：%2</source>
+        <translation>Script &quot;%1&quot; could not be run: %2</translation>
+    </message>
+    <message>
+        <source>脚本&quot;%1&quot;没有绘制任何图形</source>
+        <translation>Script &quot;%1&quot; draws nothing</translation>
+    </message>
+    <message>
+        <source>脚本&quot;%1&quot;所绘图形的范围不是有限且非空的</source>
+        <translation>What script &quot;%1&quot; draws has no finite, non-empty extent</translation>
+    </message>
+    <message>
+        <source>以默认值运行时，%1</source>
+        <translation>With the default values: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>（另有 %n 组参数值同样如此）</source>
+        <translation>
+            <numerusform> (and %n more set of values)</numerusform>
+            <numerusform> (and %n more sets of values)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CheckedFile</name>
+    <message>
+        <source>无法读取该文件：%1</source>
+        <translation>The file cannot be read: %1</translation>
+    </message>
+    <message>
+        <source>无法对该文件做完整性检查：%1</source>
+        <translation>The file&apos;s integrity cannot be checked: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>文件已损坏：SQLite 的完整性检查发现 %n 处问题，第一处：%1</source>
+        <translation>
+            <numerusform>The file is damaged: SQLite&apos;s integrity check finds %n problem: %1</numerusform>
+            <numerusform>The file is damaged: SQLite&apos;s integrity check finds %n problems, the first: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DefinitionCheck</name>
+    <message>
+        <source>属性&quot;%1&quot;没有参数名</source>
+        <translation>Property &quot;%1&quot; has no parameter name</translation>
+    </message>
+    <message>
+        <source>参数名&quot;%1&quot;不能用作脚本的全局变量：它不是 Lua 名称，或是 Lua 的保留字</source>
+        <translation>Parameter name &quot;%1&quot; cannot be a script&apos;s global: it is not a Lua name, or it is a Lua reserved word</translation>
+    </message>
+    <message>
+        <source>参数名&quot;%1&quot;与属性 %2 的参数名相同（不分大小写）</source>
+        <translation>Parameter name &quot;%1&quot; is that of property %2 (ignoring case)</translation>
+    </message>
+    <message>
+        <source>参数&quot;%1&quot;的单位&quot;%2&quot;不在单位表中</source>
+        <translation>The unit &quot;%2&quot; of parameter &quot;%1&quot; is not in the unit table</translation>
+    </message>
+    <message>
+        <source>产品名称&quot;%1&quot;与产品 %2 的名称相同（不分大小写）</source>
+        <translation>Product name &quot;%1&quot; is that of product %2 (ignoring case)</translation>
+    </message>
+    <message>
+        <source>命名规则&quot;%1&quot;没有任何部分，无法组成产品名称</source>
+        <translation>Naming rule &quot;%1&quot; has no parts: it cannot build a product name</translation>
+    </message>
+    <message>
+        <source>命名规则&quot;%1&quot;没有固定文字：第一部分&quot;%2&quot;总是原样使用，不会代入参数值</source>
+        <translation>Naming rule &quot;%1&quot; has no literal text: its first part &quot;%2&quot; is always used as it stands, never replaced by a value</translation>
+    </message>
+    <message>
+        <source>命名规则&quot;%1&quot;中的&quot;%2&quot;不是本定义的参数名</source>
+        <translation>&quot;%2&quot; in naming rule &quot;%1&quot; is no parameter name of this definition</translation>
+    </message>
+    <message>
+        <source>产品名称&quot;%1&quot;在本库的产品定义&quot;%2&quot;中也有</source>
+        <translation>Product name &quot;%1&quot; is also in product definition &quot;%2&quot; of this library</translation>
+    </message>
+    <message>
+        <source>图片&quot;%1&quot;</source>
+        <translation>Picture &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>参数化形体&quot;%1&quot;的脚本 ID %2 不存在</source>
+        <translation>The script ID %2 of shape &quot;%1&quot; does not exist</translation>
+    </message>
+    <message>
+        <source>参数化形体&quot;%1&quot;的脚本参数&quot;%2&quot;不是本定义的参数名</source>
+        <translation>Script parameter &quot;%2&quot; of shape &quot;%1&quot; is no parameter name of this definition</translation>
+    </message>
+    <message>
+        <source>产品 ID %1 不存在，此行无法组成产品名称</source>
+        <translation>Product ID %1 does not exist: the row cannot be named</translation>
+    </message>
+    <message>
+        <source>参数化形体 ID %1 不存在</source>
+        <translation>Shape ID %1 does not exist</translation>
+    </message>
+    <message>
+        <source>实物图片 ID %1 不存在</source>
+        <translation>Picture ID %1 does not exist</translation>
+    </message>
+    <message>
+        <source>参数&quot;%1&quot;要求系列化检查，此行却没有它的值</source>
+        <translation>Parameter &quot;%1&quot; is checked in the series, yet this row has no value for it</translation>
+    </message>
+    <message>
+        <source>参数&quot;%1&quot;的值&quot;%2&quot;不是整数</source>
+        <translation>Value &quot;%2&quot; of parameter &quot;%1&quot; is not an integer</translation>
+    </message>
+    <message>
+        <source>参数&quot;%1&quot;的值&quot;%2&quot;不是实数</source>
+        <translation>Value &quot;%2&quot; of parameter &quot;%1&quot; is not a real number</translation>
+    </message>
+    <message>
+        <source>参数名&quot;%1&quot;与脚本可用的库、函数或绘图函数同名：传给脚本后，二者之一读不到</source>
+        <translation>Parameter name &quot;%1&quot; is that of a library, function or drawing call scripts use: passed to a script, one of the two cannot be reached</translation>
+    </message>
+</context>
+<context>
     <name>FamilyCreate</name>
     <message>
         <source>与前面的列得到相同的参数名: %1</source>
@@ -1655,6 +1894,21 @@
     <message>
         <source>无法写入文件 %1</source>
         <translation>Cannot write the file %1</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryCheck</name>
+    <message>
+        <source>没有产品库&quot;%1&quot;</source>
+        <translation>There is no library &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>产品库&quot;%1&quot;中没有产品定义&quot;%2&quot;</source>
+        <translation>Library &quot;%1&quot; has no product definition &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>产品库图片</source>
+        <translation>The library picture</translation>
     </message>
 </context>
 <context>

@@ -70,11 +70,14 @@ QStringList EditorFixture::ChildTexts(QTreeWidgetItem* node) const {
     return texts;
 }
 
-QStringList EditorFixture::RootTexts() {
+QStringList EditorFixture::TopTexts(const QTreeWidget& tree) {
     QStringList texts;
-    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
-    for (int i = 0; i < tree->topLevelItemCount(); ++i) texts << tree->topLevelItem(i)->text(0);
+    for (int i = 0; i < tree.topLevelItemCount(); ++i) texts << tree.topLevelItem(i)->text(0);
     return texts;
+}
+
+QStringList EditorFixture::RootTexts() {
+    return TopTexts(*Dialog().GetTreeCtrl());
 }
 
 QString EditorFixture::CatalogFile(const QString& library, const QString& catalog) const {

@@ -10,6 +10,7 @@
 #include "CVorDPMEditorDlg.h"
 #include "support/GuiTestBase.h"
 
+class QTreeWidget;
 class QTreeWidgetItem;
 
 class EditorFixture : public GuiTestBase {
@@ -29,6 +30,8 @@ protected:
     // Menu bar: triggers `entry` of the menu `menu`; false when absent or disabled.
     bool TriggerMenuBar(const QString& menu, const QString& entry);
     QStringList ChildTexts(QTreeWidgetItem* node) const;
+    static QStringList TopTexts(const QTreeWidget& tree);
+    // The top-level texts of the dialog's tree.
     QStringList RootTexts();
 
     QString CatalogFile(const QString& library, const QString& catalog) const;

@@ -24,12 +24,6 @@ const QStringList kFixed{"QXMaterial", "QXMEP"};
 // The fixture's libraries in the store's order (names sorted without regard to case).
 const QStringList kAll{"Other", "QXMaterial"};
 
-QStringList TopTexts(const QTreeWidget& tree) {
-    QStringList texts;
-    for (int i = 0; i < tree.topLevelItemCount(); ++i) texts << tree.topLevelItem(i)->text(0);
-    return texts;
-}
-
 class LibraryList : public EditorFixture {
 protected:
     // Settings outlive a test's library root: each test starts from the default.

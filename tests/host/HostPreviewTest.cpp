@@ -57,20 +57,19 @@ TEST_F(HostPreviewTest, DrawPlacesAChildAtTheRectangleMoveFollowsCloseRemoves) {
     HostPreview::Close();
 }
 
-TEST_F(HostPreviewTest, APreviewForAnotherWindowLeavesTheFirstOne) {
-    QWidget other;
+// The preview lives in the window it was asked for: another window takes it over, a window
+// closed first takes it along, and without a window there is none.
+TEST_F(HostPreviewTest, ThePreviewBelongsToItsWindow) {
+    auto* other = new QWidget;
     Draw(&window, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
-    Draw(&other, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    Draw(other, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
     EXPECT_TRUE(window.findChildren<PreviewWidget*>().isEmpty());
-    EXPECT_EQ(other.findChildren<PreviewWidget*>().size(), 1);
-}
-
-TEST_F(HostPreviewTest, AWindowClosedFirstTakesThePreviewWithIt) {
-    auto* editor = new QWidget;
-    Draw(editor, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
-    delete editor;
+    EXPECT_EQ(other->findChildren<PreviewWidget*>().size(), 1);
+    delete other;
     EXPECT_EQ(HostPreview::Current(), nullptr);
     HostPreview::Move(QRect(0, 0, 5, 5));
+    Draw(nullptr, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
+    EXPECT_EQ(HostPreview::Current(), nullptr);
 }
 
 TEST_F(HostPreviewTest, FailuresAreShownAsTextInTheArea) {
@@ -144,11 +143,6 @@ TEST_F(HostPreviewTest, TheHostStaysResponsiveWhileAScriptRuns) {
         EXPECT_GT(ticks, 10);
         EXPECT_LT(timer.elapsed(), 1500);
     }
-}
-
-TEST_F(HostPreviewTest, WithoutAWindowNothingIsDrawn) {
-    Draw(nullptr, QRect(0, 0, 100, 100), "line(0, 0, 1, 1)");
-    EXPECT_EQ(HostPreview::Current(), nullptr);
 }
 
 int DarkPixelsInRow(const QImage& image, int y) {

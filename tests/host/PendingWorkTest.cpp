@@ -58,28 +58,26 @@ protected:
     static inline CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
 };
 
-TEST_F(PendingWorkTest, YesSavesTheChanges) {
-    ChangeCompany();
-    ScriptedPrompt prompt(true);
-    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
-    EXPECT_EQ(prompt.questions, 1);
-    EXPECT_FALSE(store->HasUnsavedChanges());
-    EXPECT_EQ(SavedCompany(), QStringLiteral("青霞标准件"));
-}
-
-TEST_F(PendingWorkTest, NoDropsTheChanges) {
-    ChangeCompany();
-    ScriptedPrompt prompt(false);
-    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
-    EXPECT_EQ(prompt.questions, 1);
-    EXPECT_FALSE(store->HasUnsavedChanges());
-    EXPECT_EQ(SavedCompany(), QString());
-}
-
-TEST_F(PendingWorkTest, NothingPendingAsksNothing) {
-    ScriptedPrompt prompt(true);
-    EXPECT_TRUE(PendingWork::Finish(*store, prompt));
-    EXPECT_EQ(prompt.questions, 0);
+// The answer to the question decides what reaches the disk; nothing pending asks nothing.
+TEST_F(PendingWorkTest, TheAnswerSavesOrDropsTheChanges) {
+    const struct {
+        bool pending, save;
+        int questions;
+        QString saved;
+    } cases[] = {
+        {true, false, 1, QString()},
+        {true, true, 1, QStringLiteral("青霞标准件")},
+        {false, true, 0, QStringLiteral("青霞标准件")},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "pending " << c.pending << ", save " << c.save);
+        if (c.pending) ChangeCompany();
+        ScriptedPrompt prompt(c.save);
+        EXPECT_TRUE(PendingWork::Finish(*store, prompt));
+        EXPECT_EQ(prompt.questions, c.questions);
+        EXPECT_FALSE(store->HasUnsavedChanges());
+        EXPECT_EQ(SavedCompany(), c.saved);
+    }
 }
 
 TEST_F(PendingWorkTest, AFailedSaveIsReportedWithTheStoresReason) {

@@ -1,6 +1,5 @@
 #include <QTreeWidget>
 
-#include "CVorDPMDPOProperty.h"
 #include "QueryFixture.h"
 #include "query/CVorDPMData.h"
 
@@ -49,12 +48,12 @@ protected:
     }
 };
 
-TEST_F(CatalogQueryTest, LooksUpLibrariesAndCatalogsByName) {
+// Look-ups by name: a missing name leaves the answer empty; one in a missing library fails.
+TEST_F(CatalogQueryTest, LooksUpLibrariesCatalogsAndLibraryInformationByName) {
     CVorDPMLibraryManager* library = nullptr;
     EXPECT_EQ(CVorDPMData::GetLibraryManger(QStringLiteral("QXMaterial"), library), 1);
     ASSERT_NE(library, nullptr);
     EXPECT_EQ(library->GetLibraryName(), QStringLiteral("QXMaterial"));
-
     CVorDPMLibraryManager* missing = nullptr;
     EXPECT_EQ(CVorDPMData::GetLibraryManger(QStringLiteral("Nowhere"), missing), 1);
     EXPECT_EQ(missing, nullptr);
@@ -69,6 +68,13 @@ TEST_F(CatalogQueryTest, LooksUpLibrariesAndCatalogsByName) {
     EXPECT_EQ(catalog, nullptr);
     ASSERT_NE(Catalog(), nullptr);
     EXPECT_EQ(Catalog()->GetDPCName(), QStringLiteral("紧固件"));
+
+    CVorDPM_DPI_Info* info = nullptr;
+    EXPECT_EQ(CVorDPMData::GetDPIInfo(QStringLiteral("QXMaterial"), info), 1);
+    EXPECT_NE(info, nullptr);
+    CVorDPM_DPI_Info* none = nullptr;
+    EXPECT_EQ(CVorDPMData::GetDPIInfo(QStringLiteral("Nowhere"), none), 0);
+    EXPECT_EQ(none, nullptr);
 }
 
 TEST_F(CatalogQueryTest, ListsNamesByAppending) {
@@ -85,43 +91,23 @@ TEST_F(CatalogQueryTest, ListsNamesByAppending) {
     EXPECT_EQ(catalogs.size(), 3u);
 }
 
-TEST_F(CatalogQueryTest, ReadsLibraryInformationAndCommonProperties) {
-    CVorDPM_DPI_Info* info = nullptr;
-    EXPECT_EQ(CVorDPMData::GetDPIInfo(QStringLiteral("QXMaterial"), info), 1);
-    EXPECT_NE(info, nullptr);
-    CVorDPM_DPI_Info* none = nullptr;
-    EXPECT_EQ(CVorDPMData::GetDPIInfo(QStringLiteral("Nowhere"), none), 0);
-    EXPECT_EQ(none, nullptr);
-
-    CVorDPMDPOProperty* properties = nullptr;
-    EXPECT_EQ(CVorDPMData::GetDPOProperty(properties), 1);
-    EXPECT_NE(properties, nullptr);
-}
-
-TEST_F(CatalogQueryTest, ExteriorDefinitionsAreThoseNoCatalogHolds) {
-    CKZList<CVorDPMDPD*> exterior;
-    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
-    QStringList names;
-    for (const CVorDPMDPD* dpd : exterior) names.append(dpd->GetDPDName());
-    EXPECT_EQ(names, QStringList{QStringLiteral("Loose")});
-
-    CKZList<CVorDPMDPD*> none;
-    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMEP"), none), 1);
-    EXPECT_TRUE(none.IsEmpty());
-    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("Nowhere"), none), 0);
-}
-
-TEST_F(CatalogQueryTest, ExteriorListEmptyWhenEveryDefinitionIsCatalogued) {
-    // Catalog entries name definitions without regard to case.
+TEST_F(CatalogQueryTest, ExteriorDefinitionsAreThoseNoLiveEntryHolds) {
+    const auto exterior = [](const QString& library, int expectedResult = 1) {
+        CKZList<CVorDPMDPD*> list;
+        EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(library, list), expectedResult);
+        QStringList names;
+        for (const CVorDPMDPD* dpd : list) names.append(dpd->GetDPDName());
+        return names;
+    };
+    EXPECT_EQ(exterior(QStringLiteral("QXMaterial")), QStringList{QStringLiteral("Loose")});
+    EXPECT_TRUE(exterior(QStringLiteral("QXMEP")).isEmpty());
+    EXPECT_TRUE(exterior(QStringLiteral("Nowhere"), 0).isEmpty());
+    // Catalog entries name definitions without regard to case; a deleted entry holds nothing.
     CVorDPM_DPC_Content* entry =
         MakeEntry(Catalog(QStringLiteral("Spares")), QStringLiteral("LOOSE"));
-    CKZList<CVorDPMDPD*> exterior;
-    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
-    EXPECT_TRUE(exterior.IsEmpty());
-    // A deleted entry holds nothing.
+    EXPECT_TRUE(exterior(QStringLiteral("QXMaterial")).isEmpty());
     entry->SetDeleted(1);
-    EXPECT_EQ(CVorDPMData::GetALLExteriorDPD(QStringLiteral("QXMaterial"), exterior), 1);
-    EXPECT_EQ(exterior.GetCount(), 1);
+    EXPECT_EQ(exterior(QStringLiteral("QXMaterial")), QStringList{QStringLiteral("Loose")});
 }
 
 TEST_F(CatalogQueryTest, CollectsEachNonEmptyClassificationTextOnceInOrder) {

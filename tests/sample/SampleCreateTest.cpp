@@ -1,12 +1,10 @@
 // Creating the sample: refusals that leave a root as it was, taking back a run that fails half
-// way, and the scale factor for benchmarks.
+// way, and the scale factor for benchmarks (whose timings live in bench/, not here).
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QSet>
-#include <iostream>
 
 #include "sample/SampleLibrary.h"
 #include "sample/SampleStoreView.h"
@@ -41,12 +39,6 @@ QStringList Snapshot(const QString& root) {
                          .arg(entry.lastModified().toMSecsSinceEpoch()));
     }
     return files;
-}
-
-int SeriesCount() {
-    int count = 0;
-    for (const auto& pair : Counts()) count += pair.second;
-    return count;
 }
 
 TEST(SampleCreate, CreatingTwiceIsRefusedAndLeavesTheRootAsItWas) {
@@ -111,21 +103,13 @@ TEST(SampleCreate, RefusesABadScaleOrRootBeforeWritingAnything) {
 TEST(SampleCreate, ScaleMultipliesProductsAndSeriesRows) {
     TempRoot root;
     QString error;
-    QElapsedTimer timer;
-    timer.start();
     ASSERT_TRUE(SampleLibrary::Create(root.File("one"), 1, error)) << error.toStdString();
-    const qint64 oneMs = timer.restart();
     View::Reopen(root.File("one"), root.Path());
     const QHash<QString, QPair<int, int>> one = Counts();
-    const int oneSeries = SeriesCount();
 
     ASSERT_TRUE(SampleLibrary::Create(root.File("ten"), 10, error)) << error.toStdString();
-    const qint64 tenMs = timer.elapsed();
     View::Reopen(root.File("ten"), root.Path());
     const QHash<QString, QPair<int, int>> ten = Counts();
-    std::cout << "sample created: scale 1 in " << oneMs << " ms (" << oneSeries
-              << " series rows), scale 10 in " << tenMs << " ms (" << SeriesCount()
-              << " series rows)\n";
 
     ASSERT_EQ(ten.keys().size(), one.keys().size());
     for (auto it = one.cbegin(); it != one.cend(); ++it) {

@@ -53,23 +53,26 @@ TEST_F(NewScriptDlgTest, OkAddsTheScriptAsTypedEvenWithEmptyFields) {
     }
 }
 
-TEST_F(NewScriptDlgTest, CancelAddsNothing) {
-    CVorDPMNewScriptDlg dialog(dpd);
-    dialog.show();
-    Fill(&dialog, "螺母", "", "line(0, 0, 1, 1)");
-    Click(&dialog, VorDPMControlId::IDCANCEL);
-    EXPECT_EQ(dialog.result(), QDialog::Rejected);
-    EXPECT_EQ(Scripts().size(), 2);
-    EXPECT_FALSE(Manager()->HasUnsavedChanges());
-}
-
-TEST_F(NewScriptDlgTest, WithoutADefinitionOkAddsNothingAndCloses) {
-    CVorDPMNewScriptDlg dialog(nullptr);
-    dialog.show();
-    Fill(&dialog, "螺母", "", "");
-    Click(&dialog, VorDPMControlId::IDOK);
-    EXPECT_TRUE(Accepted(dialog));
-    EXPECT_FALSE(Manager()->HasUnsavedChanges());
+// Cancel, and OK without a definition to add to, close the dialog and change nothing.
+TEST_F(NewScriptDlgTest, CancelOrNoDefinitionAddsNothing) {
+    const struct {
+        bool withDefinition;
+        int button;
+        QDialog::DialogCode result;
+    } cases[] = {
+        {true, VorDPMControlId::IDCANCEL, QDialog::Rejected},
+        {false, VorDPMControlId::IDOK, QDialog::Accepted},
+    };
+    for (const auto& c : cases) {
+        CVorDPMNewScriptDlg dialog(c.withDefinition ? dpd : nullptr);
+        dialog.show();
+        Fill(&dialog, "螺母", "", "line(0, 0, 1, 1)");
+        Click(&dialog, c.button);
+        EXPECT_FALSE(dialog.isVisible());
+        EXPECT_EQ(dialog.result(), c.result) << c.withDefinition;
+        EXPECT_EQ(Scripts().size(), 2);
+        EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    }
 }
 
 // A definition whose file broke after it was listed refuses the new script: the user is told,

@@ -1,5 +1,3 @@
-#include <QGroupBox>
-#include <QLabel>
 #include <QUuid>
 
 #include "ScriptEditDriver.h"
@@ -18,12 +16,6 @@ TEST_F(ScriptEditTest, OpensOnTheShapesScriptWithTheParametersOfTheDefinition) {
     auto dialog = Open();
     const ScriptEditDriver driver(dialog.get());
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("参数化脚本编辑器"));
-    EXPECT_EQ(Control<QGroupBox>(dialog.get(), CVorDPMScriptEdit::IDC_SCRIPT_GROUP)->title(),
-              QStringLiteral("选择脚本"));
-    EXPECT_EQ(Control<QLabel>(dialog.get(), CVorDPMScriptEdit::IDC_NAME_LABEL)->text(),
-              QStringLiteral("名称:"));
-    EXPECT_EQ(Control<QLabel>(dialog.get(), CVorDPMScriptEdit::IDC_DESCRIPTION_LABEL)->text(),
-              QStringLiteral("描述:"));
     for (int id : {CVorDPMScriptEdit::IDC_NEW_SCRIPT, CVorDPMScriptEdit::IDC_SAVE_SCRIPT,
                    CVorDPMScriptEdit::IDC_DELETE_SCRIPT, CVorDPMScriptEdit::IDC_PREVIEW}) {
         QPushButton* button = Control<QPushButton>(dialog.get(), id);
@@ -44,9 +36,6 @@ TEST_F(ScriptEditTest, OpensOnTheShapesScriptWithTheParametersOfTheDefinition) {
     CVorDPMReportCtrlBase* report = driver.Report();
     EXPECT_EQ(report->GetRecords()->GetColumnHeads(),
               QStringList({"脚本参数", "类型", "顺序", "测试值"}));
-    const int widths[] = {130, 100, 80};  // the last column stretches
-    for (int column = 0; column < 3; ++column)
-        EXPECT_EQ(report->columnWidth(column), widths[column]) << column;
     // `orphan` names no common property and is not offered.
     EXPECT_EQ(driver.ReportColumn(0), QStringList({"l", "d", "mat"}));
     EXPECT_EQ(driver.ReportColumn(1), QStringList({kComponent, kDesign, kUnknown}));
@@ -56,16 +45,6 @@ TEST_F(ScriptEditTest, OpensOnTheShapesScriptWithTheParametersOfTheDefinition) {
     EXPECT_EQ(report->GetRecordItemData(rows->GetRecord(0), 3), quint64(emVorDPM_VALUETYPE_INT));
     EXPECT_EQ(report->GetRecordItemData(rows->GetRecord(1), 3), quint64(emVorDPM_VALUETYPE_DOUBLE));
     EXPECT_EQ(report->GetRecordItemData(rows->GetRecord(2), 3), quint64(emVorDPM_VALUETYPE_STRING));
-}
-
-TEST_F(ScriptEditTest, ClickingAScriptShowsIt) {
-    auto dialog = Open();
-    const ScriptEditDriver driver(dialog.get());
-    driver.ClickRow(0);
-    EXPECT_EQ(dialog->GetSelectedScriptIndex(), 0);
-    EXPECT_EQ(driver.Name()->text(), QStringLiteral("螺栓"));
-    EXPECT_EQ(driver.Description()->toPlainText(), QStringLiteral("六角头"));
-    EXPECT_EQ(driver.ScriptText()->toPlainText(), QStringLiteral("line(0, 0, l, d)"));
 }
 
 TEST_F(ScriptEditTest, PreviewSendsTheEditedTextTheMapsAndAFreshKeyForEachRun) {
@@ -224,10 +203,14 @@ TEST_F(ScriptEditTest, AShapeWhoseScriptIsGoneOpensWithoutSelectionAndOkAsksForO
     EXPECT_EQ(driver.ListNames().size(), 2);
 }
 
-TEST_F(ScriptEditTest, SaveWritesNameDescriptionAndTheTypedBytes) {
+TEST_F(ScriptEditTest, AClickedScriptIsShownAndSaveWritesWhatWasTyped) {
     auto dialog = Open();
     const ScriptEditDriver driver(dialog.get());
     driver.ClickRow(0);
+    EXPECT_EQ(dialog->GetSelectedScriptIndex(), 0);
+    EXPECT_EQ(driver.Name()->text(), QStringLiteral("螺栓"));
+    EXPECT_EQ(driver.Description()->toPlainText(), QStringLiteral("六角头"));
+    EXPECT_EQ(driver.ScriptText()->toPlainText(), QStringLiteral("line(0, 0, l, d)"));
     Type(dialog.get(), CVorDPMScriptEdit::IDC_NAME, QStringLiteral("螺栓 GB/T 5782"));
     ScriptEditDriver::Retype(driver.Description(), QStringLiteral("第一行\n第二行"));
     const QString text = QStringLiteral("-- 六角头\nrect(0, 0, l, d)");

@@ -23,7 +23,7 @@ class CatalogTest : public StoreTestBase {
 protected:
     void SetUp() override {
         m_library = MakeLibrary();
-        ASSERT_EQ(m_library->CreateDPC(QStringLiteral("紧固件"), m_catalog), VOR::eOk);
+        m_catalog = MakeCatalog(m_library, QStringLiteral("紧固件"));
         const Entry entries[] = {
             {"HexBolt", "螺栓", "六角头", ""},
             {"StudBolt", "螺栓", "双头", ""},
@@ -31,14 +31,9 @@ protected:
             {"Washer", "", "", ""},
             {"FlangeBolt", "螺栓", "六角头", "法兰面"},
         };
-        for (const Entry& e : entries) {
-            auto* content = new CVorDPM_DPC_Content;
-            content->SetDPD(QString::fromUtf8(e.dpd));
-            content->SetType(CVorDPM_DPC_Content::FirstType, QString::fromUtf8(e.level0));
-            content->SetType(CVorDPM_DPC_Content::SecondType, QString::fromUtf8(e.level1));
-            content->SetType(CVorDPM_DPC_Content::ThirdType, QString::fromUtf8(e.level2));
-            ASSERT_EQ(m_catalog->AddContent(content), VOR::eOk);
-        }
+        for (const Entry& e : entries)
+            MakeEntry(m_catalog, QString::fromUtf8(e.dpd), QString::fromUtf8(e.level0),
+                      QString::fromUtf8(e.level1), QString::fromUtf8(e.level2));
     }
 
     CVorDPMLibraryManager* m_library = nullptr;

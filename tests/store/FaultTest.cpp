@@ -136,24 +136,24 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
     }
 }
 
+// A folder where the save's rollback journal goes: no write can begin, not even as the
+// superuser, whom file permissions would not stop.
 TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
     CVorDPMDPD* dpd = nullptr;
     ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
     AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
-    QFile::setPermissions(PathOf("Good"), QFile::ReadOwner);
-    QFile::setPermissions(root.File(QStringLiteral("QXMaterial")),
-                          QFile::ReadOwner | QFile::ExeOwner);
-    const bool unprivileged = !QFile(PathOf("Good")).open(QIODevice::ReadWrite);
-    if (unprivileged) {
-        EXPECT_EQ(Manager()->SaveWork(), 0);
-        EXPECT_TRUE(Manager()->HasUnsavedChanges());
-        EXPECT_FALSE(CVorDPMManager::GetLastErrorText().isEmpty());
-    }
-    QFile::setPermissions(root.File(QStringLiteral("QXMaterial")),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QFile::setPermissions(PathOf("Good"), QFile::ReadOwner | QFile::WriteOwner);
-    EXPECT_EQ(Manager()->SaveWork(), 1);
+    const QString journal = PathOf("Good") + QStringLiteral("-journal");
+    ASSERT_TRUE(QDir().mkdir(journal));
+    EXPECT_EQ(Manager()->SaveWork(), 0);
+    EXPECT_TRUE(Manager()->HasUnsavedChanges());
+    EXPECT_TRUE(CVorDPMManager::GetLastErrorText().contains(QStringLiteral("Good.DPD")))
+        << CVorDPMManager::GetLastErrorText().toStdString();
+
+    ASSERT_TRUE(QDir().rmdir(journal));
+    EXPECT_EQ(Column(PathOf("Good"), "SELECT count(*) AS n FROM property", "n"), QStringList{"1"});
+    EXPECT_EQ(Manager()->SaveWork(), 1) << CVorDPMManager::GetLastErrorText().toStdString();
     EXPECT_FALSE(Manager()->HasUnsavedChanges());
+    EXPECT_EQ(Column(PathOf("Good"), "SELECT count(*) AS n FROM property", "n"), QStringList{"2"});
 }
 
 TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {

@@ -32,15 +32,13 @@ struct ChooserTest : GuiTestBase {
     QTreeWidgetItem* secondChild = nullptr;
 };
 
-TEST_F(ChooserTest, AClickedNodeFillsTheFieldAndStaysChosenOverAnEarlierNodeOfTheSameText) {
+// A clicked node stays chosen over an earlier node of the same text; a typed text stands for
+// the first node of that text in any letter case; a node its owner removes is chosen no more.
+TEST_F(ChooserTest, ClickedAndTypedTextsChooseTheirNode) {
     ClickInDropDown(secondChild);
     EXPECT_FALSE(chooser.IsDroppedDown());
     EXPECT_EQ(chooser.text(), QStringLiteral("同名"));
     EXPECT_EQ(chooser.GetSelectedItem(), secondChild);
-}
-
-TEST_F(ChooserTest, ATypedTextStandsForTheFirstNodeOfThatTextInAnyLetterCase) {
-    ClickInDropDown(secondChild);
     const struct {
         const char* typed;
         QTreeWidgetItem* ChooserTest::*expected;
@@ -57,6 +55,10 @@ TEST_F(ChooserTest, ATypedTextStandsForTheFirstNodeOfThatTextInAnyLetterCase) {
         Type(&chooser, QString::fromUtf8(c.typed));
         EXPECT_EQ(chooser.GetSelectedItem(), c.expected ? this->*c.expected : nullptr);
     }
+    ClickInDropDown(secondChild);
+    chooser.GetTreeCtrl()->clear();
+    EXPECT_EQ(chooser.GetSelectedItem(), nullptr);
+    EXPECT_EQ(chooser.text(), QStringLiteral("同名"));
 }
 
 TEST_F(ChooserTest, KeyboardOpensTheDropDownAndEnterChoosesTheCurrentNode) {
@@ -67,13 +69,6 @@ TEST_F(ChooserTest, KeyboardOpensTheDropDownAndEnterChoosesTheCurrentNode) {
     QTest::keyClick(chooser.GetTreeCtrl(), Qt::Key_Return);
     EXPECT_FALSE(chooser.IsDroppedDown());
     EXPECT_EQ(chooser.text(), QStringLiteral("Beta"));
-}
-
-TEST_F(ChooserTest, ANodeRemovedByTheOwnerIsNoLongerChosen) {
-    ClickInDropDown(secondChild);
-    chooser.GetTreeCtrl()->clear();
-    EXPECT_EQ(chooser.GetSelectedItem(), nullptr);
-    EXPECT_EQ(chooser.text(), QStringLiteral("同名"));
 }
 
 TEST_F(GuiTestBase, HistoryComboKeepsDistinctEntriesMostRecentFirstAcrossInstances) {

@@ -20,24 +20,19 @@ QAction* MenuEntry(const Editor& editor, int command) {
     return nullptr;
 }
 
-TEST_F(TemplateTest, TheMainMenusTemplateEntriesAreEnabledAndOpenTheirDialogs) {
+// The menu's texts and their being enabled are checked with the whole menu bar (editor tests).
+TEST_F(TemplateTest, TheMainMenusTemplateEntriesOpenTheirDialogs) {
     Editor editor(nullptr, nullptr, nullptr);
     editor.show();
-    const struct {
-        int command;
-        const char* text;
-        const char* caption;
-    } entries[] = {
-        {Editor::ID_NEW_TEMPLATE, "新建模板", "新建模板"},
-        {Editor::ID_EDIT_TEMPLATE, "编辑模板", "编辑模板"},
-        {Editor::ID_DELETE_TEMPLATE, "删除模板", "删除模板"},
+    const std::pair<int, const char*> entries[] = {
+        {Editor::ID_NEW_TEMPLATE, "新建模板"},
+        {Editor::ID_EDIT_TEMPLATE, "编辑模板"},
+        {Editor::ID_DELETE_TEMPLATE, "删除模板"},
     };
-    for (const auto& entry : entries) {
-        SCOPED_TRACE(entry.text);
-        QAction* action = MenuEntry(editor, entry.command);
+    for (const auto& [command, expected] : entries) {
+        SCOPED_TRACE(expected);
+        QAction* action = MenuEntry(editor, command);
         ASSERT_TRUE(action);
-        EXPECT_EQ(action->text(), QString::fromUtf8(entry.text));
-        EXPECT_TRUE(action->isEnabled());
         QString caption;
         ui.ExpectDialog([&](QDialog* dialog) {
             caption = dialog->windowTitle();
@@ -45,7 +40,7 @@ TEST_F(TemplateTest, TheMainMenusTemplateEntriesAreEnabledAndOpenTheirDialogs) {
         });
         action->trigger();
         ui.VerifyAllUsed();
-        EXPECT_EQ(caption, QString::fromUtf8(entry.caption));
+        EXPECT_EQ(caption, QString::fromUtf8(expected));
     }
 }
 
