@@ -59,13 +59,17 @@ double PeakMegabytes() {
     return double(usage.ru_maxrss) / 1024.0;
 }
 
+void ReadFile(benchmark::State& state, const QString& path, FamilyFile& file) {
+    FamilyProblem problem;
+    if (!FamilyFileReader::Read(path, file, problem, FamilyProgress::None()))
+        state.SkipWithError(qPrintable(problem.Message()));
+}
+
 void BM_DiffWithoutChanges(benchmark::State& state) {
     FamilyBenchData& data = Data();
     for (auto _ : state) {
         FamilyFile file;
-        FamilyProblem problem;
-        if (!FamilyFileReader::Read(data.csv, file, problem, FamilyProgress::None()))
-            state.SkipWithError(qPrintable(problem.Message()));
+        ReadFile(state, data.csv, file);
         const FamilyDefinition definition(data.dpd);
         FamilyImport import(definition, file);
         if (!import.Compare({}, FamilyProgress::None()) || import.HasChanges())
@@ -80,9 +84,7 @@ void BM_ReadCsvOnly(benchmark::State& state) {
     FamilyBenchData& data = Data();
     for (auto _ : state) {
         FamilyFile file;
-        FamilyProblem problem;
-        if (!FamilyFileReader::Read(data.csv, file, problem, FamilyProgress::None()))
-            state.SkipWithError(qPrintable(problem.Message()));
+        ReadFile(state, data.csv, file);
     }
 }
 BENCHMARK(BM_ReadCsvOnly)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -130,9 +132,7 @@ void BM_ImportNewDefinition(benchmark::State& state) {
     int made = 0;
     for (auto _ : state) {
         FamilyFile file;
-        FamilyProblem problem;
-        if (!FamilyFileReader::Read(data.csv, file, problem, FamilyProgress::None()))
-            state.SkipWithError(qPrintable(problem.Message()));
+        ReadFile(state, data.csv, file);
         FamilyCreate create(data.library, file);
         const QString name = QStringLiteral("Imported%1").arg(++made);
         if (!create.Plan(name, {}, FamilyProgress::None()) || !create.Run(FamilyProgress::None()))
