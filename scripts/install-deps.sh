@@ -5,6 +5,9 @@ set -euo pipefail
 packages=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-base-dev-tools
           libsqlite3-dev liblua5.4-dev libgtest-dev libgmock-dev libbenchmark-dev
           fonts-wqy-microhei xvfb xauth clang-format
+          # family tables: writing and reading workbooks, an independent reader for the tests,
+          # and sqlite3's .import as the import benchmark's baseline
+          libxlsxwriter-dev libzip-dev python3-openpyxl sqlite3
           # translations: lupdate/lrelease, their CMake support, Qt's own catalogs
           qt6-l10n-tools qt6-tools-dev qt6-translations-l10n
           # Debian packages and their checks

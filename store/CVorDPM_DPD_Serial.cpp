@@ -1,5 +1,6 @@
 #include "CVorDPM_DPD_Serial.h"
 
+#include <QHash>
 #include <cstring>
 #include <utility>
 
@@ -174,5 +175,43 @@ void CVorDPM_DPD_Serial::SetValue(const QString& value, int propertyObjectId) {
         if (!m_values.isEmpty()) m_values.append('\n');
         m_values.append(QByteArray::number(propertyObjectId)).append('=').append(Escape(value));
     }
+    MarkChanged();
+}
+
+void CVorDPM_DPD_Serial::SetValues(const std::vector<int>& propertyObjectIds,
+                                   const QStringList& values) {
+    QHash<int, QByteArray> wanted;
+    wanted.reserve(qsizetype(propertyObjectIds.size()));
+    for (size_t i = 0; i < propertyObjectIds.size() && qsizetype(i) < values.size(); ++i)
+        wanted.insert(propertyObjectIds[i], Escape(values[qsizetype(i)]));
+    QByteArray packed;
+    packed.reserve(m_values.size() + 16 * qsizetype(wanted.size()));
+    const auto append = [&packed](int id, const char* value, qsizetype length) {
+        if (length == 0) return;
+        if (!packed.isEmpty()) packed.append('\n');
+        packed.append(QByteArray::number(id)).append('=').append(value, length);
+    };
+    PackedEntry unused;
+    FindEntry(
+        m_values,
+        [&](const PackedEntry& e) {
+            const auto replaced = wanted.find(e.propertyId);
+            if (replaced == wanted.end()) {
+                append(e.propertyId, e.value, e.valueLength);
+                return false;
+            }
+            append(e.propertyId, replaced->constData(), replaced->size());
+            wanted.erase(replaced);
+            return false;
+        },
+        unused);
+    for (int id : propertyObjectIds) {
+        const auto added = wanted.find(id);
+        if (added == wanted.end()) continue;
+        append(id, added->constData(), added->size());
+        wanted.erase(added);
+    }
+    if (packed == m_values) return;
+    m_values = packed;
     MarkChanged();
 }

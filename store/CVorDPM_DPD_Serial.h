@@ -35,6 +35,10 @@ public:
     std::vector<QByteArray> GetValuesUtf8(const std::vector<int>& propertyObjectIds) const;
     // Sets the value of one property; an empty value removes it.
     void SetValue(const QString& value, int propertyObjectId);
+    // Sets the values of many properties in one pass over the packed row (values[i] of
+    // propertyObjectIds[i]); empty values remove theirs. Values already held keep their place,
+    // new ones follow in the order given, so that a row filled in property order stays in it.
+    void SetValues(const std::vector<int>& propertyObjectIds, const QStringList& values);
     // The packed values as stored: UTF-8 lines "<property id>=<value>", with "\\" and newline
     // escaped as "\\\\" and "\\n". Kept packed so that large tables stay small in memory.
     const QByteArray& GetPackedValues() const { return m_values; }

@@ -1,5 +1,6 @@
 #include "ToolLookup.h"
 
+#include "CVorDPMDPD.h"
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMStoredRows.h"
@@ -30,6 +31,12 @@ std::unique_ptr<CVorDPMStoredRows> ToolLookup::DefinitionRows(const QString& lib
     if (rows->Error().isEmpty()) return rows;
     Unreadable(*rows, *dpd);
     return nullptr;
+}
+
+CVorDPMDPD* ToolLookup::Definition(const QString& library, const QString& name) {
+    CVorDPMDPD* dpd = FindDefinition(library, name);
+    if (!dpd || !Readable(dpd, VOR::eOk, DefinitionText(library, name))) return nullptr;
+    return dpd;
 }
 
 int ToolLookup::Unreadable(const CVorDPMStoredRows& rows, const CVorDPMDPD& dpd) {

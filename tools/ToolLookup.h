@@ -24,6 +24,8 @@ public:
     // `dpd` is set when the definition is found.
     std::unique_ptr<CVorDPMStoredRows> DefinitionRows(const QString& library, const QString& name,
                                                       CVorDPMDPD*& dpd);
+    // The definition, read whole into the store.
+    CVorDPMDPD* Definition(const QString& library, const QString& name);
     // Reports rows that could not be read to the end; returns the exit code.
     int Unreadable(const CVorDPMStoredRows& rows, const CVorDPMDPD& dpd);
 

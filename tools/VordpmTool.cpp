@@ -1,7 +1,9 @@
 #include "VordpmTool.h"
 
 #include "CheckCommand.h"
+#include "ExportCommand.h"
 #include "FindCommand.h"
+#include "ImportCommand.h"
 #include "LsCommand.h"
 #include "NamesCommand.h"
 #include "SampleCommand.h"
@@ -12,6 +14,8 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<FindCommand>());
     m_commands.push_back(std::make_unique<NamesCommand>());
     m_commands.push_back(std::make_unique<ShowCommand>());
+    m_commands.push_back(std::make_unique<ExportCommand>());
+    m_commands.push_back(std::make_unique<ImportCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
     m_commands.push_back(std::make_unique<CheckCommand>());
 }

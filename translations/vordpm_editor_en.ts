@@ -1549,6 +1549,354 @@
     </message>
 </context>
 <context>
+    <name>FamilyCreate</name>
+    <message>
+        <source>与前面的列得到相同的参数名: %1</source>
+        <translation>Gives the same parameter name as a column before it: %1</translation>
+    </message>
+    <message>
+        <source>表格中没有可以作为属性的列</source>
+        <translation>The table has no column that can be a property</translation>
+    </message>
+    <message>
+        <source>关键列必须是属性的列</source>
+        <translation>The key column must be a property column</translation>
+    </message>
+    <message>
+        <source>产品库不存在</source>
+        <translation>The library does not exist</translation>
+    </message>
+    <message>
+        <source>%1已存在，请指定其他产品名！</source>
+        <translation>%1 already exists; choose another product name!</translation>
+    </message>
+    <message>
+        <source>创建产品失败: %1</source>
+        <translation>Cannot create the product: %1</translation>
+    </message>
+    <message>
+        <source>无法添加产品 %1</source>
+        <translation>Cannot add the product %1</translation>
+    </message>
+    <message>
+        <source>无法添加系列行</source>
+        <translation>Cannot add the series row</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyCsvReader</name>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>文件超过 %1 行</source>
+        <translation>The file has more than %1 rows</translation>
+    </message>
+    <message>
+        <source>一行超过 %1 列</source>
+        <translation>A row has more than %1 columns</translation>
+    </message>
+    <message>
+        <source>引号没有配对: 这里开始的引号直到文件末尾都没有结束</source>
+        <translation>Unbalanced quotes: the quote that starts here is not closed before the end of the file</translation>
+    </message>
+    <message>
+        <source>引号结束后还有字符</source>
+        <translation>Characters follow the closing quote</translation>
+    </message>
+    <message>
+        <source>不是文本表格: 含有控制字符或无法识别的字节</source>
+        <translation>Not a text table: it holds control characters or unreadable bytes</translation>
+    </message>
+    <message>
+        <source>单元格超过 %1 个字符</source>
+        <translation>The cell has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>文件是空的</source>
+        <translation>The file is empty</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyCsvWriter</name>
+    <message>
+        <source>写入失败: %1</source>
+        <translation>Cannot write: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyDefinition</name>
+    <message>
+        <source>无法读取产品&quot;%1&quot;: %2</source>
+        <translation>Cannot read the product &quot;%1&quot;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyExport</name>
+    <message>
+        <source>无法创建文件 %1: %2</source>
+        <translation>Cannot create the file %1: %2</translation>
+    </message>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyFileReader</name>
+    <message>
+        <source>无法打开文件 %1: %2</source>
+        <translation>Cannot open the file %1: %2</translation>
+    </message>
+    <message>
+        <source>文件太大 (超过 %1 MB)</source>
+        <translation>The file is too large (over %1 MB)</translation>
+    </message>
+    <message>
+        <source>不能读取旧的 Excel 97-2003 格式 (.xls)，请另存为 .xlsx 或 CSV</source>
+        <translation>Cannot read the old Excel 97-2003 format (.xls); save it as .xlsx or CSV</translation>
+    </message>
+    <message>
+        <source>无法读取文件 %1: %2</source>
+        <translation>Cannot read the file %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyFixedColumns</name>
+    <message>
+        <source>产品名称</source>
+        <translation>Product name</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>形体</source>
+        <translation>Shape</translation>
+    </message>
+    <message>
+        <source>图片</source>
+        <translation>Picture</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyImport</name>
+    <message>
+        <source>与第 %1 列对应同一个属性: %2</source>
+        <translation>Matches the same property as column %1: %2</translation>
+    </message>
+    <message>
+        <source>关键列必须是产品名称、产品、形体、图片或一个属性的列</source>
+        <translation>The key column must be the product name, product, shape, picture or a property column</translation>
+    </message>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>关键列是空的</source>
+        <translation>The key is empty</translation>
+    </message>
+    <message>
+        <source>关键值与第 %1 行相同: %2</source>
+        <translation>The same key as row %1: %2</translation>
+    </message>
+    <message>
+        <source>产品中有多个系列行的关键值是 %1，无法对应</source>
+        <translation>Several series rows of the product have the key %1; the row cannot be matched</translation>
+    </message>
+    <message>
+        <source>产品中还没有产品行，不能新增系列行，请先添加产品</source>
+        <translation>The product has no product row yet, so no series row can be added; add a product first</translation>
+    </message>
+    <message>
+        <source>产品中没有名为 %1 的产品</source>
+        <translation>The product has no product named %1</translation>
+    </message>
+    <message>
+        <source>产品中没有名为 %1 的形体</source>
+        <translation>The product has no shape named %1</translation>
+    </message>
+    <message>
+        <source>产品中没有名为 %1 的图片</source>
+        <translation>The product has no picture named %1</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyImportApply</name>
+    <message>
+        <source>无法添加系列行: %1</source>
+        <translation>Cannot add the series row: %1</translation>
+    </message>
+    <message>
+        <source>系列行无效: 它的产品不存在</source>
+        <translation>Invalid series row: its product does not exist</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyNewProperty</name>
+    <message>
+        <source>无法读取公共属性表: %1</source>
+        <translation>Cannot read the common property table: %1</translation>
+    </message>
+    <message>
+        <source>导入的属性</source>
+        <translation>Imported properties</translation>
+    </message>
+    <message>
+        <source>无法添加公共属性 %1: %2</source>
+        <translation>Cannot add the common property %1: %2</translation>
+    </message>
+    <message>
+        <source>属性别名或参数名已存在: %1</source>
+        <translation>The property alias or parameter name exists already: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyProblem</name>
+    <message>
+        <source>第 %1 行第 %2 列: %3</source>
+        <translation>Row %1, column %2: %3</translation>
+    </message>
+    <message>
+        <source>第 %1 行: %2</source>
+        <translation>Row %1: %2</translation>
+    </message>
+    <message>
+        <source>第 %1 列: %2</source>
+        <translation>Column %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyStoreWork</name>
+    <message>
+        <source>保存失败: %1</source>
+        <translation>Saving failed: %1</translation>
+    </message>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyTableLayout</name>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>表头是空的</source>
+        <translation>The header is empty</translation>
+    </message>
+    <message>
+        <source>表头与第 %1 列相同: %2</source>
+        <translation>The same heading as column %1: %2</translation>
+    </message>
+    <message>
+        <source>这一行只有 %1 个单元格，表头有 %2 个</source>
+        <translation>This row has %1 cells, the header %2</translation>
+    </message>
+    <message>
+        <source>这个单元格上面没有表头</source>
+        <translation>This cell has no heading above it</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyValueType</name>
+    <message>
+        <source>不是整数: %1</source>
+        <translation>Not an integer: %1</translation>
+    </message>
+    <message>
+        <source>不是数字: %1</source>
+        <translation>Not a number: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyXlsxReader</name>
+    <message>
+        <source>缺少 %1</source>
+        <translation>%1 is missing</translation>
+    </message>
+    <message>
+        <source>%1 太大</source>
+        <translation>%1 is too large</translation>
+    </message>
+    <message>
+        <source>无法解压 %1: %2</source>
+        <translation>Cannot unpack %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 不是有效的 XML: %2</source>
+        <translation>%1 is not valid XML: %2</translation>
+    </message>
+    <message>
+        <source>%1 不完整</source>
+        <translation>%1 is incomplete</translation>
+    </message>
+    <message>
+        <source>不是可以读取的 XLSX 文件 (文件已损坏或不完整): %1</source>
+        <translation>Not a readable XLSX file (damaged or incomplete): %1</translation>
+    </message>
+    <message>
+        <source>工作簿中没有工作表</source>
+        <translation>The workbook has no worksheet</translation>
+    </message>
+    <message>
+        <source>已取消</source>
+        <translation>Cancelled</translation>
+    </message>
+    <message>
+        <source>文件超过 %1 行</source>
+        <translation>The file has more than %1 rows</translation>
+    </message>
+    <message>
+        <source>工作表的行不是按次序排列的</source>
+        <translation>The rows of the worksheet are out of order</translation>
+    </message>
+    <message>
+        <source>一行超过 %1 列</source>
+        <translation>A row has more than %1 columns</translation>
+    </message>
+    <message>
+        <source>单元格不是按次序排列的</source>
+        <translation>The cells are out of order</translation>
+    </message>
+    <message>
+        <source>单元格超过 %1 个字符</source>
+        <translation>The cell has more than %1 characters</translation>
+    </message>
+    <message>
+        <source>公式没有保存计算结果，请在电子表格程序中重新计算并保存</source>
+        <translation>The formula was saved without its result; recalculate and save it in the spreadsheet program</translation>
+    </message>
+    <message>
+        <source>共享字符串的编号无效</source>
+        <translation>Invalid shared string number</translation>
+    </message>
+</context>
+<context>
+    <name>FamilyXlsxWriter</name>
+    <message>
+        <source>无法创建文件 %1</source>
+        <translation>Cannot create the file %1</translation>
+    </message>
+    <message>
+        <source>第 %1 行第 %2 列无法写入: %3</source>
+        <translation>Row %1, column %2 cannot be written: %3</translation>
+    </message>
+    <message>
+        <source>无法写入文件 %1: %2</source>
+        <translation>Cannot write the file %1: %2</translation>
+    </message>
+    <message>
+        <source>无法写入文件 %1</source>
+        <translation>Cannot write the file %1</translation>
+    </message>
+</context>
+<context>
     <name>LibraryCheck</name>
     <message>
         <source>没有产品库&quot;%1&quot;</source>
