@@ -1,12 +1,12 @@
 #include "DefinitionCheck.h"
 
-#include <QRegularExpression>
 #include <cmath>
 
 #include "CVorDPMDPDBase.h"
 #include "CheckCommonTables.h"
 #include "CheckedFile.h"
 #include "LuaPreviewScript.h"
+#include "query/CVorDPMNameRule.h"
 
 namespace {
 
@@ -15,13 +15,6 @@ const QString kPicture = QStringLiteral("image");
 const QString kShape = QStringLiteral("shape");
 const QString kProduct = QStringLiteral("product");
 const QString kSeries = QStringLiteral("serial");
-
-// A naming rule's tokens, as the editor splits a rule to name a product: at every "%", space
-// and "*", empty tokens left out. The first is literal text, the others name parameters.
-QStringList RuleTokens(const QString& rule) {
-    static const QRegularExpression separators(QStringLiteral("[% *]"));
-    return rule.split(separators, Qt::SkipEmptyParts);
-}
 
 bool IsInteger(const QString& text) {
     bool ok = false;
@@ -107,7 +100,7 @@ bool DefinitionCheck::ReadProducts(CheckedFile& file) {
 }
 
 void DefinitionCheck::CheckRule(int product, const QString& name, const QString& rule) {
-    const QStringList tokens = RuleTokens(rule);
+    const QStringList tokens = CVorDPMNameRule::Tokens(rule);
     if (tokens.isEmpty()) {
         m_report.Add(CheckKind::RuleEmpty, kProduct, product, name,
                      tr("命名规则\"%1\"没有任何部分，无法组成产品名称").arg(rule));

@@ -45,6 +45,10 @@ void AppendUtf8(const QByteArray& utf8, QString& text) {
 
 CVorDPMNameRule::CVorDPMNameRule(const QString& rule) : m_tokens(RuleTokens(rule)) {}
 
+QStringList CVorDPMNameRule::Tokens(const QString& rule) {
+    return RuleTokens(rule);
+}
+
 void CVorDPMNameRule::AddProperty(int propertyObjectId, const QString& paramAlias) {
     for (qsizetype i = 1; i < m_tokens.size(); ++i)
         if (SameIgnoringCase(m_tokens[i], paramAlias))

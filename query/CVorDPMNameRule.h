@@ -16,6 +16,10 @@ class VORDPM_EDITOR_API CVorDPMNameRule {
 public:
     explicit CVorDPMNameRule(const QString& rule);
 
+    // The rule's tokens, split at every "%", space and "*", empty ones left out: the first is
+    // literal text, each further one names a parameter.
+    static QStringList Tokens(const QString& rule);
+
     // False for a rule without tokens: it gives no name.
     bool Names() const { return !m_tokens.isEmpty(); }
     // Call for each property of the definition, in their order.
