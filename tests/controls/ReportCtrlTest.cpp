@@ -167,27 +167,6 @@ TEST_F(ReportCtrlTest, DoubleClickNamesTheRecord) {
     EXPECT_EQ(clicked, m_report.GetRecords()->GetRecord(1));
 }
 
-TEST_F(ReportCtrlTest, FocusRowNeedsARow) {
-    EXPECT_EQ(m_report.SetFocuseRow(), 0);
-    m_report.AddAllRecords({{"a"}, {"b"}}, false, false);
-    m_report.setCurrentIndex(m_report.model()->index(1, 0));
-    EXPECT_EQ(m_report.SetFocuseRow(), 1);
-    EXPECT_EQ(m_report.currentIndex().row(), 0);
-    EXPECT_EQ(m_report.GetSelRecord(), m_report.GetRecords()->GetRecord(0));
-}
-
-TEST_F(ReportCtrlTest, ClearingRemovesColumnsAndRows) {
-    m_report.AddAllRecords({{"a", "b"}}, false, false);
-    m_report.RemoveAllColumns();
-    EXPECT_EQ(m_report.model()->columnCount(), 0);
-    EXPECT_EQ(m_report.model()->rowCount(), 1);
-    m_report.SetColumnHeads({QStringLiteral("名称")});
-    EXPECT_EQ(m_report.model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("名称"));
-    EXPECT_EQ(m_report.ClearReportCtrl(), 1);
-    EXPECT_EQ(m_report.model()->columnCount(), 0);
-    EXPECT_EQ(m_report.model()->rowCount(), 0);
-}
-
 TEST_F(ReportCtrlTest, TakesThePlaceOfAPlaceholder) {
     constexpr int kPlaceholderId = 8001;
     QWidget page;

@@ -61,28 +61,6 @@ protected:
     CVorDPMListCtrlEx m_list;
 };
 
-TEST_F(ListCtrlTest, RowsAndCellsReadBack) {
-    EXPECT_EQ(m_list.GetColumnCount(), 2);
-    EXPECT_EQ(m_list.InsertItem(1, QStringLiteral("inserted")), 1);
-    EXPECT_EQ(m_list.GetItemCount(), 4);
-    EXPECT_EQ(m_list.GetItemText(1, 0), QStringLiteral("inserted"));
-    EXPECT_EQ(m_list.GetItemText(2, 0), QStringLiteral("row1"));
-    EXPECT_TRUE(m_list.SetItemData(2, 77));
-    EXPECT_EQ(m_list.GetItemData(2), 77u);
-    EXPECT_FALSE(m_list.SetItemText(9, 0, QStringLiteral("x")));
-    EXPECT_EQ(m_list.GetItemText(9, 0), QString());
-
-    EXPECT_EQ(m_list.GetSelectedRow(), -1);
-    const QRect cell = m_list.visualRect(m_list.model()->index(2, 0));
-    QTest::mouseClick(m_list.viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
-    EXPECT_EQ(m_list.GetSelectedRow(), 2);
-
-    m_list.DeleteAllItems();
-    m_list.DeleteAllColumns();
-    EXPECT_EQ(m_list.GetItemCount(), 0);
-    EXPECT_EQ(m_list.GetColumnCount(), 0);
-}
-
 TEST_F(ListCtrlTest, SelectedRowsShowWhetherTheListHasTheFocus) {
     m_list.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&m_list));

@@ -1,4 +1,3 @@
-#include <QAction>
 #include <QTest>
 #include <memory>
 
@@ -431,40 +430,4 @@ TEST_F(TreeCtrlTest, SeriesListHeadsAndRowsOfAProductNode) {
     EXPECT_TRUE(heads.empty());
     EXPECT_EQ(m_tree.GetDataListColunmHead(Node({"QXMaterial", "紧固件"}), heads), 0);
     EXPECT_EQ(m_tree.GetDataListItemText(Node({"QXMaterial", "紧固件"}), rows), 0);
-}
-
-TEST_F(TreeCtrlTest, MenuCommandsAreForwardedWithTheSelectedNode) {
-    m_tree.InsertTree(QStringLiteral("QXMaterial"));
-    struct Forwarded {
-        CVorDPMTreeCtrlEx* sender;
-        int command;
-        QTreeWidgetItem* selected;
-    };
-    std::vector<Forwarded> forwarded;
-    QObject::connect(&m_tree, &CVorDPMTreeCtrlEx::CommandForwarded,
-                     [&](CVorDPMTreeCtrlEx* sender, int command, QTreeWidgetItem* selected) {
-                         forwarded.push_back({sender, command, selected});
-                     });
-    QAction action(QStringLiteral("新建"));
-    m_tree.BindCommand(&action, 32771);
-    QTreeWidgetItem* catalog = Node({"QXMaterial", "紧固件"});
-    m_tree.setCurrentItem(catalog);
-    action.trigger();
-    EXPECT_EQ(m_tree.OnCommand(32772, 1), 1);  // a notification: swallowed
-    ASSERT_EQ(forwarded.size(), 1u);
-    EXPECT_EQ(forwarded[0].sender, &m_tree);
-    EXPECT_EQ(forwarded[0].command, 32771);
-    EXPECT_EQ(forwarded[0].selected, catalog);
-}
-
-TEST_F(TreeCtrlTest, InitialSelectionExpandsAndSelectsTheNode) {
-    m_tree.InsertTree(QStringLiteral("QXMaterial"));
-    m_tree.show();
-    QTreeWidgetItem* catalog = Node({"QXMaterial", "紧固件"});
-    EXPECT_EQ(m_tree.SetInitalSelectItem(catalog), 1);
-    EXPECT_TRUE(catalog->isExpanded());
-    EXPECT_EQ(m_tree.currentItem(), catalog);
-    EXPECT_EQ(m_tree.SetInitalSelectItem(nullptr), 0);
-    QTreeWidgetItem stray(QStringList{QStringLiteral("x")});
-    EXPECT_EQ(m_tree.SetInitalSelectItem(&stray), 0);
 }
