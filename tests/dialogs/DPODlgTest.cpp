@@ -28,7 +28,6 @@ struct ModeCase {
     int mode;
     QStringList texts;  // caption, left box, right box
     QStringList headers;
-    QList<int> widths;
     Rows rows;  // of the first group
     int pick;   // the row chosen before OK
     QString id, unit;
@@ -73,7 +72,6 @@ protected:
             {CVorDPMDPODlg::PropertyTable,
              {"属性表", "属性分类", "属性列表"},
              {"ID", "名称", "GroupID", "值的类型", "单位", "默认值", "描述"},
-             {50, 80, 50, 80, 80, 60, 100},
              propertyRows,
              1,
              propertyRows[1][0],
@@ -81,7 +79,6 @@ protected:
             {CVorDPMDPODlg::UnitTable,
              {"单位表", "单位分类", "单位列表"},
              {"ID", "GroupID", "名称", "符号", "转换", "描述"},
-             {50, 50, 80, 80, 120, 100},
              unitRows,
              1,
              {},
@@ -89,7 +86,6 @@ protected:
             {CVorDPMDPODlg::InnerParamTable,
              {"内置参数表", "内置参数分类", "内置参数列表"},
              {"ID", "名称", "GroupID", "描述"},
-             {50, 80, 50, 100},
              {{Id(pi), "PI", Id(system), "圆周率"}},
              0,
              {},
@@ -131,13 +127,12 @@ protected:
                           list->visualRect(list->model()->index(row, 0)).center());
     }
 
-    // Header texts and widths, then one line per row.
+    // Header texts, then one line per row.
     static Rows Shown(const QDialog& dialog) {
         CVorDPMlistCtrlBase* list = List(dialog);
         Rows shown(1);
         for (int c = 0; c < list->GetColumnCount(); ++c)
-            shown[0] << list->model()->headerData(c, Qt::Horizontal).toString()
-                     << QString::number(list->columnWidth(c));
+            shown[0] << list->model()->headerData(c, Qt::Horizontal).toString();
         for (int r = 0; r < list->GetItemCount(); ++r) {
             shown.emplace_back();
             for (int c = 0; c < list->GetColumnCount(); ++c)
@@ -162,9 +157,7 @@ TEST_F(DPODlgTest, EachTableListsTheClickedGroupAndOkReturnsThePickedRow) {
         EXPECT_EQ(Tree(dialog)->currentItem(), nullptr);
         EXPECT_EQ(List(dialog)->GetItemCount(), 0);
 
-        QStringList header;
-        for (int i = 0; i < c.headers.size(); ++i)
-            header << c.headers[i] << QString::number(c.widths[i]);
+        const QStringList header = c.headers;
         ClickGroup(dialog, 1);
         EXPECT_EQ(Shown(dialog), Rows{header});  // an empty group: headers only
         ClickGroup(dialog, 0);
@@ -205,17 +198,6 @@ TEST_F(DPODlgTest, UnreadableTableOpensWithAnEmptyTree) {
     CVorDPMDPODlg units(CVorDPMDPODlg::UnitTable);
     units.show();
     EXPECT_EQ(Tree(units)->topLevelItemCount(), 2);
-}
-
-TEST_F(DPODlgTest, GrowingTheDialogGivesTheTreeThreeTenthsOfTheWidth) {
-    CVorDPMDPODlg dialog(CVorDPMDPODlg::PropertyTable);
-    dialog.show();
-    const QRect tree = Tree(dialog)->geometry();
-    const QRect list = List(dialog)->geometry();
-    dialog.resize(dialog.size() + QSize(100, 50));
-
-    EXPECT_EQ(Tree(dialog)->geometry(), tree.adjusted(0, 0, 30, 50));
-    EXPECT_EQ(List(dialog)->geometry(), list.adjusted(30, 0, 100, 50));
 }
 
 TEST_F(DPODlgTest, LongTextsWidenTheirColumnsAndEveryColumnCanBeRead) {
