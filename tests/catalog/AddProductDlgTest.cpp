@@ -1,7 +1,6 @@
 // Adding included products: the dialog opened from the catalog page, its tree, series list and
 // picture, its deliberately placed classification fields, and what OK enters into the store.
 #include <QBuffer>
-#include <QGroupBox>
 #include <QImage>
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -111,26 +110,6 @@ TEST_F(AddProductDlgTest, CancelAddsNothingAndLeavesTheFlagDown) {
     });
     EXPECT_EQ(modified.count(), 0);
     EXPECT_EQ(Contents(kLibrary, kCatalog).size(), 6);
-}
-
-TEST_F(AddProductDlgTest, ClassificationFieldsLieBelowTheInitialAreaAndControlsFollowTheirAnchors) {
-    Dlg dialog(kLibrary, QStringLiteral("标准件/"));
-    dialog.show();
-    auto* group = Control<QGroupBox>(&dialog, Dlg::IDC_CLASS_GROUP);
-    EXPECT_GE(group->geometry().top(), dialog.height());
-
-    const auto geometry = [&](int id) { return Control<QWidget>(&dialog, id)->geometry(); };
-    const QRect tree = geometry(Dlg::IDC_PRODUCT_TREE), list = geometry(Dlg::IDC_SERIES_LIST),
-                picture = geometry(Dlg::IDC_PICTURE), edit = geometry(Dlg::IDC_CLASS2),
-                ok = geometry(VorDPMControlId::IDOK);
-    dialog.resize(dialog.size() + QSize(200, 100));
-
-    EXPECT_EQ(geometry(Dlg::IDC_PRODUCT_TREE), tree.adjusted(0, 0, 100, 100));
-    EXPECT_EQ(geometry(Dlg::IDC_SERIES_LIST), list.adjusted(100, 0, 200, 50));
-    EXPECT_EQ(geometry(Dlg::IDC_PICTURE), picture.adjusted(100, 50, 150, 100));
-    EXPECT_EQ(geometry(Dlg::IDC_CLASS2), edit);
-    EXPECT_EQ(geometry(VorDPMControlId::IDOK), ok.translated(200, 100));
-    EXPECT_TRUE(group->geometry().bottom() < dialog.height()) << "reachable by enlarging";
 }
 
 TEST_F(AddProductDlgTest, SeriesRowsShowTheirPicturesAndAnEmptyPictureKeepsTheLastOne) {
