@@ -1,14 +1,10 @@
 #include <QTemporaryDir>
-#include <cstddef>
 
 #include "CBinaryData.h"
-#include "CKZList.h"
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMSQL.h"
 #include "VorDPMFunctions.h"
-#include "VorDPMParam.h"
 #include "support/StoreTestBase.h"
-#include "tagVorDPM_Value.h"
 
 TEST(VorFunctions, ParseStringSplitsAtTheWholeDelimiterAndSkipsEmptyParts) {
     struct Case {
@@ -42,33 +38,6 @@ TEST(VorFunctions, GuidsTypeNamesAndTextConversion) {
     VOR::MByteToWChar(bytes, length, back);
     delete[] bytes;
     EXPECT_EQ(back, script);
-}
-
-TEST(ValueRecords, TaggedValueTakesTheTypeOfWhatWasAssigned) {
-    tagVorDPM_Value value;
-    EXPECT_EQ(value.type, emVorDPM_VALUETYPE_UNKNOWN);
-    value = 3;
-    EXPECT_EQ(value.type, emVorDPM_VALUETYPE_INT);
-    value = 2.5;
-    EXPECT_EQ(value.type, emVorDPM_VALUETYPE_DOUBLE);
-    value = QStringLiteral("M12");
-    EXPECT_EQ(value.type, emVorDPM_VALUETYPE_STRING);
-    EXPECT_EQ(value.stringValue, QStringLiteral("M12"));
-    static_assert(offsetof(_struParam, kind) == 0 && offsetof(_struParam, index) == sizeof(int));
-}
-
-TEST(ValueRecords, ListIsOrderedAndNeverOwnsItsObjects) {
-    int a = 1, b = 2, c = 3;
-    CKZList<int*> list(10);
-    list.AddTail(&b);
-    list.AddTail(&c);
-    list.AddHead(&a);
-    EXPECT_EQ(list.GetCount(), 3);
-    EXPECT_EQ(list.GetAt(0), &a);
-    EXPECT_EQ(list.GetAt(3), nullptr);
-    EXPECT_TRUE(list.RemoveAt(1));
-    EXPECT_EQ(list.GetAt(1), &c);
-    EXPECT_FALSE(list.RemoveAt(5));
 }
 
 TEST(ValueRecords, BinaryDataLoadsAndSavesFilesAndKeepsItsBytesOnFailure) {
