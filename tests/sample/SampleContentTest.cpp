@@ -3,7 +3,6 @@
 // product names, versions, templates, library information and the common tables.
 #include <gtest/gtest.h>
 
-#include <QDateTime>
 #include <QImage>
 #include <QSet>
 #include <cmath>
@@ -406,44 +405,6 @@ TEST_F(SampleContentTest, SizeTablesAreConsistent) {
                 << values[relation.larger] << ", " << relation.smaller << " = "
                 << values[relation.smaller];
         }
-    }
-}
-
-TEST_F(SampleContentTest, LibrariesCatalogsAndDefinitionsHaveDatedVersions) {
-    QList<CVorDPMDBBase*> files;
-    for (const QString& library : SampleLibrary::LibraryNames()) {
-        files.append(View::Library(library)->GetDPI());
-        for (CVorDPMDPC* catalog : View::Catalogs(library)) files.append(catalog);
-        for (CVorDPMDPD* definition : View::Definitions(library)) files.append(definition);
-    }
-    for (CVorDPMDBBase* file : files) {
-        CKZList<CVorDPM_Version*> versions;
-        file->GetAllVersion(versions, 0);
-        ASSERT_GE(versions.GetCount(), 1) << file->GetName().toStdString();
-        double previous = 0;
-        for (CVorDPM_Version* version : versions) {
-            EXPECT_GT(version->GetVersion(), previous);
-            previous = version->GetVersion();
-            EXPECT_TRUE(QDateTime::fromString(version->GetTime(), "yyyy-MM-dd hh:mm:ss").isValid());
-            EXPECT_FALSE(version->GetAuthor().isEmpty());
-        }
-    }
-}
-
-TEST_F(SampleContentTest, TemplatesHoldPropertyRowsOnly) {
-    QList<CVorDPMTemplateManager*> managers{View::Manager()->GetTemplateManager()};
-    for (const QString& library : SampleLibrary::LibraryNames())
-        managers.append(View::Library(library)->GetVorDPMTemplateManager());
-    for (CVorDPMTemplateManager* manager : managers) {
-        QStringList names;
-        manager->GetAllDPTName(names);
-        ASSERT_EQ(names.size(), 1);
-        CVorDPMDPT* pattern = nullptr;
-        manager->GetDPT(names.first(), pattern);
-        ASSERT_TRUE(pattern) << names.first().toStdString();
-        EXPECT_GE(View::Properties(pattern).size(), 4);
-        EXPECT_TRUE(View::Series(pattern).isEmpty());
-        EXPECT_EQ(View::ProductCount(pattern), 0);
     }
 }
 
