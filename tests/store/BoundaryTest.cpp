@@ -50,9 +50,8 @@ TEST_F(BoundaryTest, AStoreFileLinkedToOutsideTheRootIsNeitherReadNorWritten) {
     const QByteArray before = ReadAll(target);
     Reopen();
 
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Linked"), dpd),
-              VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Linked"));
+    ASSERT_NE(dpd, nullptr);
     CKZList<CVorDPM_DPD_Property*> rows;
     EXPECT_NE(dpd->GetAllProperty(rows), VOR::eOk);
     EXPECT_TRUE(rows.IsEmpty());
@@ -162,10 +161,8 @@ TEST_F(BoundaryTest, NumbersBeyondTheIdRangeRefuseTheFile) {
         Write(path, original);
         Exec(path, c.sql);
         const QByteArray damaged = ReadAll(path);
-        CVorDPMDPD* dpd = nullptr;
-        ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd),
-                  VOR::eOk)
-            << c.label;
+        CVorDPMDPD* dpd = Definition(QStringLiteral("Bolt"));
+        ASSERT_NE(dpd, nullptr) << c.label;
         CKZList<CVorDPM_DPD_Product*> products;
         EXPECT_NE(dpd->GetAllProduct(products), VOR::eOk) << c.label;
         EXPECT_TRUE(products.IsEmpty()) << c.label;
@@ -182,8 +179,8 @@ TEST_F(BoundaryTest, NoNewRowOnceTheLargestIdIsTaken) {
     const QString path = InLibrary(QStringLiteral("Bolt.DPD"));
     Exec(path, "UPDATE product SET id = 2147483647 WHERE name = 'p2'");
     Reopen();
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Bolt"));
+    ASSERT_NE(dpd, nullptr);
     CKZList<CVorDPM_DPD_Product*> products;
     ASSERT_EQ(dpd->GetAllProduct(products), VOR::eOk);
     ASSERT_EQ(products.GetCount(), 2);

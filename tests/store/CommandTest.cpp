@@ -42,9 +42,8 @@ TEST_F(CommandTest, AbortRestoresModifiedDeletedAndRemovesCreatedObjects) {
     EXPECT_EQ(LiveProperties(), 1);
     ASSERT_EQ(Manager()->SaveWork(), 1);
     Reopen();
-    CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
-    ASSERT_EQ(library->GetDPD(QStringLiteral("D"), m_dpd), VOR::eOk);
+    m_dpd = Definition(QStringLiteral("D"));
+    ASSERT_NE(m_dpd, nullptr);
     EXPECT_EQ(LiveProperties(), 1);
 }
 
@@ -93,9 +92,8 @@ TEST_F(CommandTest, SavingInsideAnOpenCommandWritesAndAbortIsWrittenByTheNextSav
     EXPECT_TRUE(Manager()->HasUnsavedChanges());
     ASSERT_EQ(Manager()->SaveWork(), 1);
     Reopen();
-    CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
-    ASSERT_EQ(library->GetDPD(QStringLiteral("D"), m_dpd), VOR::eOk);
+    m_dpd = Definition(QStringLiteral("D"));
+    ASSERT_NE(m_dpd, nullptr);
     CKZList<CVorDPM_DPD_Property*> rows;
     m_dpd->GetAllProperty(rows);
     ASSERT_EQ(rows.GetCount(), 1);

@@ -50,10 +50,7 @@ protected:
 
     // The definition as this process holds it, read before the child runs.
     CVorDPMDPD* Loaded(const char* name = "Shared") {
-        CVorDPMLibraryManager* library = nullptr;
-        CVorDPMDPD* dpd = nullptr;
-        Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
-        if (library) library->GetDPD(QString::fromUtf8(name), dpd);
+        CVorDPMDPD* dpd = Definition(QString::fromUtf8(name));
         CKZList<CVorDPM_DPD_Product*> products;
         if (dpd) dpd->GetAllProduct(products);
         return dpd;
@@ -140,17 +137,12 @@ TEST_F(ConcurrencyTest, ChangesToOtherFilesAndOwnEarlierSavesAreNoConflict) {
 
 TEST_F(ConcurrencyTest, OfTwoProcessesCreatingOneNameOnlyOneSucceeds) {
     // Large sources make each write long, so that both pass the name check before either ends.
-    CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("QXMaterial"), library);
+    CVorDPMLibraryManager* library = Library(QStringLiteral("QXMaterial"));
     for (const char* name : {"One", "Two"}) {
         CVorDPMDPD* dpd = MakeDefinition(library, QString::fromUtf8(name));
         const int property =
             AddProperty(dpd, QStringLiteral("d"), QString::fromUtf8(name))->GetObjectId();
-        for (int i = 0; i < 20000; ++i) {
-            auto* serial = new CVorDPM_DPD_Serial;
-            serial->SetValue(QString(1000, QLatin1Char('x')), property);
-            dpd->AddSerial(serial);
-        }
+        AddValueRows(dpd, property, 20000, QString(1000, QLatin1Char('x')));
     }
     ASSERT_EQ(Manager()->SaveWork(), 1);
     for (int round = 0; round < 3; ++round) {

@@ -30,10 +30,8 @@ protected:
 
     CVorDPMDPD* Reload() {
         Reopen();
-        EXPECT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library), VOR::eOk);
-        CVorDPMDPD* dpd = nullptr;
-        EXPECT_EQ(m_library->GetDPD(QStringLiteral("六角头螺栓"), dpd), VOR::eOk);
-        return dpd;
+        m_library = Library(QStringLiteral("QXMaterial"));
+        return Definition(QStringLiteral("六角头螺栓"));
     }
 
     CVorDPMLibraryManager* m_library = nullptr;

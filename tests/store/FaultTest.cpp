@@ -139,8 +139,8 @@ TEST_F(FaultTest, UnusableFilesFailCleanlyWithAReasonAndLeaveOthersAlone) {
 // A folder where the save's rollback journal goes: no write can begin, not even as the
 // superuser, whom file permissions would not stop.
 TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Good"));
+    ASSERT_NE(dpd, nullptr);
     AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     const QString journal = PathOf("Good") + QStringLiteral("-journal");
     ASSERT_TRUE(QDir().mkdir(journal));
@@ -157,8 +157,8 @@ TEST_F(FaultTest, AFailedSaveReportsAndKeepsTheChangesForAnotherTry) {
 }
 
 TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Good"));
+    ASSERT_NE(dpd, nullptr);
     AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(QFile::encodeName(PathOf("Good")).constData(), &other), SQLITE_OK);
@@ -171,10 +171,8 @@ TEST_F(FaultTest, ASaveWaitsForAnotherWritersLock) {
     release.join();
     sqlite3_close(other);
     Reopen();
-    Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library);
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
     CKZList<CVorDPM_DPD_Property*> rows;
-    dpd->GetAllProperty(rows);
+    Definition(QStringLiteral("Good"))->GetAllProperty(rows);
     EXPECT_EQ(rows.GetCount(), 2);
 }
 
@@ -190,18 +188,13 @@ bool JournalIsHot(const QString& path) {
 // A writer killed in the middle of its commit leaves the old contents, never a mix, and the
 // next reader sees them: it rolls back the journal the killed save left behind.
 TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Good"));
+    ASSERT_NE(dpd, nullptr);
     CVorDPM_DPD_Property* extra = AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
     auto* product = new CVorDPM_DPD_Product;
     product->SetName(QStringLiteral("p"));
     dpd->AddProduct(product);
-    for (int i = 0; i < 30000; ++i) {
-        auto* serial = new CVorDPM_DPD_Serial;
-        serial->SetProductId(product->GetObjectId());
-        serial->SetValue(QStringLiteral("old"), extra->GetObjectId());
-        dpd->AddSerial(serial);
-    }
+    AddValueRows(dpd, extra->GetObjectId(), 30000, QStringLiteral("old"), product->GetObjectId());
     ASSERT_EQ(Manager()->SaveWork(), 1);
     ASSERT_TRUE(QFile::exists(StoreWriter())) << StoreWriter().toStdString();
     int interrupted = 0;
@@ -225,15 +218,11 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
 // A write that fails half-way reports what failed (the full disk), not what the rollback said
 // afterwards; a later successful save leaves no old error behind.
 TEST_F(FaultTest, AFullDiskIsReportedAsTheFirstErrorAndForgottenAfterSuccess) {
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("Good"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("Good"));
+    ASSERT_NE(dpd, nullptr);
     CKZList<CVorDPM_DPD_Property*> properties;
     dpd->GetAllProperty(properties);
-    for (int i = 0; i < 2000; ++i) {
-        auto* serial = new CVorDPM_DPD_Serial;
-        serial->SetValue(QString(1000, QLatin1Char('x')), properties.GetAt(0)->GetObjectId());
-        dpd->AddSerial(serial);
-    }
+    AddValueRows(dpd, properties.GetAt(0)->GetObjectId(), 2000, QString(1000, QLatin1Char('x')));
     // The process may write no file beyond 256 KB: the save runs out of room.
     rlimit original{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &original), 0);
@@ -305,11 +294,7 @@ TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
     CVorDPMDPD* big = MakeDefinition(m_library, QStringLiteral("Big"));
     const int property =
         AddProperty(big, QStringLiteral("直径"), QStringLiteral("d"))->GetObjectId();
-    for (int i = 0; i < 20000; ++i) {
-        auto* serial = new CVorDPM_DPD_Serial;
-        serial->SetValue(QString(500, QLatin1Char('x')), property);
-        big->AddSerial(serial);
-    }
+    AddValueRows(big, property, 20000, QString(500, QLatin1Char('x')));
     ASSERT_EQ(Manager()->SaveWork(), 1);
     const QDir folder(root.File(QStringLiteral("QXMaterial")));
     const auto temporaries = [&] { return folder.entryList({QStringLiteral("*.new-*")}); };
@@ -347,11 +332,7 @@ TEST_F(FaultTest, TemporaryFilesOfKilledWritersAreRemovedThoseOfLiveOnesKept) {
 TEST_F(FaultTest, AKilledLibraryCopyLeavesNoPartOfALibrary) {
     CVorDPMDPD* big = MakeDefinition(m_library, QStringLiteral("Big"));
     const int property = AddProperty(big, QStringLiteral("d"))->GetObjectId();
-    for (int i = 0; i < 20000; ++i) {
-        auto* serial = new CVorDPM_DPD_Serial;
-        serial->SetValue(QString(1000, QLatin1Char('x')), property);
-        big->AddSerial(serial);
-    }
+    AddValueRows(big, property, 20000, QString(1000, QLatin1Char('x')));
     ASSERT_EQ(Manager()->SaveWork(), 1);
     const QStringList source = Snapshot(root.File(QStringLiteral("QXMaterial")));
     const QStringList entries = Entries(root.Path());

@@ -14,9 +14,7 @@ TEST_F(LibraryTest, LibrariesAreFoldersListedInCaseInsensitiveOrder) {
     Manager()->GetAllLibraryName(names);
     EXPECT_EQ(names, (QStringList{"kept", "a", "b", "QXMaterial", "QXMEP"}));
     EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("QXMEP/library.DPI"))));
-    CVorDPMLibraryManager* missing = nullptr;
-    EXPECT_NE(Manager()->GetLibrary(QStringLiteral("not-a-library"), missing), VOR::eOk);
-    EXPECT_EQ(missing, nullptr);
+    EXPECT_EQ(Library(QStringLiteral("not-a-library")), nullptr);
 }
 
 TEST_F(LibraryTest, CopyRenameAndRemoveWorkOnDiskAndRemoveGoesToTrash) {
@@ -28,8 +26,8 @@ TEST_F(LibraryTest, CopyRenameAndRemoveWorkOnDiskAndRemoveGoesToTrash) {
     EXPECT_TRUE(QFile::exists(root.File(QStringLiteral("Steel2/型钢.DPC"))));
     EXPECT_EQ(Manager()->RenameLibrary(QStringLiteral("Steel2"), QStringLiteral("Copper")),
               VOR::eOk);
-    CVorDPMLibraryManager* renamed = nullptr;
-    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("Copper"), renamed), VOR::eOk);
+    CVorDPMLibraryManager* renamed = Library(QStringLiteral("Copper"));
+    ASSERT_NE(renamed, nullptr);
     QStringList catalogs;
     renamed->GetAllDPCName(catalogs);
     EXPECT_EQ(catalogs, QStringList{QStringLiteral("型钢")});
@@ -92,7 +90,7 @@ TEST_F(LibraryTest, InformationRecordAndProductCounts) {
     info->SetProductCount(5);
     ASSERT_EQ(Manager()->SaveWork(), 1);
     Reopen();
-    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), material), VOR::eOk);
+    material = Library(QStringLiteral("QXMaterial"));
     ASSERT_EQ(material->GetDPI()->GetInfo(info), VOR::eOk);
     EXPECT_EQ(info->GetCompanyName(), QStringLiteral("示例公司"));
     EXPECT_EQ(info->GetProductCount(), 5);
@@ -118,8 +116,8 @@ TEST_F(LibraryTest, VersionsAreCheckedKeptAndOrdered) {
     EXPECT_EQ(catalog->AddVersion(zero), VOR::eRequiredEmpty);
     ASSERT_EQ(Manager()->SaveWork(), 1);
     Reopen();
-    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), library), VOR::eOk);
-    ASSERT_EQ(library->GetDPC(QStringLiteral("C"), catalog), VOR::eOk);
+    ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPC(QStringLiteral("C"), catalog),
+              VOR::eOk);
     CKZList<CVorDPM_Version*> all;
     catalog->GetAllVersion(all);
     ASSERT_EQ(all.GetCount(), 3);

@@ -59,9 +59,7 @@ TEST_F(LookupTest, SeriesRowsByKeyFollowEveryChange) {
 TEST_F(LookupTest, AnAbortedKeyChangeIsFoundByTheOldKeyAgain) {
     CVorDPM_DPD_Serial* row = RowWithKey(QStringLiteral("old"));
     SaveAndReopen();
-    m_library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("Lib"), m_library);
-    m_library->GetDPD(QStringLiteral("Series"), m_dpd);
+    m_dpd = Definition(QStringLiteral("Series"), QStringLiteral("Lib"));
     row = ByKey(QStringLiteral("old"));
     ASSERT_NE(row, nullptr) << "read back from the file";
 
@@ -110,8 +108,7 @@ TEST_F(LookupTest, NameListsStaySortedThroughCreateCopyRenameAndRemove) {
     m_library->GetAllDPDName(listed);
     EXPECT_EQ(listed, expected);
     Reopen();  // the same order from a fresh listing of the folder
-    CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("Lib"), library);
+    CVorDPMLibraryManager* library = Library(QStringLiteral("Lib"));
     QStringList reread;
     library->GetAllDPDName(reread);
     EXPECT_EQ(reread, expected);
@@ -140,8 +137,7 @@ TEST_F(LookupTest, ListingTakesEveryEntryOfTheExtension) {
                   QFile::encodeName(folder.filePath(QStringLiteral("Dangling.DPD"))).constData()),
         0);
     Reopen();
-    CVorDPMLibraryManager* library = nullptr;
-    Manager()->GetLibrary(QStringLiteral("Lib"), library);
+    CVorDPMLibraryManager* library = Library(QStringLiteral("Lib"));
     QStringList names;
     library->GetAllDPDName(names);
     EXPECT_EQ(names, (QStringList{"Dangling", "Folder", "Link", "lower", "Series"}));

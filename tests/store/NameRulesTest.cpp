@@ -8,34 +8,13 @@
 namespace {
 
 const QStringList kBadNames = {
-    QString(),
-    QStringLiteral("."),
-    QStringLiteral(".."),
-    QStringLiteral("a/b"),
-    QStringLiteral("..\\up"),
-    QStringLiteral("../up"),
-    QStringLiteral("a:b"),
-    QStringLiteral("a*"),
-    QStringLiteral("wh?"),
-    QStringLiteral("say\"x\""),
-    QStringLiteral("<x>"),
-    QStringLiteral("a|b"),
-    QStringLiteral("tab\there"),
-    QStringLiteral("nl\nx"),
-    QStringLiteral("trailing."),
-    QStringLiteral("trailing "),
-    QStringLiteral("CON"),
-    QStringLiteral("lpt1.txt"),
+    QString(), ".", "..", "a/b", "..\\up", "../up", "a:b", "a*", "wh?", "say\"x\"", "<x>", "a|b",
+    "tab\there", "nl\nx", "trailing.", "trailing ", "CON", "lpt1.txt",
     // Names that would be written but could not be found again.
-    QStringLiteral(".hidden"),
-    QStringLiteral(".recycle"),
-    QString(QChar(0xD800)) + QStringLiteral("x"),
-    QStringLiteral("x") + QChar(0xDC00),
-    QStringLiteral("ab") + QChar(0xDBFF),
+    ".hidden", ".recycle", QString(QChar(0xD800)) + "x", QString("x") + QChar(0xDC00),
+    QString("ab") + QChar(0xDBFF),
     // One byte over the limit, in ASCII and in Chinese (3 bytes a character).
-    QString(207, QLatin1Char('n')),
-    QString(69, QChar(0x87BA)),
-};
+    QString(207, QLatin1Char('n')), QString(69, QChar(0x87BA))};
 
 // The longest name: its longest derived file name, the journal of a new file's temporary copy
 // ("<name>.DPD.new-<32 hex digits>-journal"), is as long as a file name can be.

@@ -21,12 +21,6 @@ protected:
         Reopen();
     }
 
-    static CVorDPMDPD* Bolt() {
-        CVorDPMDPD* dpd = nullptr;
-        Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("Bolt"), dpd);
-        return dpd;
-    }
-
     // Id and value of each series row the file holds, in the order visited.
     std::vector<std::pair<int, QString>> StoredSeries(CVorDPMStoredRows& stored) const {
         std::vector<std::pair<int, QString>> rows;
@@ -42,12 +36,12 @@ protected:
 TEST_F(StoredRowsTest, VisitsTheSavedRowsInIdOrderAndNotUnsavedChanges) {
     const std::vector<std::pair<int, QString>> saved{{1, "M12"}, {2, "M16"}, {3, "M20"}};
     {
-        CVorDPMStoredRows before(*Bolt());
+        CVorDPMStoredRows before(*Definition(QStringLiteral("Bolt")));
         EXPECT_TRUE(before.Error().isEmpty()) << before.Error().toStdString();
         EXPECT_EQ(StoredSeries(before), saved);
     }
     // Changes in memory are not the file's until saved.
-    CVorDPMDPD* bolt = Bolt();
+    CVorDPMDPD* bolt = Definition(QStringLiteral("Bolt"));
     CVorDPM_DPD_Serial* first = nullptr;
     ASSERT_EQ(bolt->GetSerial(1, first, 0), VOR::eOk);
     first->SetValue(QStringLiteral("M10"), m_d);
@@ -74,8 +68,9 @@ TEST_F(StoredRowsTest, VisitsTheSavedRowsInIdOrderAndNotUnsavedChanges) {
 
 // The rows before the one that cannot be read have been visited; the rest are not.
 TEST_F(StoredRowsTest, StopsAtARowThatCannotBeReadAndSaysWhy) {
-    Exec(Bolt()->GetDPDFullPath(), "UPDATE serial SET product_id = 4294967297 WHERE id = 2");
-    CVorDPMStoredRows stored(*Bolt());
+    Exec(Definition(QStringLiteral("Bolt"))->GetDPDFullPath(),
+         "UPDATE serial SET product_id = 4294967297 WHERE id = 2");
+    CVorDPMStoredRows stored(*Definition(QStringLiteral("Bolt")));
     ASSERT_TRUE(stored.Error().isEmpty()) << stored.Error().toStdString();
     std::vector<int> visited;
     EXPECT_FALSE(stored.ForEach<CVorDPM_DPD_Serial>(

@@ -25,6 +25,16 @@ protected:
         return library;
     }
 
+    // The definition `name` of the library the store knows by `library`; null when either is
+    // missing. Its rows are read on first use.
+    static CVorDPMDPD* Definition(const QString& name,
+                                  const QString& library = QStringLiteral("QXMaterial")) {
+        CVorDPMLibraryManager* owner = Library(library);
+        CVorDPMDPD* dpd = nullptr;
+        if (owner) owner->GetDPD(name, dpd);
+        return dpd;
+    }
+
     static CVorDPMDPC* MakeCatalog(CVorDPMLibraryManager* library, const QString& name) {
         CVorDPMDPC* catalog = nullptr;
         EXPECT_EQ(library->CreateDPC(name, catalog), VOR::eOk) << name.toStdString();
@@ -77,6 +87,18 @@ protected:
         serial->SetProductId(product->GetObjectId());
         EXPECT_EQ(dpd->AddSerial(serial), VOR::eOk);
         return serial;
+    }
+
+    // `count` series rows of `product` (0: none) whose value of `property` is `value`: bulk that
+    // makes a save or a copy of the file take a while.
+    static void AddValueRows(CVorDPMDPDBase* dpd, int property, int count, const QString& value,
+                             int product = 0) {
+        for (int i = 0; i < count; ++i) {
+            auto* serial = new CVorDPM_DPD_Serial;
+            serial->SetProductId(product);
+            serial->SetValue(value, property);
+            dpd->AddSerial(serial);
+        }
     }
 
     // Drops everything loaded, so that the next lookups read the files again.
