@@ -72,36 +72,6 @@ TEST_P(IsEqualTest, MatchesAsTyped) {
 
 INSTANTIATE_TEST_SUITE_P(Patterns, IsEqualTest, ::testing::ValuesIn(kMatchCases));
 
-TEST(NameMatching, RecognisesWildcardsTheInvertedWay) {
-    EXPECT_EQ(CVorDPMData::IsExistWildcard(QStringLiteral("abc")), 1);
-    EXPECT_EQ(CVorDPMData::IsExistWildcard(QString()), 1);
-    EXPECT_EQ(CVorDPMData::IsExistWildcard(QStringLiteral("a*")), 0);
-    EXPECT_EQ(CVorDPMData::IsExistWildcard(QStringLiteral("?")), 0);
-}
-
-TEST(NameMatching, TransformsStarsFirstAndQuestionMarksOnlyWithoutStars) {
-    const struct {
-        const char* in;
-        const char* out;
-        int changed;
-    } cases[] = {
-        {"M*x?0", "M.*x?0", 1}, {"M1?", "M1.", 1}, {"??", "..", 1},
-        {"**", ".*.*", 1},      {"M12", "M12", 0}, {"", "", 0},
-    };
-    for (const auto& c : cases) {
-        QString pattern = QString::fromUtf8(c.in);
-        EXPECT_EQ(CVorDPMData::TransformToRegex(pattern), c.changed) << c.in;
-        EXPECT_EQ(pattern, QString::fromUtf8(c.out)) << c.in;
-    }
-}
-
-TEST(NameMatching, RegexMatchIsUnanchoredAndSurvivesInvalidExpressions) {
-    EXPECT_EQ(CVorDPMData::IsRegexEqual(QStringLiteral("xxabcxx"), QStringLiteral("ab.")), 1);
-    EXPECT_EQ(CVorDPMData::IsRegexEqual(QStringLiteral("ABC"), QStringLiteral("abc")), 0);
-    EXPECT_EQ(CVorDPMData::IsRegexEqual(QStringLiteral("("), QStringLiteral("(")), 0);
-    EXPECT_EQ(CVorDPMData::IsRegexEqual(QStringLiteral("a"), QStringLiteral("*")), 0);
-}
-
 // A kept compiled expression must never answer for a different pattern.
 TEST(NameMatching, AlternatingPatternsEachGiveTheirOwnAnswer) {
     const QString text = QStringLiteral("Bolt M12");

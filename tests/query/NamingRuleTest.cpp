@@ -104,9 +104,8 @@ TEST_F(NamingRuleTest, FindsRowsByKeyAndByIdAfterReopening) {
     const QString key = serial->GetKey();
     const int id = serial->GetObjectId();
     SaveAndReopen();
-    CVorDPMDPD* dpd = nullptr;
-    ASSERT_EQ(Manager()->GetLibrary(QStringLiteral("QXMaterial"), m_library), VOR::eOk);
-    ASSERT_EQ(m_library->GetDPD(QStringLiteral("HexBolt"), dpd), VOR::eOk);
+    CVorDPMDPD* dpd = Definition(QStringLiteral("HexBolt"));
+    ASSERT_NE(dpd, nullptr);
 
     QString byKey;
     EXPECT_EQ(CVorDPMData::ParseProductNameRule(dpd, key, byKey), 1);
