@@ -113,8 +113,7 @@ TEST_F(AddProductDlgTest, CancelAddsNothingAndLeavesTheFlagDown) {
 }
 
 TEST_F(AddProductDlgTest, SeriesRowsShowTheirPicturesAndAnEmptyPictureKeepsTheLastOne) {
-    CVorDPMDPD* washer = nullptr;
-    Library(kLibrary)->GetDPD(QStringLiteral("垫圈"), washer);
+    CVorDPMDPD* washer = Definition(QStringLiteral("垫圈"));
     CVorDPM_DPD_Property* diameter =
         AddProperty(washer, QStringLiteral("d"), QStringLiteral("公称直径"));
     CVorDPM_DPD_Product* product =

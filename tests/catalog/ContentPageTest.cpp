@@ -2,7 +2,6 @@
 // commands with their enabling rules and menus, removals and the classification rename.
 #include <gmock/gmock.h>
 
-#include <QFile>
 #include <QLabel>
 #include <QSignalSpy>
 
@@ -10,6 +9,7 @@
 #include "CatalogFixture.h"
 #include "catalog/CVorDPMAddRef.h"
 #include "library/CVorDPMVersionDlg.h"
+#include "support/StoreFileEdits.h"
 
 using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
@@ -246,11 +246,7 @@ TEST_F(ContentPageTest, AddReferenceReloadsTheReferencesWhateverTheDialogReturns
 
 TEST_F(ContentPageTest, AnUnreadableCatalogFileIsReportedAndLeftAsItWas) {
     const QString file = root.File(kLibrary + QStringLiteral("/板材.DPC"));
-    {
-        QFile broken(file);
-        ASSERT_TRUE(broken.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        broken.write("not a catalog");
-    }
+    Write(file, "not a catalog");
     Page(kLibrary + QStringLiteral("/板材"));
     auto* status = Control<QLabel>(page.get(), Page::IDC_STATUS);
     EXPECT_TRUE(status->isVisible());
@@ -264,9 +260,7 @@ TEST_F(ContentPageTest, AnUnreadableCatalogFileIsReportedAndLeftAsItWas) {
     }));
     Click(page.get(), Page::IDC_ADD_REFERENCE);
     Manager()->SaveWork();
-    QFile after(file);
-    ASSERT_TRUE(after.open(QIODevice::ReadOnly));
-    EXPECT_EQ(after.readAll(), QByteArray("not a catalog"));
+    EXPECT_EQ(ReadAll(file), QByteArray("not a catalog"));
 
     Page();
     EXPECT_FALSE(status->isVisible());

@@ -4,7 +4,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QBuffer>
-#include <QFile>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -17,6 +16,7 @@
 #include "controls/CVorDPMListCtrlEx.h"
 #include "controls/CVorDPMListRowDelegate.h"
 #include "controls/CVorDPMPictureCtrl.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -187,10 +187,7 @@ TEST_F(PictureCtrlTest, FilesOfEveryKind) {
     const QString jpg = dir.filePath(QStringLiteral("photo.jpg"));
     ASSERT_TRUE(RedBlue().scaled(40, 20).save(jpg, "JPG"));
     const QString text = dir.filePath(QStringLiteral("readme.png"));
-    QFile file(text);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("plain text");
-    file.close();
+    Write(text, "plain text");
 
     struct Case {
         QString path;

@@ -1,4 +1,3 @@
-#include <QFile>
 #include <QGroupBox>
 #include <QTreeWidget>
 
@@ -6,6 +5,7 @@
 #include "VorDPMFunctions.h"
 #include "common/CVorDPMDPODlg.h"
 #include "controls/CVorDPMlistCtrlBase.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -186,10 +186,7 @@ TEST_F(DPODlgTest, OkWithoutARowAsksAgain) {
 }
 
 TEST_F(DPODlgTest, UnreadableTableOpensWithAnEmptyTree) {
-    QFile file(root.File(QStringLiteral("Property.DPO")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write("not a table");
-    file.close();
+    Write(root.File(QStringLiteral("Property.DPO")), "not a table");
 
     CVorDPMDPODlg dialog(CVorDPMDPODlg::PropertyTable);
     dialog.show();

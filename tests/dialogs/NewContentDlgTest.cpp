@@ -35,17 +35,6 @@ protected:
     }
 };
 
-TEST_F(NewContentDlgTest, ListsTheLibrariesWithNoneChosen) {
-    auto dialog = Open(-1, {});
-    auto* list = Control<CVorDPMListCtrlEx>(dialog.get(), CVorDPMNewContentDlg::IDC_LIBRARY_LIST);
-    EXPECT_EQ(list->model()->headerData(0, Qt::Horizontal).toString(),
-              QStringLiteral("产品库名称"));
-    EXPECT_EQ(list->columnWidth(0), 150);
-    EXPECT_EQ((QStringList{list->GetItemText(0, 0), list->GetItemText(1, 0)}),
-              (QStringList{"Alpha", "Beta"}));
-    EXPECT_EQ(list->GetSelectedRow(), -1);
-}
-
 struct OkCase {
     const char* what;
     int library;
