@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <optional>
 
 #include "EditorLoader.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -64,10 +64,7 @@ TEST(EditorLoader, BindsTheEntryOfALibraryBuiltFromTheEditorsHeader) {
 TEST(EditorLoader, RefusesMissingUnloadableAndForeignLibrariesWithAMessage) {
     QTemporaryDir dir;
     const QString text = dir.filePath(QStringLiteral("libText.so"));
-    QFile file(text);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not a shared library");
-    file.close();
+    Write(text, "not a shared library");
 
     struct Case {
         QString path;

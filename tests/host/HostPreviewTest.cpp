@@ -89,29 +89,6 @@ TEST_F(HostPreviewTest, FailuresAreShownAsTextInTheArea) {
     }
 }
 
-TEST_F(HostPreviewTest, ANewerRequestReplacesTheOlderOneAndCarriesItsKey) {
-    HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{first}"), "x = 1", {}, {});
-    HostPreview::Draw(QRect(0, 0, 100, 100), &window, QStringLiteral("{second}"),
-                      "line(0, 0, 1, 1)", {}, {});
-    EXPECT_TRUE(Ended());
-    const QList<PreviewWidget*> previews = window.findChildren<PreviewWidget*>();
-    ASSERT_EQ(previews.size(), 1);
-    EXPECT_EQ(previews[0]->objectName(), QStringLiteral("{second}"));
-    EXPECT_TRUE(previews[0]->Message().isEmpty()) << previews[0]->Message().toStdString();
-}
-
-// A parameter whose value has the wrong type for what the script does with it stops the script
-// at that line, and the area says so.
-TEST_F(HostPreviewTest, AParameterOfTheWrongTypeIsReportedWithItsLine) {
-    tagVorDPM_Value text;
-    text = QStringLiteral("M12");
-    Draw(&window, QRect(0, 0, 300, 200), "line(0, 0, 1, 1)\ncircle(0, 0, d / 2)",
-         {{QStringLiteral("d"), {0, 0}}}, {{0, text}});
-    const QString message = HostPreview::Current()->Message();
-    EXPECT_TRUE(message.startsWith(QStringLiteral("脚本错误："))) << message.toStdString();
-    EXPECT_TRUE(message.contains(QStringLiteral(":2:"))) << message.toStdString();
-}
-
 // A script that runs long inside a library function, where the sandbox's own limits do not
 // reach, leaves the host's event loop running; it is stopped at the time limit, and a newer
 // preview replaces it at once.

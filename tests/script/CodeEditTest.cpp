@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QFontInfo>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -77,21 +76,6 @@ TEST(CodeEdit, AnEditedLineRecolorsTheLinesAfterIt) {
     QTextCursor cursor(edit.document()->findBlockByNumber(0));
     cursor.insertText(QStringLiteral("--[[ "));
     EXPECT_EQ(ColourAt(edit, 1, 0), Colour(H::Comment));
-}
-
-TEST(CodeEdit, PlainMonospaceTextWithTabsOfFourAndAMarginForTheLineNumbers) {
-    CVorDPMScriptCodeEdit edit;
-    EXPECT_TRUE(QFontInfo(edit.font()).fixedPitch());
-    EXPECT_EQ(edit.tabStopDistance(), 4 * edit.fontMetrics().horizontalAdvance(QLatin1Char(' ')));
-    const QString text =
-        QStringLiteral("\tline(0, 0, l, d) -- 直径\r\n") + QString(120, QLatin1Char('-'));
-    edit.setPlainText(text);
-    // The text comes back as typed; only the line break is the document's own.
-    EXPECT_EQ(edit.toPlainText(), QString(text).replace(QStringLiteral("\r\n"), "\n"));
-    const int twoDigits = edit.LineNumberAreaWidth();
-    edit.setPlainText(QString(99, QLatin1Char('\n')));
-    EXPECT_GT(edit.LineNumberAreaWidth(), twoDigits);
-    EXPECT_EQ(edit.lineWrapMode(), QPlainTextEdit::NoWrap);
 }
 
 }  // namespace

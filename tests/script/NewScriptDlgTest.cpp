@@ -1,9 +1,9 @@
-#include <QFile>
 #include <QPlainTextEdit>
 
 #include "ScriptEditDriver.h"
 #include "ScriptEditFixture.h"
 #include "script/CVorDPMNewScriptDlg.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -80,11 +80,7 @@ TEST_F(NewScriptDlgTest, CancelOrNoDefinitionAddsNothing) {
 TEST_F(NewScriptDlgTest, AFailedAddSaysSoAndStillClosesWithOk) {
     const QString path = dpd->GetDPDFullPath();
     Reopen();
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write("not a product definition");
-    }
+    Write(path, "not a product definition");
     ASSERT_EQ(Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("六角头螺栓"), dpd),
               VOR::eOk);
     CVorDPMScriptEdit editor(dpd, nullptr, &RecordDraw, &RecordClose, &RecordMove);

@@ -59,17 +59,9 @@ protected:
     static void RecordClose() { ++Host().closes; }
     static void RecordMove(QRect rect) { Host().moves.push_back(rect); }
 
-    static tagVorDPM_Value Int(int v) {
-        tagVorDPM_Value value;
-        value = v;
-        return value;
-    }
-    static tagVorDPM_Value Real(double v) {
-        tagVorDPM_Value value;
-        value = v;
-        return value;
-    }
-    static tagVorDPM_Value Text(const QString& v) {
+    // A value of the type of `v`, as the store's tagged value takes it on assignment.
+    template <class T>
+    static tagVorDPM_Value Value(T v) {
         tagVorDPM_Value value;
         value = v;
         return value;

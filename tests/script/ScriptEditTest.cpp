@@ -16,14 +16,6 @@ TEST_F(ScriptEditTest, OpensOnTheShapesScriptWithTheParametersOfTheDefinition) {
     auto dialog = Open();
     const ScriptEditDriver driver(dialog.get());
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("参数化脚本编辑器"));
-    for (int id : {CVorDPMScriptEdit::IDC_NEW_SCRIPT, CVorDPMScriptEdit::IDC_SAVE_SCRIPT,
-                   CVorDPMScriptEdit::IDC_DELETE_SCRIPT, CVorDPMScriptEdit::IDC_PREVIEW}) {
-        QPushButton* button = Control<QPushButton>(dialog.get(), id);
-        EXPECT_TRUE(button->text().isEmpty()) << id;
-        EXPECT_FALSE(button->icon().isNull()) << id;
-        EXPECT_FALSE(button->toolTip().isEmpty()) << id;
-    }
-
     EXPECT_EQ(driver.ListNames(), QStringList({"螺栓", "垫圈"}));
     EXPECT_EQ(driver.List()->GetItemData(0), quint64(boltId));
     EXPECT_EQ(driver.List()->GetItemData(1), quint64(washerId));
@@ -74,7 +66,7 @@ TEST_F(ScriptEditTest, PreviewSendsTheEditedTextTheMapsAndAFreshKeyForEachRun) {
     const std::map<QString, _struParam> params = {{"l", {1, 0}}, {"d", {0, 1}}, {"mat", {1, 2}}};
     EXPECT_EQ(draw.params, params);
     const std::map<int, tagVorDPM_Value> values = {
-        {0, Int(80)}, {1, Real(16.25)}, {2, Text(QStringLiteral("钢 Q345"))}};
+        {0, Value(80)}, {1, Value(16.25)}, {2, Value(QStringLiteral("钢 Q345"))}};
     EXPECT_EQ(draw.values, values);
 
     EXPECT_FALSE(QUuid::fromString(draw.key).isNull()) << draw.key.toStdString();
@@ -107,7 +99,7 @@ TEST_F(ScriptEditTest, ThePreviewMapsKeepTheFirstOfARepeatedNameOrOrderAndLeaveO
     const std::map<QString, _struParam> params = {{"l", {1, 0}}, {"d", {0, 1}}, {"x", {-1, 0}}};
     EXPECT_EQ(Host().draws[0].params, params);
     // mat (order -1) is left out; order 3 came with the second d, whose name was taken.
-    const std::map<int, tagVorDPM_Value> values = {{0, Int(50)}, {1, Real(12.5)}, {3, Int(7)}};
+    const std::map<int, tagVorDPM_Value> values = {{0, Value(50)}, {1, Value(12.5)}, {3, Value(7)}};
     EXPECT_EQ(Host().draws[0].values, values);
 }
 
@@ -120,8 +112,8 @@ TEST_F(ScriptEditTest, TestValuesThatDoNotParseReadAsZero) {
     ASSERT_TRUE(rows->setData(rows->index(1, 3), QStringLiteral("abc")));
     Click(dialog.get(), CVorDPMScriptEdit::IDC_PREVIEW);
     ASSERT_EQ(Host().draws.size(), 1u);
-    EXPECT_EQ(Host().draws[0].values.at(0), Int(0));
-    EXPECT_EQ(Host().draws[0].values.at(1), Real(0));
+    EXPECT_EQ(Host().draws[0].values.at(0), Value(0));
+    EXPECT_EQ(Host().draws[0].values.at(1), Value(0.0));
 }
 
 TEST_F(ScriptEditTest, OkWritesTheSettingsOfEveryParameterInNameOrder) {

@@ -8,28 +8,6 @@ namespace {
 
 using P = CVorDPMScriptParams;
 
-TEST(ScriptParams, CategoryTextsAndCodes) {
-    const std::pair<int, QString> shown[] = {
-        {-1, "Unkonw Parameters"},
-        {0, "Design Parameters"},
-        {1, "Component parameters"},
-        {2, ""},
-        {-2, ""},
-    };
-    for (const auto& [code, text] : shown) EXPECT_EQ(P::CategoryText(code), text) << code;
-    const std::pair<QString, int> read[] = {
-        {"Design Parameters", 0},
-        {"Component parameters", 1},
-        {"Unkonw Parameters", -1},
-        {"design parameters", -1},
-        {"Component Parameters", -1},
-        {" Design Parameters", -1},
-        {"", -1},
-    };
-    for (const auto& [text, code] : read)
-        EXPECT_EQ(P::CategoryCode(text), code) << text.toStdString();
-}
-
 TEST(ScriptParams, NumbersAreReadFromTheStartOfTheText) {
     const std::tuple<QString, int, double> cases[] = {
         {"12", 12, 12.0},
