@@ -1,34 +1,23 @@
 // "vordpm check" end to end on a sample root the tool creates: its lines, its JSON, its exit
 // codes, and the same findings in the same order however many sandbox processes run scripts.
-#include <gtest/gtest.h>
-
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
 
 #include "ToolRunner.h"
 #include "support/StoreFileEdits.h"
-#include "support/TempRoot.h"
 
 namespace {
 
-class CheckToolTest : public ::testing::Test {
+class CheckToolTest : public SampleRootToolTest {
 protected:
     void SetUp() override {
-        ASSERT_EQ(Run({"sample"}).exitCode, 0);
+        CreateSample();
         // Two faults: a script that fails for every size, and a series row of a missing shape.
         Exec(m_sample + QStringLiteral("/QXMaterial/六角螺母.DPD"),
              "UPDATE dps SET content = 'circle(0, 0, d)' || char(10) || 'error(\"broken\")';"
              "UPDATE serial SET shape_id = 9 WHERE id = 5");
     }
-
-    ToolRun Run(QStringList arguments) const {
-        arguments << QStringLiteral("--root") << m_sample;
-        return ToolRunner::Run(arguments);
-    }
-
-    TempRoot root;
-    QString m_sample = root.Home() + QStringLiteral("/sample");
 };
 
 TEST_F(CheckToolTest, PrintsOneLinePerFindingAndASummary) {

@@ -1,45 +1,22 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ToolRunner.h"
-#include "support/TempRoot.h"
+#include "support/StoreFileEdits.h"
 
 // "vordpm export" and "vordpm import" end to end on a sample root the tool creates.
-class FamilyToolTest : public ::testing::Test {
+class FamilyToolTest : public SampleRootToolTest {
 protected:
-    void SetUp() override {
-        const ToolRun created = Run({"sample"});
-        ASSERT_EQ(created.exitCode, 0) << created.err.toStdString();
-    }
-
-    ToolRun Run(QStringList arguments) const {
-        arguments << QStringLiteral("--root") << m_sample;
-        return ToolRunner::Run(arguments);
-    }
+    void SetUp() override { CreateSample(); }
 
     QString Path(const QString& name) const { return root.Home() + QLatin1Char('/') + name; }
 
-    static QByteArray Bytes(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    static void Write(const QString& path, const QByteArray& bytes) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-    }
-
     QByteArray NutFile() const {
-        return Bytes(m_sample + QStringLiteral("/QXMaterial/六角螺母.DPD"));
+        return ReadAll(m_sample + QStringLiteral("/QXMaterial/六角螺母.DPD"));
     }
-
-    TempRoot root;
-    QString m_sample = root.Home() + QStringLiteral("/sample");
 };
 
 TEST_F(FamilyToolTest, BadUsageExitsWithTwo) {
@@ -73,13 +50,13 @@ TEST_F(FamilyToolTest, ExportThenImportChangesNothing) {
     }
     EXPECT_EQ(NutFile(), before);
     // Standard output gets the same CSV as the file.
-    EXPECT_EQ(Run({"export", "QXMaterial", "六角螺母"}).rawOut, Bytes(Path("nut.csv")));
+    EXPECT_EQ(Run({"export", "QXMaterial", "六角螺母"}).rawOut, ReadAll(Path("nut.csv")));
 }
 
 TEST_F(FamilyToolTest, DryRunPrintsTheChangeThatImportWrites) {
     const QString file = Path(QStringLiteral("nut.csv"));
     ASSERT_EQ(Run({"export", "QXMaterial", "六角螺母", "-o", file}).exitCode, 0);
-    QByteArray csv = Bytes(file);
+    QByteArray csv = ReadAll(file);
     ASSERT_TRUE(csv.contains(",6.8,"));
     csv.replace(",6.8,", ",6.75,");
     Write(file, csv);

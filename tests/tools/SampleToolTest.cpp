@@ -1,24 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ToolRunner.h"
-#include "support/TempRoot.h"
 
 // The tool end to end on the sample root it creates itself.
-class SampleToolTest : public ::testing::Test {
-protected:
-    ToolRun Run(QStringList arguments) const {
-        arguments << QStringLiteral("--root") << m_sample;
-        return ToolRunner::Run(arguments);
-    }
-
-    TempRoot root;
-    QString m_sample = root.Home() + QStringLiteral("/sample");
-};
-
-TEST_F(SampleToolTest, CreatesASampleThatEveryCommandReads) {
+TEST_F(SampleRootToolTest, CreatesASampleThatEveryCommandReads) {
     const ToolRun created = Run({"sample"});
     ASSERT_EQ(created.exitCode, 0) << created.err.toStdString();
     EXPECT_EQ(Run({"ls"}).OutLines(), (QStringList{"QXMaterial", "QXMEP"}));
