@@ -339,71 +339,55 @@ TEST_F(SampleContentTest, NamingRulesReadLikeTradeDesignations) {
 }
 
 // Relations every size of a table must satisfy: larger - less > factor * smaller. A shifted
-// column or a mistyped digit in a size table breaks one of them.
+// column or a mistyped digit in a size table breaks one of them. Across corners a regular
+// hexagon is at most s / cos 30° wide; a flange's bolt holes lie between its bore and its rim.
 struct Relation {
-    const char* definition;
     const char* larger;
     const char* smaller;
     double factor;
     const char* less = nullptr;
 };
 
-const Relation kRelations[] = {
-    {"六角头螺栓", "s", "d", 1},
-    {"六角头螺栓", "e", "s", 1},
-    {"六角头螺栓", "d", "k", 1},
-    {"六角头螺栓", "l", "b", 1},
-    {"六角头螺栓", "d", "P", 3},
-    {"六角螺母", "e", "s", 1},
-    {"六角螺母", "s", "d", 1},
-    {"六角螺母", "d", "m", 0.9},
-    {"平垫圈", "d1", "d", 1},
-    {"平垫圈", "d2", "d1", 1.5},
-    {"平垫圈", "d1", "h", 2},
-    {"无缝钢管", "D", "DN", 1},
-    {"无缝钢管", "D", "S", 5},
-    {"无缝钢管", "W", "S", 0},
-    {"板式平焊法兰", "D", "K", 1},
-    {"板式平焊法兰", "K", "B", 1},
-    {"板式平焊法兰", "B", "DN", 1},
-    {"板式平焊法兰", "C", "L", 0.5},
-    {"法兰闸阀", "H", "D", 1},
-    {"法兰闸阀", "L", "DN", 1},
-    {"法兰闸阀", "D", "DN", 1},
-    {"法兰闸阀", "W", "DN", 1},
-    {"同心异径管", "DN1", "DN2", 1},
-    {"同心异径管", "D1", "D2", 1},
-    {"同心异径管", "D1", "DN1", 1},
-    {"热轧钢板", "B", "t", 10},
-    {"热轧钢板", "L", "B", 1},
-    {"热轧工字钢", "h", "b", 1},
-    {"热轧工字钢", "b", "d", 5},
-    {"热轧工字钢", "t", "d", 1},
-    {"热轧槽钢", "h", "b", 1},
-    {"热轧槽钢", "b", "d", 4},
-    {"热轧槽钢", "t", "d", 1},
-    {"热轧等边角钢", "b", "d", 4},
-    {"热轧等边角钢", "r", "d", 0.5},
-    // Across corners a regular hexagon is at most s / cos 30° wide.
-    {"六角头螺栓", "s", "e", 0.866},
-    {"六角螺母", "s", "e", 0.866},
-    // Bolt holes lie between the bore and the rim.
-    {"板式平焊法兰", "D", "L", 1, "K"},
-    {"板式平焊法兰", "K", "B", 1, "L"},
+const std::pair<const char*, std::vector<Relation>> kRelations[] = {
+    {"六角头螺栓",
+     {{"s", "d", 1},
+      {"e", "s", 1},
+      {"d", "k", 1},
+      {"l", "b", 1},
+      {"d", "P", 3},
+      {"s", "e", 0.866}}},
+    {"六角螺母", {{"e", "s", 1}, {"s", "d", 1}, {"d", "m", 0.9}, {"s", "e", 0.866}}},
+    {"平垫圈", {{"d1", "d", 1}, {"d2", "d1", 1.5}, {"d1", "h", 2}}},
+    {"无缝钢管", {{"D", "DN", 1}, {"D", "S", 5}, {"W", "S", 0}}},
+    {"板式平焊法兰",
+     {{"D", "K", 1},
+      {"K", "B", 1},
+      {"B", "DN", 1},
+      {"C", "L", 0.5},
+      {"D", "L", 1, "K"},
+      {"K", "B", 1, "L"}}},
+    {"法兰闸阀", {{"H", "D", 1}, {"L", "DN", 1}, {"D", "DN", 1}, {"W", "DN", 1}}},
+    {"同心异径管", {{"DN1", "DN2", 1}, {"D1", "D2", 1}, {"D1", "DN1", 1}}},
+    {"热轧钢板", {{"B", "t", 10}, {"L", "B", 1}}},
+    {"热轧工字钢", {{"h", "b", 1}, {"b", "d", 5}, {"t", "d", 1}}},
+    {"热轧槽钢", {{"h", "b", 1}, {"b", "d", 4}, {"t", "d", 1}}},
+    {"热轧等边角钢", {{"b", "d", 4}, {"r", "d", 0.5}}},
 };
 
 TEST_F(SampleContentTest, SizeTablesAreConsistent) {
-    for (const Relation& relation : kRelations) {
-        CVorDPMDPD* definition = View::Definition(QString::fromUtf8(relation.definition));
-        ASSERT_TRUE(definition) << relation.definition;
+    for (const auto& [name, relations] : kRelations) {
+        CVorDPMDPD* definition = View::Definition(QString::fromUtf8(name));
+        ASSERT_TRUE(definition) << name;
         for (CVorDPM_DPD_Serial* row : View::Series(definition)) {
             const QHash<QString, double> values = Numbers(View::Values(definition, *row));
-            ASSERT_TRUE(values.contains(relation.larger) && values.contains(relation.smaller));
-            const double less = relation.less ? values.value(relation.less, NAN) : 0;
-            EXPECT_GT(values[relation.larger] - less, relation.factor * values[relation.smaller])
-                << relation.definition << ": " << relation.larger << " = "
-                << values[relation.larger] << ", " << relation.smaller << " = "
-                << values[relation.smaller];
+            for (const Relation& relation : relations) {
+                ASSERT_TRUE(values.contains(relation.larger) && values.contains(relation.smaller));
+                const double less = relation.less ? values.value(relation.less, NAN) : 0;
+                EXPECT_GT(values[relation.larger] - less,
+                          relation.factor * values[relation.smaller])
+                    << name << ": " << relation.larger << " = " << values[relation.larger] << ", "
+                    << relation.smaller << " = " << values[relation.smaller];
+            }
         }
     }
 }

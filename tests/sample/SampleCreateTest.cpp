@@ -61,9 +61,7 @@ TEST(SampleCreate, CreatingTwiceIsRefusedAndLeavesTheRootAsItWas) {
 // first library is complete; nothing of the run may stay, and a later run must succeed.
 TEST(SampleCreate, FailureHalfWayTakesBackEverythingTheRunMade) {
     TempRoot root;
-    QFile blocker(root.File("QXMEP"));
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
+    ASSERT_TRUE(QFile(root.File("QXMEP")).open(QIODevice::WriteOnly));
 
     QString error;
     EXPECT_FALSE(SampleLibrary::Create(root.Path(), 1, error));
@@ -83,9 +81,7 @@ TEST(SampleCreate, FailureHalfWayTakesBackEverythingTheRunMade) {
 
 TEST(SampleCreate, RefusesABadScaleOrRootBeforeWritingAnything) {
     TempRoot root;
-    QFile file(root.File("not-a-folder"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.close();
+    ASSERT_TRUE(QFile(root.File("not-a-folder")).open(QIODevice::WriteOnly));
     const struct {
         QString root;
         int scale;
