@@ -25,11 +25,7 @@ protected:
         m_library = MakeLibrary();
         CVorDPMDPD* bolt = MakeDefinition(m_library, QStringLiteral("Bolt"));
         AddProperty(bolt, QStringLiteral("直径"), QStringLiteral("d"));
-        for (const char* name : {"p1", "p2"}) {
-            auto* product = new CVorDPM_DPD_Product;
-            product->SetName(QString::fromUtf8(name));
-            bolt->AddProduct(product);
-        }
+        for (const char* name : {"p1", "p2"}) AddProduct(bolt, QString::fromUtf8(name));
         ASSERT_EQ(Manager()->SaveWork(), 1);
         m_outside = root.Home() + QStringLiteral("/outside");
         QDir().mkpath(m_outside);

@@ -32,10 +32,7 @@ protected:
     void Build() {
         CVorDPMLibraryManager* library = MakeLibrary();
         for (const char* name : {"Shared", "Other"}) {
-            CVorDPMDPD* dpd = MakeDefinition(library, QString::fromUtf8(name));
-            auto* product = new CVorDPM_DPD_Product;
-            product->SetName(QStringLiteral("p1"));
-            dpd->AddProduct(product);
+            AddProduct(MakeDefinition(library, QString::fromUtf8(name)), QStringLiteral("p1"));
         }
         ASSERT_EQ(Manager()->SaveWork(), 1);
         Reopen();
@@ -105,9 +102,7 @@ TEST_F(ConcurrencyTest, ASaveOverAnotherProcesssChangeFailsAndKeepsTheEdits) {
         ASSERT_NE(dpd, nullptr) << c.label;
         ASSERT_EQ(RunChild(c.child), QStringLiteral("ok")) << c.label;
         First(dpd)->SetName(QStringLiteral("parent"));
-        auto* added = new CVorDPM_DPD_Product;
-        added->SetName(QStringLiteral("p"));
-        dpd->AddProduct(added);
+        AddProduct(dpd, QStringLiteral("p"));
 
         EXPECT_EQ(Manager()->SaveWork(), 0) << c.label;
         const QString error = CVorDPMManager::GetLastErrorText();

@@ -58,14 +58,9 @@ TEST_F(DefinitionTest, AllTablesRoundTripThroughTheFile) {
     ASSERT_EQ(m_dpd->AddShape(shape), VOR::eOk);
     EXPECT_EQ(shape->SetParamIndex(QStringLiteral("l"), 7), 1);
     EXPECT_EQ(shape->SetParamIndex(QStringLiteral("x"), 7), 0);
-    auto* product = new CVorDPM_DPD_Product;
-    product->SetName(QStringLiteral("螺栓"));
-    product->SetNameRule(QStringLiteral("Bolt%d"));
-    ASSERT_EQ(m_dpd->AddProduct(product), VOR::eOk);
-    auto* serial = new CVorDPM_DPD_Serial;
-    serial->SetProductId(product->GetObjectId());
+    CVorDPM_DPD_Serial* serial =
+        AddSerial(m_dpd, AddProduct(m_dpd, QStringLiteral("螺栓"), QStringLiteral("Bolt%d")));
     serial->SetValue(QStringLiteral("M12"), d->GetObjectId());
-    ASSERT_EQ(m_dpd->AddSerial(serial), VOR::eOk);
     const QString key = serial->GetKey();
     EXPECT_FALSE(key.isEmpty());
     const int shapeId = shape->GetObjectId();
@@ -124,9 +119,7 @@ TEST_F(DefinitionTest, SeriesValuesKeepAnyTextPerProperty) {
 
 TEST_F(DefinitionTest, RowChecksReportEmptyAndDuplicateFields) {
     AddProperty(m_dpd, QStringLiteral("d"), QStringLiteral("直径"));
-    auto* product = new CVorDPM_DPD_Product;
-    product->SetName(QStringLiteral("螺栓"));
-    ASSERT_EQ(m_dpd->AddProduct(product), VOR::eOk);
+    CVorDPM_DPD_Product* product = AddProduct(m_dpd, QStringLiteral("螺栓"));
     struct Case {
         const char* label;
         QString alias, param;

@@ -191,9 +191,7 @@ TEST_F(FaultTest, KilledSaveLeavesOldOrNewContents) {
     CVorDPMDPD* dpd = Definition(QStringLiteral("Good"));
     ASSERT_NE(dpd, nullptr);
     CVorDPM_DPD_Property* extra = AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"));
-    auto* product = new CVorDPM_DPD_Product;
-    product->SetName(QStringLiteral("p"));
-    dpd->AddProduct(product);
+    const CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("p"));
     AddValueRows(dpd, extra->GetObjectId(), 30000, QStringLiteral("old"), product->GetObjectId());
     ASSERT_EQ(Manager()->SaveWork(), 1);
     ASSERT_TRUE(QFile::exists(StoreWriter())) << StoreWriter().toStdString();

@@ -74,7 +74,7 @@ protected:
     }
 
     static CVorDPM_DPD_Product* AddProduct(CVorDPMDPDBase* dpd, const QString& name,
-                                           const QString& rule) {
+                                           const QString& rule = {}) {
         auto* product = new CVorDPM_DPD_Product;
         product->SetName(name);
         product->SetNameRule(rule);
