@@ -392,26 +392,16 @@ TEST_F(TreeCtrlTest, ContentRowsOfAClassificationNode) {
 
 TEST_F(TreeCtrlTest, SeriesListHeadsAndRowsOfAProductNode) {
     CVorDPMDPD* dpd = m_dpds["Loose1"];
-    auto* product = new CVorDPM_DPD_Product;
-    product->SetName(QStringLiteral("M"));
-    ASSERT_EQ(dpd->AddProduct(product), VOR::eOk);
-    std::vector<CVorDPM_DPD_Property*> properties;
-    for (const char* alias : {"长度", "直径"}) {
-        auto* property = new CVorDPM_DPD_Property;
-        property->SetPropertyAlias(QString::fromUtf8(alias));
-        property->SetParamAlias(QString::fromUtf8(alias) + QStringLiteral("P"));
-        ASSERT_EQ(dpd->AddProperty(property), VOR::eOk);
-        properties.push_back(property);
-    }
+    const CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("M"));
+    const int length = AddProperty(dpd, QStringLiteral("l"), QStringLiteral("长度"))->GetObjectId();
+    const int diameter =
+        AddProperty(dpd, QStringLiteral("d"), QStringLiteral("直径"))->GetObjectId();
     std::vector<CVorDPM_DPD_Serial*> serials;
-    for (const char* length : {"10", "20"}) {
-        auto* serial = new CVorDPM_DPD_Serial;
-        serial->SetProductId(product->GetObjectId());
-        serial->SetValue(QString::fromLatin1(length), properties[0]->GetObjectId());
-        ASSERT_EQ(dpd->AddSerial(serial), VOR::eOk);
-        serials.push_back(serial);
+    for (const char* value : {"10", "20"}) {
+        serials.push_back(AddSerial(dpd, product));
+        serials.back()->SetValue(QString::fromLatin1(value), length);
     }
-    serials[1]->SetValue(QStringLiteral("6"), properties[1]->GetObjectId());
+    serials[1]->SetValue(QStringLiteral("6"), diameter);
     m_tree.InsertTree(QStringLiteral("QXMaterial"));
 
     std::vector<QString> heads{QStringLiteral("old")};
