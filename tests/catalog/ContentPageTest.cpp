@@ -14,29 +14,19 @@
 using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
-namespace {
-
 using Page = CDPMContentPage;
-
-QStringList Strings(std::initializer_list<const char*> texts) {
-    QStringList list;
-    for (const char* text : texts) list << QString::fromUtf8(text);
-    return list;
-}
-
-}  // namespace
 
 class ContentPageTest : public CatalogFixture {};
 
 TEST_F(ContentPageTest, ReferencesShowTheirStatusVersionAndDescription) {
     const CVorDPMReportCtrlBase* report = Page().GetReferenceReport();
-    EXPECT_EQ(Column(report, Page::RefNumber), Strings({"1", "2", "3", "4"}));
+    EXPECT_EQ(Column(report, Page::RefNumber), QStringList({"1", "2", "3", "4"}));
     EXPECT_EQ(Column(report, Page::RefCatalog),
-              Strings({"QXMEP/管道", "QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
-    EXPECT_EQ(Column(report, Page::RefVersion), Strings({"1.50", "0.00", "0.00", "0.00"}));
-    EXPECT_EQ(Column(report, Page::RefDescription), Strings({"初版", "", "", ""}));
+              QStringList({"QXMEP/管道", "QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
+    EXPECT_EQ(Column(report, Page::RefVersion), QStringList({"1.50", "0.00", "0.00", "0.00"}));
+    EXPECT_EQ(Column(report, Page::RefDescription), QStringList({"初版", "", "", ""}));
     EXPECT_EQ(Column(report, Page::RefStatus),
-              Strings({"有效", "有效", "产品库无效", "产品目录无效"}));
+              QStringList({"有效", "有效", "产品库无效", "产品目录无效"}));
     EXPECT_EQ(report->model()->headerData(Page::RefCatalog, Qt::Horizontal).toString(),
               QStringLiteral("外部目录"));
 }
@@ -45,32 +35,32 @@ TEST_F(ContentPageTest, TreeHoldsTheClassificationsAndTheReportTheProductsOfANod
     Page();
     EXPECT_EQ(page->GetTreeCtrl()->topLevelItemCount(), 1);
     EXPECT_EQ(Node({})->text(0), kCatalog);
-    EXPECT_EQ(ChildTexts(Node({})), Strings({"紧固件", "型材"}));
-    EXPECT_EQ(ChildTexts(Node(Strings({"紧固件"}))), Strings({"螺栓类", "螺母类"}));
-    EXPECT_EQ(ChildTexts(Node(Strings({"紧固件", "螺栓类"}))), Strings({"六角"}));
+    EXPECT_EQ(ChildTexts(Node({})), QStringList({"紧固件", "型材"}));
+    EXPECT_EQ(ChildTexts(Node(QStringList({"紧固件"}))), QStringList({"螺栓类", "螺母类"}));
+    EXPECT_EQ(ChildTexts(Node(QStringList({"紧固件", "螺栓类"}))), QStringList({"六角"}));
 
     // The root is selected first and shows the products without classification.
     const CVorDPMReportCtrlBase* report = page->GetContentReport();
     EXPECT_EQ(page->GetCurrentNode(), Node({}));
-    EXPECT_EQ(Column(report, Page::ContProduct), Strings({"钢板"}));
+    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"钢板"}));
 
-    SelectNode(Node(Strings({"紧固件"})));
-    EXPECT_EQ(Column(report, Page::ContNumber), Strings({"1", "2"}));
-    EXPECT_EQ(Column(report, Page::ContProduct), Strings({"垫圈", "缺失"}));
-    EXPECT_EQ(Column(report, Page::ContVersion), Strings({"0.00", "0.00"}));
+    SelectNode(Node(QStringList({"紧固件"})));
+    EXPECT_EQ(Column(report, Page::ContNumber), QStringList({"1", "2"}));
+    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"垫圈", "缺失"}));
+    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"0.00", "0.00"}));
     EXPECT_THAT(Icons(report), ElementsAre(0, 1));
     EXPECT_EQ(page->GetSelectedNodePath(), QStringLiteral("标准件/紧固件/"));
 
-    SelectNode(Node(Strings({"紧固件", "螺栓类", "六角"})));
-    EXPECT_EQ(Column(report, Page::ContProduct), Strings({"螺栓"}));
-    EXPECT_EQ(Column(report, Page::ContVersion), Strings({"1.10"}));
+    SelectNode(Node(QStringList({"紧固件", "螺栓类", "六角"})));
+    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"螺栓"}));
+    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"1.10"}));
     // Read from the file while the definition is unchanged; from memory once it has changes.
     CVorDPMDPD* bolt = nullptr;
     Catalog(kLibrary, kCatalog)->GetVorDPMLibraryManager()->GetDPD(QStringLiteral("螺栓"), bolt);
     AddVersion(bolt, 2.5, QString());
-    SelectNode(Node(Strings({"紧固件"})));
-    SelectNode(Node(Strings({"紧固件", "螺栓类", "六角"})));
-    EXPECT_EQ(Column(report, Page::ContVersion), Strings({"2.50"}));
+    SelectNode(Node(QStringList({"紧固件"})));
+    SelectNode(Node(QStringList({"紧固件", "螺栓类", "六角"})));
+    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"2.50"}));
 }
 
 TEST_F(ContentPageTest, APathWithoutACatalogEmptiesThePageAndDisablesItsCatalogCommands) {
@@ -95,7 +85,7 @@ TEST_F(ContentPageTest, RemovingReferencesMarksThemAndReachesTheFileOnlyOnSaving
     Click(page.get(), Page::IDC_REMOVE_REFERENCE);
 
     EXPECT_EQ(Column(page->GetReferenceReport(), Page::RefCatalog),
-              Strings({"QXMEP/管道", "QXMEP/保温"}));
+              QStringList({"QXMEP/管道", "QXMEP/保温"}));
     EXPECT_EQ(modified.count(), 0);
     Reopen();
     EXPECT_EQ(References(kLibrary, kCatalog).size(), 4) << "nothing reaches the disk unsaved";
@@ -104,7 +94,7 @@ TEST_F(ContentPageTest, RemovingReferencesMarksThemAndReachesTheFileOnlyOnSaving
     SelectRows(page->GetReferenceReport(), {1, 2});
     Click(page.get(), Page::IDC_REMOVE_REFERENCE);
     SaveAndReopen();
-    EXPECT_EQ(References(kLibrary, kCatalog), Strings({"QXMEP/管道", "QXMEP/保温"}));
+    EXPECT_EQ(References(kLibrary, kCatalog), QStringList({"QXMEP/管道", "QXMEP/保温"}));
 }
 
 TEST_F(ContentPageTest, RemovingReferencesStopsAtOneThatCannotBeFound) {
@@ -121,19 +111,19 @@ TEST_F(ContentPageTest, RemovingReferencesStopsAtOneThatCannotBeFound) {
 
     EXPECT_EQ(Column(page->GetReferenceReport(), Page::RefCatalog), before) << "not reloaded";
     EXPECT_EQ(References(kLibrary, kCatalog),
-              Strings({"QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
+              QStringList({"QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
 }
 
 TEST_F(ContentPageTest, RemovingIncludedProductsRaisesTheModifiedFlagAndKeepsTheTree) {
     Page();
     QSignalSpy modified(page.get(), &CDPMContentPage::Modified);
-    SelectNode(Node(Strings({"紧固件"})));
+    SelectNode(Node(QStringList({"紧固件"})));
     SelectRows(page->GetContentReport(), {0, 1});
     Click(page.get(), Page::IDC_REMOVE_PRODUCT);
 
     EXPECT_EQ(page->GetContentReport()->model()->rowCount(), 0);
     EXPECT_EQ(modified.count(), 1);
-    EXPECT_EQ(ChildTexts(Node(Strings({"紧固件"}))), Strings({"螺栓类", "螺母类"}));
+    EXPECT_EQ(ChildTexts(Node(QStringList({"紧固件"}))), QStringList({"螺栓类", "螺母类"}));
     SaveAndReopen();
     EXPECT_THAT(
         Contents(kLibrary, kCatalog),
@@ -168,11 +158,11 @@ TEST_F(ContentPageTest, ReportMenusOfferTheirCommandsWithTheButtonsRules) {
 TEST_F(ContentPageTest, RenamingAClassificationRenamesItAtItsLevelUnderEveryParent) {
     Page();
     QSignalSpy modified(page.get(), &CDPMContentPage::Modified);
-    SelectNode(Node(Strings({"紧固件", "螺母类"})));
-    RightClickNode(Node(Strings({"紧固件", "螺母类"})), QStringLiteral("重命名分类"));
+    SelectNode(Node(QStringList({"紧固件", "螺母类"})));
+    RightClickNode(Node(QStringList({"紧固件", "螺母类"})), QStringLiteral("重命名分类"));
     FinishLabelEdit(QStringLiteral("螺帽类"));
 
-    EXPECT_EQ(ChildTexts(Node(Strings({"紧固件"}))), Strings({"螺栓类", "螺帽类"}));
+    EXPECT_EQ(ChildTexts(Node(QStringList({"紧固件"}))), QStringList({"螺栓类", "螺帽类"}));
     EXPECT_EQ(modified.count(), 1);
     SaveAndReopen();
     const QStringList contents = Contents(kLibrary, kCatalog);
@@ -183,7 +173,7 @@ TEST_F(ContentPageTest, RenamingAClassificationRenamesItAtItsLevelUnderEveryPare
 
 TEST_F(ContentPageTest, RenamingToASiblingsNameAsksAgainOnTheSameNode) {
     Page();
-    QTreeWidgetItem* node = Node(Strings({"紧固件", "螺栓类"}));
+    QTreeWidgetItem* node = Node(QStringList({"紧固件", "螺栓类"}));
     SelectNode(node);
     ASSERT_TRUE(page->OnCommand(Page::ID_RENAME_CLASS));
     ui.ExpectMessage(QStringLiteral("该节点名已存在，请重新输入"));
@@ -199,13 +189,13 @@ TEST_F(ContentPageTest, RenamingToASiblingsNameAsksAgainOnTheSameNode) {
 
 TEST_F(ContentPageTest, RenameActsOnTheSelectedNodeNotTheOneRightClicked) {
     Page();
-    SelectNode(Node(Strings({"型材"})));
+    SelectNode(Node(QStringList({"型材"})));
     const std::map<QString, bool> entries =
-        RightClickNode(Node(Strings({"紧固件"})), QStringLiteral("重命名分类"));
+        RightClickNode(Node(QStringList({"紧固件"})), QStringLiteral("重命名分类"));
     EXPECT_TRUE(entries.at(QStringLiteral("重命名分类")));
-    EXPECT_EQ(page->GetTreeCtrl()->currentItem(), Node(Strings({"型材"})));
+    EXPECT_EQ(page->GetTreeCtrl()->currentItem(), Node(QStringList({"型材"})));
     FinishLabelEdit(QStringLiteral("钢材"));
-    EXPECT_EQ(ChildTexts(Node({})), Strings({"紧固件", "钢材"}));
+    EXPECT_EQ(ChildTexts(Node({})), QStringList({"紧固件", "钢材"}));
     EXPECT_TRUE(Contents(kLibrary, kCatalog).contains(QStringLiteral("扁钢:钢材/螺母类/")));
 }
 
