@@ -6,11 +6,14 @@ namespace {
 struct RuleCase {
     const char* rule;
     const char* expected;  // null: building the name fails
+    const char* d = "M12";
+    const char* k = "";
+    const char* angle = "";
 };
 
 }  // namespace
 
-// A bolt definition with the parameters d, l and k in that table order.
+// A bolt definition with the parameters d, l, k and Δα in that table order.
 class NamingRuleTest : public StoreTestBase {
 protected:
     void SetUp() override {
@@ -19,6 +22,7 @@ protected:
         m_d = AddProperty(m_dpd, QStringLiteral("d"));
         m_l = AddProperty(m_dpd, QStringLiteral("l"));
         m_k = AddProperty(m_dpd, QStringLiteral("k"));
+        m_angle = AddProperty(m_dpd, QStringLiteral("Δα"));
     }
 
     // A series row of a product with that rule, d = M12, l = 50 and k left empty.
@@ -35,6 +39,7 @@ protected:
     CVorDPM_DPD_Property* m_d = nullptr;
     CVorDPM_DPD_Property* m_l = nullptr;
     CVorDPM_DPD_Property* m_k = nullptr;
+    CVorDPM_DPD_Property* m_angle = nullptr;
 };
 
 TEST_F(NamingRuleTest, BuildsNamesFromRules) {
@@ -58,45 +63,28 @@ TEST_F(NamingRuleTest, BuildsNamesFromRules) {
         {"螺栓%d%l", "螺栓M12*50"},
         {"% *%", nullptr},
         {"", nullptr},
+        // The third and later values are joined with stars too.
+        {"Bolt%k%l%d", "BoltM12*50*7.5", "M12", "7.5"},
+        // Values appear as stored, beyond ASCII and with escaped characters.
+        {"Bolt%d%l", "Bolt不锈钢 A2*50", "不锈钢 A2"},
+        {"Bolt%d%l", "BoltΩ10*50", "Ω10"},
+        {"Bolt%d%l", "Boltback\\slash*50", "back\\slash"},
+        {"Bolt%d%l", "Bolttwo\nlines*50", "two\nlines"},
+        {"Bolt%d%l", "Bolt\uFEFFbom*50", "\uFEFFbom"},
+        // Letter case is ignored beyond ASCII too.
+        {"Bolt%δΑ%dd", "Bolt30", "M12", "", "30"},
     };
     for (const RuleCase& c : cases) {
         CVorDPM_DPD_Serial* serial = RowWithRule(QString::fromUtf8(c.rule));
+        serial->SetValue(QString::fromUtf8(c.d), m_d->GetObjectId());
+        serial->SetValue(QString::fromUtf8(c.k), m_k->GetObjectId());
+        serial->SetValue(QString::fromUtf8(c.angle), m_angle->GetObjectId());
         QString name = QStringLiteral(">");
         const int ok = CVorDPMData::ParseProductNameRule(m_dpd, serial, name);
         EXPECT_EQ(ok, c.expected ? 1 : 0) << c.rule;
         EXPECT_EQ(name, QStringLiteral(">") + QString::fromUtf8(c.expected ? c.expected : ""))
             << c.rule;
     }
-}
-
-TEST_F(NamingRuleTest, ThirdAndLaterValuesAreJoinedWithStars) {
-    CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%k%l%d"));
-    serial->SetValue(QStringLiteral("7.5"), m_k->GetObjectId());
-    QString name;
-    ASSERT_EQ(CVorDPMData::ParseProductNameRule(m_dpd, serial, name), 1);
-    EXPECT_EQ(name, QStringLiteral("BoltM12*50*7.5"));
-}
-
-TEST_F(NamingRuleTest, ValuesAppearAsStoredBeyondAsciiAndWithEscapedCharacters) {
-    for (const char* value : {"不锈钢 A2", "Ω10", "back\\slash", "two\nlines",
-                              "\xEF\xBB\xBF"
-                              "bom"}) {
-        CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%d%l"));
-        serial->SetValue(QString::fromUtf8(value), m_d->GetObjectId());
-        QString name;
-        ASSERT_EQ(CVorDPMData::ParseProductNameRule(m_dpd, serial, name), 1) << value;
-        EXPECT_EQ(name, QStringLiteral("Bolt") + QString::fromUtf8(value) + QStringLiteral("*50"))
-            << value;
-    }
-}
-
-TEST_F(NamingRuleTest, MatchesParameterNamesIgnoringCaseBeyondAscii) {
-    const CVorDPM_DPD_Property* angle = AddProperty(m_dpd, QStringLiteral("Δα"));
-    CVorDPM_DPD_Serial* serial = RowWithRule(QStringLiteral("Bolt%δΑ%dd"));
-    serial->SetValue(QStringLiteral("30"), angle->GetObjectId());
-    QString name;
-    ASSERT_EQ(CVorDPMData::ParseProductNameRule(m_dpd, serial, name), 1);
-    EXPECT_EQ(name, QStringLiteral("Bolt30"));
 }
 
 TEST_F(NamingRuleTest, FindsRowsByKeyAndByIdAfterReopening) {
