@@ -155,6 +155,9 @@ TEST_F(DebPackage, DependenciesComeFromTheLinkedLibraries) {
     EXPECT_TRUE(Field("vordpm-dev", "Depends").contains("vordpm (= " + kVersion + ")"));
 }
 
+// The runtime package holds what a desktop install needs and passes Debian's rules for it: no
+// search path of its own (the loader finds the libraries under /usr), desktop entry and AppStream
+// data that validate, manual pages that name the version.
 TEST_F(DebPackage, RuntimePackageHoldsWhatADesktopInstallNeeds) {
     Unpack("vordpm");
     QStringList expected = {
@@ -179,6 +182,33 @@ TEST_F(DebPackage, RuntimePackageHoldsWhatADesktopInstallNeeds) {
     // Headers and the unversioned names belong to the development package.
     EXPECT_FALSE(QFileInfo::exists(Root("usr/" + kLibDir + "/libVorDPM.so")));
     EXPECT_FALSE(QFileInfo::exists(Root("usr/include")));
+    for (const QString& relative : QStringList{
+             "usr/bin/vordpm", "usr/bin/vordpm-host", "usr/libexec/vordpm/vordpm-preview",
+             "usr/" + kLibDir + "/libVorDPM.so.0", "usr/" + kLibDir + "/libVorDPMEditor.so.0"}) {
+        const QString dynamic = DynamicSection(Root(relative));
+        EXPECT_FALSE(dynamic.contains("RUNPATH") || dynamic.contains("RPATH"))
+            << relative.toStdString() << "\n"
+            << dynamic.toStdString();
+    }
+    const ChildProcess desktop = ChildProcess::Run(
+        "desktop-file-validate", {Root("usr/share/applications/org.vordpm.Editor.desktop")});
+    EXPECT_EQ(desktop.exitCode, 0) << desktop.Output();
+    EXPECT_EQ(desktop.out + desktop.err, QString()) << desktop.Output();
+    const ChildProcess metainfo = ChildProcess::Run(
+        "appstreamcli",
+        {"validate", "--no-net", Root("usr/share/metainfo/org.vordpm.Editor.metainfo.xml")});
+    EXPECT_EQ(metainfo.exitCode, 0) << metainfo.Output();
+    QFile file(Root("usr/share/metainfo/org.vordpm.Editor.metainfo.xml"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("<release version=\"" + kVersion.toUtf8() + "\""));
+    for (const QString& program : {QStringLiteral("vordpm"), QStringLiteral("vordpm-host")}) {
+        const ChildProcess page =
+            ChildProcess::Run("gzip", {"-dc", Root("usr/share/man/man1/" + program + ".1.gz")});
+        ASSERT_EQ(page.exitCode, 0) << page.Output();
+        EXPECT_TRUE(page.out.startsWith(".TH ")) << program.toStdString();
+        EXPECT_TRUE(page.out.section('\n', 0, 0).contains("VorDPM " + kVersion))
+            << page.out.section('\n', 0, 0).toStdString();
+    }
 }
 
 TEST_F(DebPackage, DevelopmentPackageHoldsHeadersAndTheCMakePackage) {
@@ -190,20 +220,6 @@ TEST_F(DebPackage, DevelopmentPackageHoldsHeadersAndTheCMakePackage) {
              "usr/" + kLibDir + "/libVorDPMEditor.so", "usr/share/doc/vordpm-dev/copyright"})
         EXPECT_TRUE(QFileInfo(Root(relative)).exists() || QFileInfo(Root(relative)).isSymLink())
             << relative.toStdString();
-}
-
-// Debian's loader finds the libraries under /usr; a search path of the package's own would
-// override the system's policy.
-TEST_F(DebPackage, ProgramsAndLibrariesCarryNoSearchPath) {
-    Unpack("vordpm");
-    for (const QString& relative : QStringList{
-             "usr/bin/vordpm", "usr/bin/vordpm-host", "usr/libexec/vordpm/vordpm-preview",
-             "usr/" + kLibDir + "/libVorDPM.so.0", "usr/" + kLibDir + "/libVorDPMEditor.so.0"}) {
-        const QString dynamic = DynamicSection(Root(relative));
-        EXPECT_FALSE(dynamic.contains("RUNPATH") || dynamic.contains("RPATH"))
-            << relative.toStdString() << "\n"
-            << dynamic.toStdString();
-    }
 }
 
 TEST_F(DebPackage, UnpackedProgramsPrintHelpAndVersionAndTheToolCreatesTheSample) {
@@ -223,21 +239,6 @@ TEST_F(DebPackage, UnpackedProgramsPrintHelpAndVersionAndTheToolCreatesTheSample
         << list.Output();
 }
 
-TEST_F(DebPackage, DesktopEntryAndAppStreamDataValidate) {
-    Unpack("vordpm");
-    const ChildProcess desktop = ChildProcess::Run(
-        "desktop-file-validate", {Root("usr/share/applications/org.vordpm.Editor.desktop")});
-    EXPECT_EQ(desktop.exitCode, 0) << desktop.Output();
-    EXPECT_EQ(desktop.out + desktop.err, QString()) << desktop.Output();
-    const ChildProcess metainfo = ChildProcess::Run(
-        "appstreamcli",
-        {"validate", "--no-net", Root("usr/share/metainfo/org.vordpm.Editor.metainfo.xml")});
-    EXPECT_EQ(metainfo.exitCode, 0) << metainfo.Output();
-    QFile file(Root("usr/share/metainfo/org.vordpm.Editor.metainfo.xml"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains("<release version=\"" + kVersion.toUtf8() + "\""));
-}
-
 // Debian's own checks: errors are defects; warnings are documented in docs/packaging.md.
 TEST_F(DebPackage, LintianFindsNoErrors) {
     const ChildProcess lintian =
@@ -246,18 +247,6 @@ TEST_F(DebPackage, LintianFindsNoErrors) {
     const QStringList errors =
         lintian.out.split('\n').filter(QRegularExpression(QStringLiteral("^E: ")));
     EXPECT_TRUE(errors.isEmpty()) << lintian.Output();
-}
-
-TEST_F(DebPackage, ManualPagesNameTheVersion) {
-    Unpack("vordpm");
-    for (const QString& program : {QStringLiteral("vordpm"), QStringLiteral("vordpm-host")}) {
-        const ChildProcess page =
-            ChildProcess::Run("gzip", {"-dc", Root("usr/share/man/man1/" + program + ".1.gz")});
-        ASSERT_EQ(page.exitCode, 0) << page.Output();
-        EXPECT_TRUE(page.out.startsWith(".TH ")) << program.toStdString();
-        EXPECT_TRUE(page.out.section('\n', 0, 0).contains("VorDPM " + kVersion))
-            << page.out.section('\n', 0, 0).toStdString();
-    }
 }
 
 }  // namespace
