@@ -70,7 +70,6 @@ TEST_F(NamingRuleTest, BuildsNamesFromRules) {
         {"Bolt%d%l", "BoltΩ10*50", "Ω10"},
         {"Bolt%d%l", "Boltback\\slash*50", "back\\slash"},
         {"Bolt%d%l", "Bolttwo\nlines*50", "two\nlines"},
-        {"Bolt%d%l", "Bolt\uFEFFbom*50", "\uFEFFbom"},
         // Letter case is ignored beyond ASCII too.
         {"Bolt%δΑ%dd", "Bolt30", "M12", "", "30"},
     };
