@@ -7,6 +7,8 @@
 #include <atomic>
 #include <memory>
 
+#include "CVorDPMUiService.h"
+#include "FamilyFileReader.h"
 #include "FamilyProgress.h"
 
 const char* const CVorDPMFamilyWork::kProgressName = "familyProgress";
@@ -95,4 +97,24 @@ CVorDPMFamilyWork::Outcome CVorDPMFamilyWork::Here(QWidget* parent, const QStrin
     DialogProgress progress(*dialog);
     if (work(progress)) return Done;
     return dialog->wasCanceled() ? Cancelled : Failed;
+}
+
+bool CVorDPMFamilyWork::Succeeded(QWidget* parent, Outcome outcome, const FamilyProblem& problem,
+                                  const QString& caption) {
+    if (outcome == Failed)
+        CVorDPMUiService::Instance()->ShowMessage(parent, problem.Message(), caption);
+    return outcome == Done;
+}
+
+bool CVorDPMFamilyWork::ReadTable(QWidget* parent, const QString& path, const QString& caption,
+                                  FamilyFile& file) {
+    FamilyProblem problem;
+    const Outcome outcome = OffThread(parent, tr("正在读取表格..."), [&](FamilyProgress& p) {
+        return FamilyFileReader::Read(path, file, problem, p);
+    });
+    return Succeeded(parent, outcome, problem, caption);
+}
+
+QString CVorDPMFamilyWork::TableFileFilter() {
+    return tr("表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)");
 }

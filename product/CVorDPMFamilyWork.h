@@ -10,6 +10,8 @@
 
 class FamilyProgress;
 class QWidget;
+struct FamilyFile;
+struct FamilyProblem;
 
 class CVorDPMFamilyWork {
     Q_DECLARE_TR_FUNCTIONS(CVorDPMFamilyWork)
@@ -27,4 +29,14 @@ public:
     // Runs `work` on this thread (changes of the store); each progress report keeps the
     // windows painted and takes a press of Cancel.
     static Outcome Here(QWidget* parent, const QString& label, const Work& work);
+
+    // Whether the work succeeded; a failure is told with its problem under `caption`, a cancel
+    // needs no message.
+    static bool Succeeded(QWidget* parent, Outcome outcome, const FamilyProblem& problem,
+                          const QString& caption);
+    // The file dialog's filter of the table files the editor reads.
+    static QString TableFileFilter();
+    // Reads a table file off this thread; false, after telling why, when it cannot be read.
+    static bool ReadTable(QWidget* parent, const QString& path, const QString& caption,
+                          FamilyFile& file);
 };

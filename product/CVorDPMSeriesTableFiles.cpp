@@ -8,23 +8,12 @@
 #include "FamilyFileReader.h"
 #include "FamilyImport.h"
 #include "FamilyImportApply.h"
+#include "FamilyProblem.h"
 #include "product/CVorDPMFamilyWork.h"
 #include "product/CVorDPMTableImportDlg.h"
 
 const char* const CVorDPMSeriesTableFiles::kImportName = "importTable";
 const char* const CVorDPMSeriesTableFiles::kExportName = "exportTable";
-
-namespace {
-
-// Whether the work succeeded; a failure is told with its problem, a cancel needs no message.
-bool Succeeded(QWidget* parent, CVorDPMFamilyWork::Outcome outcome, const FamilyProblem& problem,
-               const QString& caption) {
-    if (outcome == CVorDPMFamilyWork::Failed)
-        CVorDPMUiService::Instance()->ShowMessage(parent, problem.Message(), caption);
-    return outcome == CVorDPMFamilyWork::Done;
-}
-
-}  // namespace
 
 void CVorDPMSeriesTableFiles::Export(QWidget* parent, CVorDPMDPDBase* dpd) {
     const QString caption = tr("导出表格");
@@ -43,27 +32,23 @@ void CVorDPMSeriesTableFiles::Export(QWidget* parent, CVorDPMDPDBase* dpd) {
                   return FamilyExport::Write(definition, path, FamilyExport::FormatOf(path),
                                              problem, p);
               });
-    Succeeded(parent, outcome, problem, caption);
+    CVorDPMFamilyWork::Succeeded(parent, outcome, problem, caption);
 }
 
 bool CVorDPMSeriesTableFiles::Import(QWidget* parent, CVorDPMDPDBase* dpd) {
     const QString caption = tr("导入表格");
     const QString path = CVorDPMUiService::Instance()->OpenFileName(
-        parent, caption, tr("表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)"));
+        parent, caption, CVorDPMFamilyWork::TableFileFilter());
     if (path.isEmpty()) return false;
     FamilyFile file;
-    FamilyProblem problem;
-    auto outcome = CVorDPMFamilyWork::OffThread(
-        parent, tr("正在读取表格..."),
-        [&](FamilyProgress& p) { return FamilyFileReader::Read(path, file, problem, p); });
-    if (!Succeeded(parent, outcome, problem, caption)) return false;
+    if (!CVorDPMFamilyWork::ReadTable(parent, path, caption, file)) return false;
 
     const FamilyDefinition definition(dpd);
     FamilyImport import(definition, file);
-    outcome = CVorDPMFamilyWork::OffThread(parent, tr("正在比较表格..."), [&](FamilyProgress& p) {
-        return import.Compare(FamilyImportOptions(), p);
-    });
-    if (!Succeeded(parent, outcome, import.Refusal(), caption)) return false;
+    auto outcome = CVorDPMFamilyWork::OffThread(
+        parent, tr("正在比较表格..."),
+        [&](FamilyProgress& p) { return import.Compare(FamilyImportOptions(), p); });
+    if (!CVorDPMFamilyWork::Succeeded(parent, outcome, import.Refusal(), caption)) return false;
 
     CVorDPMTableImportDlg preview(import, QFileInfo(path).fileName(), parent);
     if (CVorDPMUiService::Instance()->Exec(&preview) != QDialog::Accepted) return false;
@@ -71,5 +56,5 @@ bool CVorDPMSeriesTableFiles::Import(QWidget* parent, CVorDPMDPDBase* dpd) {
     FamilyImportApply apply(import);
     outcome = CVorDPMFamilyWork::Here(parent, tr("正在导入..."),
                                       [&](FamilyProgress& p) { return apply.Run(p); });
-    return Succeeded(parent, outcome, apply.Problem(), caption);
+    return CVorDPMFamilyWork::Succeeded(parent, outcome, apply.Problem(), caption);
 }

@@ -162,6 +162,10 @@
         <source>产品&quot;%1&quot;的版本信息</source>
         <translation>Versions of the product &quot;%1&quot;</translation>
     </message>
+    <message>
+        <source>从表格新建…</source>
+        <translation>New from table…</translation>
+    </message>
 </context>
 <context>
     <name>CDPMSeriesModel</name>
@@ -769,6 +773,14 @@
         <source>取消</source>
         <translation>Cancel</translation>
     </message>
+    <message>
+        <source>正在读取表格...</source>
+        <translation>Reading the table...</translation>
+    </message>
+    <message>
+        <source>表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)</source>
+        <translation>Table files (*.csv *.tsv *.txt *.xlsx);;All files (*)</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMLibraryCheckPanel</name>
@@ -1294,14 +1306,6 @@
         <translation>Import table</translation>
     </message>
     <message>
-        <source>表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)</source>
-        <translation>Table files (*.csv *.tsv *.txt *.xlsx);;All files (*)</translation>
-    </message>
-    <message>
-        <source>正在读取表格...</source>
-        <translation>Reading the table...</translation>
-    </message>
-    <message>
         <source>正在比较表格...</source>
         <translation>Comparing the table...</translation>
     </message>
@@ -1335,6 +1339,57 @@
     <message>
         <source>产品库有未保存的修改，是否保存？</source>
         <translation>The libraries have unsaved changes. Save them?</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMTableCreateDlg</name>
+    <message>
+        <source>从表格新建产品</source>
+        <translation>New product from a table</translation>
+    </message>
+    <message>
+        <source>表头所在行:</source>
+        <translation>Header row:</translation>
+    </message>
+    <message>
+        <source>产品名:</source>
+        <translation>Product name:</translation>
+    </message>
+    <message>
+        <source>命名规则:</source>
+        <translation>Naming rule:</translation>
+    </message>
+    <message>
+        <source>创建</source>
+        <translation>Create</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>文件的前几行 (单击一行把它作为表头):</source>
+        <translation>The file&apos;s first rows (click a row to make it the header):</translation>
+    </message>
+    <message>
+        <source>正在读取表格...</source>
+        <translation>Reading the table...</translation>
+    </message>
+    <message>
+        <source>无法创建: %1</source>
+        <translation>Cannot create: %1</translation>
+    </message>
+    <message>
+        <source>%1 个属性 (%2), %3 个系列行</source>
+        <translation>%1 properties (%2), %3 series rows</translation>
+    </message>
+    <message>
+        <source>请输入产品名。</source>
+        <translation>Please enter a product name.</translation>
+    </message>
+    <message>
+        <source>正在创建产品...</source>
+        <translation>Creating the product...</translation>
     </message>
 </context>
 <context>
