@@ -9,6 +9,7 @@
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMSeriesSheet.h"
 #include "shell/CVorDPMDialogBase.h"
 
 namespace {
@@ -123,6 +124,10 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
     const VorDPMDefinitionContext context{dpd, draw, close, move, this};
     for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
     Reload();
+    new CVorDPMSeriesSheet(GetList(Series), dpd, [this] {
+        m_tables[Series]->Fill();
+        UpdateCommandUi();
+    });
 }
 
 CVorDPMEditProductDlg::~CVorDPMEditProductDlg() = default;

@@ -1985,6 +1985,29 @@
     </message>
 </context>
 <context>
+    <name>FamilySeriesEdit</name>
+    <message>
+        <source>无法添加系列行</source>
+        <translation>Cannot add a series row</translation>
+    </message>
+    <message>
+        <source>系列行无效: 它的产品不存在</source>
+        <translation>Invalid series row: its product does not exist</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的产品</source>
+        <translation>No product with the ID %1</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的形体</source>
+        <translation>No shape with the ID %1</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的图片</source>
+        <translation>No picture with the ID %1</translation>
+    </message>
+</context>
+<context>
     <name>FamilyStoreWork</name>
     <message>
         <source>保存失败: %1</source>
