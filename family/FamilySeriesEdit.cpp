@@ -112,7 +112,11 @@ bool FamilySeriesEdit::WriteRow(CVorDPM_DPD_Serial* serial, const std::vector<Ce
         values.append(cell.text);
     }
     serial->SetValues(ids, values);
-    if (m_dpd->IsValid(serial) == VOR::eOk) return true;
+    // The row's product is what a write can break. Its key is kept (or fresh for a new row), so
+    // the store's full check, which compares the key with every other row, is not needed here:
+    // it would make a paste of many rows quadratic.
+    if (VorDPMDefinitionTables::Find<CVorDPM_DPD_Product>(m_dpd, serial->GetProductId()))
+        return true;
     problem = FamilyProblem::At(cells[begin].row + 1, 0, tr("系列行无效: 它的产品不存在"));
     return false;
 }
