@@ -59,6 +59,8 @@ CVorDPMTableImportDlg::CVorDPMTableImportDlg(FamilyImport& import, const QString
     m_changes->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_changes->horizontalHeader()->setStretchLastSection(true);
     m_changes->verticalHeader()->hide();
+    m_changes->setColumnWidth(CVorDPMTableImportModel::KindColumn, 150);
+    m_changes->setColumnWidth(CVorDPMTableImportModel::KeyColumn, 160);
     m_problems->setMaximumHeight(90);
     m_summary->setWordWrap(true);
 
