@@ -106,15 +106,14 @@ bool CVorDPMFamilyWork::Succeeded(QWidget* parent, Outcome outcome, const Family
     return outcome == Done;
 }
 
-bool CVorDPMFamilyWork::ReadTable(QWidget* parent, const QString& path, const QString& caption,
+bool CVorDPMFamilyWork::OpenTable(QWidget* parent, const QString& caption, QString& path,
                                   FamilyFile& file) {
+    path = CVorDPMUiService::Instance()->OpenFileName(
+        parent, caption, tr("表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)"));
+    if (path.isEmpty()) return false;
     FamilyProblem problem;
     const Outcome outcome = OffThread(parent, tr("正在读取表格..."), [&](FamilyProgress& p) {
         return FamilyFileReader::Read(path, file, problem, p);
     });
     return Succeeded(parent, outcome, problem, caption);
-}
-
-QString CVorDPMFamilyWork::TableFileFilter() {
-    return tr("表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)");
 }

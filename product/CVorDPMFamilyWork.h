@@ -34,9 +34,7 @@ public:
     // needs no message.
     static bool Succeeded(QWidget* parent, Outcome outcome, const FamilyProblem& problem,
                           const QString& caption);
-    // The file dialog's filter of the table files the editor reads.
-    static QString TableFileFilter();
-    // Reads a table file off this thread; false, after telling why, when it cannot be read.
-    static bool ReadTable(QWidget* parent, const QString& path, const QString& caption,
-                          FamilyFile& file);
+    // Asks for a table file (CSV, TSV or XLSX) under `caption` and reads it off this thread;
+    // false when the user cancelled, or after telling why it cannot be read.
+    static bool OpenTable(QWidget* parent, const QString& caption, QString& path, FamilyFile& file);
 };

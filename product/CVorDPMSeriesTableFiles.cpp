@@ -37,11 +37,9 @@ void CVorDPMSeriesTableFiles::Export(QWidget* parent, CVorDPMDPDBase* dpd) {
 
 bool CVorDPMSeriesTableFiles::Import(QWidget* parent, CVorDPMDPDBase* dpd) {
     const QString caption = tr("导入表格");
-    const QString path = CVorDPMUiService::Instance()->OpenFileName(
-        parent, caption, CVorDPMFamilyWork::TableFileFilter());
-    if (path.isEmpty()) return false;
+    QString path;
     FamilyFile file;
-    if (!CVorDPMFamilyWork::ReadTable(parent, path, caption, file)) return false;
+    if (!CVorDPMFamilyWork::OpenTable(parent, caption, path, file)) return false;
 
     const FamilyDefinition definition(dpd);
     FamilyImport import(definition, file);

@@ -14,6 +14,7 @@
 #include "CVorDPMUiService.h"
 #include "FamilyCreate.h"
 #include "FamilyFileReader.h"
+#include "common/VorDPMObjectName.h"
 #include "product/CVorDPMFamilyWork.h"
 
 const char* const CVorDPMTableCreateDlg::kDialogName = "tableCreatePreview";
@@ -26,15 +27,11 @@ const char* const CVorDPMTableCreateDlg::kCreateName = "createDefinition";
 
 namespace {
 
+using VorDPMObjectName::Named;
+
 // The rows shown to pick the header from: a title and notes above a header are a few lines.
 constexpr int kShownRows = 20;
 constexpr int kShownColumns = 60;
-
-template <class T>
-T* Named(T* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
 
 }  // namespace
 
@@ -147,11 +144,9 @@ void CVorDPMTableCreateDlg::accept() {
 
 CVorDPMDPD* CVorDPMTableCreateDlg::Run(QWidget* parent, CVorDPMLibraryManager* library) {
     const QString caption = tr("从表格新建产品");
-    const QString path = CVorDPMUiService::Instance()->OpenFileName(
-        parent, caption, CVorDPMFamilyWork::TableFileFilter());
-    if (path.isEmpty()) return nullptr;
+    QString path;
     FamilyFile file;
-    if (!CVorDPMFamilyWork::ReadTable(parent, path, caption, file)) return nullptr;
+    if (!CVorDPMFamilyWork::OpenTable(parent, caption, path, file)) return nullptr;
     FamilyCreate create(library, file);
     CVorDPMTableCreateDlg dialog(create, file, QFileInfo(path).completeBaseName(), parent);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return nullptr;

@@ -13,8 +13,11 @@
 
 #include "FamilyDefinition.h"
 #include "FamilyImport.h"
+#include "common/VorDPMObjectName.h"
 #include "product/CVorDPMFamilyWork.h"
 #include "product/CVorDPMTableImportModel.h"
+
+using VorDPMObjectName::Named;
 
 const char* const CVorDPMTableImportDlg::kDialogName = "tableImportPreview";
 const char* const CVorDPMTableImportDlg::kKeyName = "importKey";
@@ -24,16 +27,6 @@ const char* const CVorDPMTableImportDlg::kSummaryName = "importSummary";
 const char* const CVorDPMTableImportDlg::kChangesName = "importChanges";
 const char* const CVorDPMTableImportDlg::kProblemsName = "importProblems";
 const char* const CVorDPMTableImportDlg::kApplyName = "applyImport";
-
-namespace {
-
-template <class T>
-T* Named(T* widget, const char* name) {
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-}  // namespace
 
 CVorDPMTableImportDlg::CVorDPMTableImportDlg(FamilyImport& import, const QString& fileName,
                                              QWidget* parent)
