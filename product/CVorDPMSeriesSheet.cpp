@@ -5,6 +5,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <algorithm>
 
 #include "CVorDPMUiService.h"
 #include "FamilyCsvReader.h"
@@ -54,30 +55,20 @@ QList<QStringList> PastedRows(const QString& text, FamilyProblem& problem) {
 CVorDPMSeriesSheet::CVorDPMSeriesSheet(CVorDPMListCtrlEx* list, CVorDPMDPDBase* dpd,
                                        std::function<void()> refill)
     : QObject(list), m_list(list), m_dpd(dpd), m_refill(std::move(refill)) {
-    m_list->setSelectionBehavior(QAbstractItemView::SelectItems);
+    // Whole rows stay the unit of selection, as in every list of the editor; several rows may be
+    // selected at once. The current cell (clicked, or moved with the arrow keys) says where a
+    // paste starts and which column an edit, a fill or Delete writes.
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->installEventFilter(this);
 }
 
 QString CVorDPMSeriesSheet::CopyText() const {
-    const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
-    if (selected.isEmpty()) return QString();
-    int top = selected.first().row(), bottom = top;
-    int left = selected.first().column(), right = left;
-    for (const QModelIndex& index : selected) {
-        top = std::min(top, index.row());
-        bottom = std::max(bottom, index.row());
-        left = std::min(left, index.column());
-        right = std::max(right, index.column());
-    }
     QString text;
-    for (int row = top; row <= bottom; ++row) {
+    const int columns = m_list->model()->columnCount();
+    for (int row : SelectedRows()) {
         QStringList cells;
-        for (int column = left; column <= right; ++column) {
-            const QModelIndex index = m_list->model()->index(row, column);
-            const bool shown = m_list->selectionModel()->isSelected(index);
-            cells.append(shown ? CopiedCell(index.data().toString()) : QString());
-        }
+        for (int column = kFirstWritableColumn; column < columns; ++column)
+            cells.append(CopiedCell(m_list->model()->index(row, column).data().toString()));
         text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
     }
     return text;
@@ -91,34 +82,34 @@ bool CVorDPMSeriesSheet::Paste(const QString& text) {
         return false;
     }
     if (block.isEmpty()) return false;
-    const QModelIndexList selected = m_list->selectionModel()->selectedIndexes();
-    // One value fills every selected cell, as spreadsheets do.
-    if (block.size() == 1 && block.first().size() == 1 && selected.size() > 1) {
+    const std::vector<int> rows = SelectedRows();
+    const int left = std::max(m_list->currentIndex().column(), kFirstWritableColumn);
+    // One value fills the current column of every selected row, as spreadsheets fill a block.
+    if (block.size() == 1 && block.first().size() == 1 && rows.size() > 1) {
         std::vector<FamilySeriesEdit::Cell> cells;
-        for (const QModelIndex& index : selected)
-            cells.push_back({index.row(), index.column(), block.first().first()});
+        for (int row : rows) cells.push_back({row, left, block.first().first()});
         return Write(std::move(cells));
     }
-    QModelIndex start = m_list->currentIndex();
-    for (const QModelIndex& index : selected)
-        if (!start.isValid() || index.row() < start.row() ||
-            (index.row() == start.row() && index.column() < start.column()))
-            start = index;
-    const int top = start.isValid() ? start.row() : m_list->model()->rowCount();
-    const int left = start.isValid() ? start.column() : FamilySeriesEdit::kFixedColumns;
-    int width = 0;
-    for (const QStringList& row : block) width = std::max(width, int(row.size()));
+    const int top = rows.empty() ? m_list->model()->rowCount() : rows.front();
     if (!Write(FamilySeriesEdit::Block(top, left, block))) return false;
-    SelectBlock(top, left, top + int(block.size()) - 1, left + width - 1);
+    SelectRows(top, top + int(block.size()) - 1, left);
     return true;
 }
 
 bool CVorDPMSeriesSheet::ClearSelection() {
+    const int column = m_list->currentIndex().column();
+    if (column < FamilySeriesEdit::kFixedColumns) return false;
     std::vector<FamilySeriesEdit::Cell> cells;
-    for (const QModelIndex& index : m_list->selectionModel()->selectedIndexes())
-        if (index.column() >= FamilySeriesEdit::kFixedColumns)
-            cells.push_back({index.row(), index.column(), QString()});
+    for (int row : SelectedRows()) cells.push_back({row, column, QString()});
     return !cells.empty() && Write(std::move(cells));
+}
+
+std::vector<int> CVorDPMSeriesSheet::SelectedRows() const {
+    std::vector<int> rows;
+    for (const QModelIndex& index : m_list->selectionModel()->selectedRows())
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
 }
 
 bool CVorDPMSeriesSheet::Write(std::vector<FamilySeriesEdit::Cell> cells) {
@@ -132,20 +123,19 @@ bool CVorDPMSeriesSheet::Write(std::vector<FamilySeriesEdit::Cell> cells) {
         return false;
     }
     m_refill();
-    if (current.isValid())
-        SelectBlock(current.row(), current.column(), current.row(), current.column());
+    if (current.isValid()) SelectRows(current.row(), current.row(), current.column());
     return true;
 }
 
-void CVorDPMSeriesSheet::SelectBlock(int top, int left, int bottom, int right) {
+void CVorDPMSeriesSheet::SelectRows(int top, int bottom, int column) {
     QAbstractItemModel* model = m_list->model();
-    const QModelIndex first = model->index(top, left);
-    const QModelIndex last = model->index(std::min(bottom, model->rowCount() - 1),
-                                          std::min(right, model->columnCount() - 1));
+    const QModelIndex first = model->index(top, column);
+    const QModelIndex last = model->index(std::min(bottom, model->rowCount() - 1), column);
     if (!first.isValid() || !last.isValid()) return;
     m_list->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    m_list->selectionModel()->select(QItemSelection(first, last),
-                                     QItemSelectionModel::ClearAndSelect);
+    m_list->selectionModel()->select(
+        QItemSelection(first, last),
+        QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void CVorDPMSeriesSheet::EditCurrent(const std::optional<QString>& typed) {

@@ -1,8 +1,9 @@
-// The product editor's series table used as a spreadsheet: a block of cells is selected; Ctrl+C
-// copies it as tab-separated text (what spreadsheets paste); Ctrl+V pastes such a block at the
-// selection's first cell (one value fills the whole selection), adding rows where it runs past
-// the last; F2 or typing edits a cell in place; Delete clears the selected values. Each paste or
-// edit is one command of the command manager, inside the one of the dialog that hosts the panel.
+// The product editor's series table used as a spreadsheet: rows are selected whole; Ctrl+C copies
+// them as tab-separated text (what spreadsheets paste); Ctrl+V pastes such a block at the current
+// cell (one value fills the current column of the selected rows), adding rows where it runs past
+// the last; F2 or typing edits the current cell in place; Delete clears the current column of the
+// selected rows. Each paste or edit is one command of the command manager, inside the one of the
+// dialog that hosts the panel.
 #pragma once
 
 #include <QObject>
@@ -28,12 +29,12 @@ public:
     // `refill` shows the store's rows in the list again after a change.
     CVorDPMSeriesSheet(CVorDPMListCtrlEx* list, CVorDPMDPDBase* dpd, std::function<void()> refill);
 
-    // The selected block as tab-separated rows; cells of the block that are not selected are
-    // empty.
+    // The selected rows as tab-separated rows, from the product column on.
     QString CopyText() const;
-    // Pastes tab-separated rows at the selection. False, after a message, when a cell is refused.
+    // Pastes tab-separated rows at the current cell. False, after a message, when a cell is
+    // refused.
     bool Paste(const QString& text);
-    // Clears the values of the selected cells.
+    // Clears the current column's values in the selected rows.
     bool ClearSelection();
     // Opens the in-place editor on the current cell, starting with `typed`, else with the cell's
     // own text. Nothing for the ordinal and object id columns, which are not edited.
@@ -47,8 +48,10 @@ private:
     bool Write(std::vector<FamilySeriesEdit::Cell> cells);
     void CommitEditor();
     void CloseEditor();
-    // Selects the cells from (top, left) to (bottom, right) after a refill.
-    void SelectBlock(int top, int left, int bottom, int right);
+    // The selected rows, top to bottom.
+    std::vector<int> SelectedRows() const;
+    // Selects the rows from top to bottom after a refill, the current cell in `column`.
+    void SelectRows(int top, int bottom, int column);
 
     CVorDPMListCtrlEx* m_list;
     CVorDPMDPDBase* m_dpd;

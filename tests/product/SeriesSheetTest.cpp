@@ -1,4 +1,5 @@
-// The series table edited as a spreadsheet inside the create-product dialog: copy, paste (adding
+// The series table edited as a spreadsheet inside the create-product dialog: rows selected whole,
+// copy, paste at the current cell (adding
 // rows past the last), in-place edits and Delete, each one command that a save writes and a
 // refused cell rolls back whole.
 #include <QClipboard>
@@ -31,13 +32,14 @@ struct SeriesSheetTest : ProductTestBase {
         ProductTestBase::TearDown();
     }
 
-    void SelectCells(int top, int left, int bottom, int right) const {
+    // Selects the rows from top to bottom, the current cell in `column`.
+    void SelectRows(int top, int bottom, int column) const {
         QAbstractItemModel* model = list->model();
-        list->selectionModel()->setCurrentIndex(model->index(top, left),
+        list->selectionModel()->setCurrentIndex(model->index(top, column),
                                                 QItemSelectionModel::NoUpdate);
         list->selectionModel()->select(
-            QItemSelection(model->index(top, left), model->index(bottom, right)),
-            QItemSelectionModel::ClearAndSelect);
+            QItemSelection(model->index(top, column), model->index(bottom, column)),
+            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
 
     void Key(QWidget* target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
@@ -65,13 +67,13 @@ struct SeriesSheetTest : ProductTestBase {
 };
 
 TEST_F(SeriesSheetTest, CopiedBlockPastesBelowTheLastRowAsNewRowsThatASaveWrites) {
-    SelectCells(0, kProductColumn, 1, kLengthColumn);
+    SelectRows(0, 1, kLengthColumn);
     Key(list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "1\t1\t1\t20\n1\t1\t1\t30\n");
 
     // Pasted at the second row: it changes that row and adds one after it.
     QApplication::clipboard()->setText("2\t1\t1\t40\n2\t0\t0\t\"5\"\"0\"\n");
-    SelectCells(1, kProductColumn, 1, kProductColumn);
+    SelectRows(1, 1, kProductColumn);
     Key(list, Qt::Key_V, Qt::ControlModifier);
     ASSERT_EQ(list->GetItemCount(), 3);
     EXPECT_EQ(Cell(1, kLengthColumn), "40");
@@ -85,7 +87,7 @@ TEST_F(SeriesSheetTest, CopiedBlockPastesBelowTheLastRowAsNewRowsThatASaveWrites
 // which cell it was.
 TEST_F(SeriesSheetTest, ARefusedCellLeavesTheTableAsItWas) {
     QApplication::clipboard()->setText("2\t1\t1\t21\n2\t1\t1\t31\nx\t1\t1\t41\n");
-    SelectCells(0, kProductColumn, 0, kProductColumn);
+    SelectRows(0, 0, kProductColumn);
     ui.ExpectMessage(QStringLiteral("第 3 行第 3 列: 不是整数: x"));
     Key(list, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(list->GetItemCount(), 2);
@@ -95,9 +97,9 @@ TEST_F(SeriesSheetTest, ARefusedCellLeavesTheTableAsItWas) {
 }
 
 // Typing starts the in-place editor with the key typed, F2 with the cell's text; Return writes,
-// Escape drops the edit. Delete clears the selected values and leaves the ids alone.
+// Escape drops the edit. Delete clears the current column of the selected rows, nothing else.
 TEST_F(SeriesSheetTest, TypingF2AndDeleteEditCellsInPlace) {
-    SelectCells(0, kLengthColumn, 0, kLengthColumn);
+    SelectRows(0, 0, kLengthColumn);
     QTest::keyClicks(list, "7");
     auto* editor = list->findChild<QLineEdit*>(QLatin1String(CVorDPMSeriesSheet::kEditorName));
     ASSERT_TRUE(editor);
@@ -105,7 +107,7 @@ TEST_F(SeriesSheetTest, TypingF2AndDeleteEditCellsInPlace) {
     Key(editor, Qt::Key_Return);
     EXPECT_EQ(Cell(0, kLengthColumn), "75");
 
-    SelectCells(1, kLengthColumn, 1, kLengthColumn);
+    SelectRows(1, 1, kLengthColumn);
     Key(list, Qt::Key_F2);
     editor = list->findChild<QLineEdit*>(QLatin1String(CVorDPMSeriesSheet::kEditorName));
     ASSERT_TRUE(editor);
@@ -113,7 +115,7 @@ TEST_F(SeriesSheetTest, TypingF2AndDeleteEditCellsInPlace) {
     Key(editor, Qt::Key_Escape);
     EXPECT_EQ(Cell(1, kLengthColumn), "30");
 
-    SelectCells(1, kProductColumn, 1, kLengthColumn);
+    SelectRows(1, 1, kLengthColumn);
     Key(list, Qt::Key_Delete);
     EXPECT_EQ(Cell(1, kProductColumn), "1");
     EXPECT_EQ(SavedLengths(), QStringList({"75", ""}));
