@@ -25,6 +25,7 @@
 #include "library/CVorDPMVersionDlg.h"
 #include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMNewProductDlg.h"
+#include "product/CVorDPMTableCreateDlg.h"
 #include "product/VorDPMProductNames.h"
 #include "query/CVorDPMData.h"
 #include "shell/VorDPMSaveWork.h"
@@ -49,6 +50,8 @@ constexpr int kFirstRow = 0;
 
 }  // namespace
 
+const char* const CDPMDataPage::kNewFromTableName = "newFromTable";
+
 CDPMDataPage::CDPMDataPage(QWidget* parent)
     : CVorDPMPropertPageBase(IDD, tr("产品数据"), parent),
       m_tree(new CVorDPMTreeCtrlEx(this)),
@@ -58,7 +61,9 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
       m_add(VorDPMControlId::AddButton(this, IDC_ADD_PRODUCT, tr("添加产品"))),
       m_remove(VorDPMControlId::AddButton(this, IDC_REMOVE_PRODUCT, tr("删除产品"))),
       m_edit(VorDPMControlId::AddButton(this, IDC_EDIT_PRODUCT, tr("修改产品"))),
-      m_version(VorDPMControlId::AddButton(this, IDC_VERSION, tr("版本信息"))) {
+      m_version(VorDPMControlId::AddButton(this, IDC_VERSION, tr("版本信息"))),
+      m_fromTable(new QPushButton(tr("从表格新建…"), this)) {
+    m_fromTable->setObjectName(QLatin1String(kNewFromTableName));
     VorDPMControlId::Set(m_tree, IDC_PRODUCT_TREE);
     VorDPMControlId::Set(m_report, IDC_PRODUCT_REPORT);
     VorDPMControlId::Set(m_picture, IDC_PICTURE);
@@ -85,6 +90,7 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
     buttons->addWidget(m_remove, 0, 1);
     buttons->addWidget(m_edit, 1, 0);
     buttons->addWidget(m_version, 1, 1);
+    buttons->addWidget(m_fromTable, 2, 0, 1, 2);
     auto* left = new QVBoxLayout;
     left->addWidget(m_tree, 1);
     left->addLayout(buttons);
@@ -101,6 +107,7 @@ CDPMDataPage::CDPMDataPage(QWidget* parent)
                                                      {m_version, IDC_VERSION}};
     for (const auto& [button, command] : commands)
         connect(button, &QPushButton::clicked, this, [this, command] { OnCommand(command); });
+    connect(m_fromTable, &QPushButton::clicked, this, &CDPMDataPage::OnNewFromTable);
     connect(m_tree, &QTreeWidget::currentItemChanged, this, &CDPMDataPage::OnTreeSelChanged);
     connect(m_tree, &QWidget::customContextMenuRequested, this, &CDPMDataPage::OnTreeContextMenu);
     connect(m_tree, &QTreeWidget::itemDoubleClicked, this, &CDPMDataPage::OnTreeDoubleClick);
@@ -232,6 +239,7 @@ void CDPMDataPage::UpdateCommandUi() {
     m_remove->setEnabled(CanRun(ID_REMOVE_PRODUCT));
     m_edit->setEnabled(CanRun(ID_EDIT_PRODUCT));
     m_version->setEnabled(CanRun(IDC_VERSION));
+    m_fromTable->setEnabled(CanRun(ID_ADD_PRODUCT));
 }
 
 bool CDPMDataPage::OnCommand(int commandId) {
@@ -300,14 +308,31 @@ void CDPMDataPage::OnAddProduct() {
                                 m_pPreviewCloseCallback, m_pPreviewMoveCallback, this);
     if (CVorDPMUiService::Instance()->Exec(&dialog) != QDialog::Accepted) return;
     RefreshTree();
-    const QString name = dialog.GetCreatedDPD()->GetDPDName();
+    SelectDefinitionNode(dialog.GetCreatedDPD()->GetDPDName());
+    RefreshCatalogPage();
+}
+
+void CDPMDataPage::OnNewFromTable() {
+    CVorDPMLibraryManager* library = Library();
+    if (!library) return;
+    const QString catalogPath = SelectedCatalogPath();
+    CVorDPMDPD* created = CVorDPMTableCreateDlg::Run(this, library);
+    if (!created) return;
+    const QString name = created->GetDPDName();
+    CVorDPMNewProductDlg::EnterIntoCatalog(this, *library, catalogPath, name);
+    RefreshTree();
+    SelectDefinitionNode(name);
+    RefreshCatalogPage();
+    UpdateCommandUi();
+}
+
+void CDPMDataPage::SelectDefinitionNode(const QString& name) {
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* found = nullptr;
         if (!m_tree->FindFistMatchDPD(m_tree->topLevelItem(i), found, name)) continue;
         m_tree->setCurrentItem(found);
-        break;
+        return;
     }
-    RefreshCatalogPage();
 }
 
 // The create-product dialog brackets its own edits; this path opens no command of its own.

@@ -41,6 +41,9 @@ public:
         ID_EDIT_PRODUCT = 40029,
     };
 
+    // The object name of "从表格新建…".
+    static const char* const kNewFromTableName;
+
     explicit CDPMDataPage(QWidget* parent = nullptr);
     ~CDPMDataPage() override;
 
@@ -85,6 +88,10 @@ private:
     void OnRenameClosed();
 
     void OnAddProduct();
+    // "从表格新建…": a new definition from a spreadsheet file, entered where "添加产品" enters one.
+    void OnNewFromTable();
+    // Selects the node of the definition `name`, where the tree shows it first.
+    void SelectDefinitionNode(const QString& name);
     void OnEditProduct();
     // Opens the create-product dialog on a definition; true when it ended with "保存关闭".
     bool OpenEditor(CVorDPMDPD* dpd);
@@ -115,6 +122,7 @@ private:
     QPushButton* m_remove;
     QPushButton* m_edit;
     QPushButton* m_version;
+    QPushButton* m_fromTable;
     // The node being renamed in place, and its name before.
     QTreeWidgetItem* m_renaming = nullptr;
     QString m_renamedFrom;

@@ -1,8 +1,12 @@
 #include "CVorDPMCreateProductDlg.h"
 
+#include <QToolButton>
+
 #include "CVorDPMDPD.h"
 #include "CVorDPMUiService.h"
 #include "library/CVorDPMVersionDlg.h"
+#include "product/CVorDPMEditProductDlg.h"
+#include "product/CVorDPMSeriesTableFiles.h"
 #include "template/CVorDPMSaveAsTemplateDlg.h"
 
 namespace {
@@ -22,6 +26,10 @@ CVorDPMCreateProductDlg::CVorDPMCreateProductDlg(CVorDPMDPD* dpd, PreviewDrawCal
             [this] { OnSave(false); });
     connect(AddRowButton(IDC_SAVE_CLOSE, tr("保存关闭")), &QPushButton::clicked, this,
             [this] { OnSave(true); });
+    connect(Panel()->AddSeriesButton(CVorDPMSeriesTableFiles::kImportName, tr("导入…")),
+            &QToolButton::clicked, this, &CVorDPMCreateProductDlg::OnImportTable);
+    connect(Panel()->AddSeriesButton(CVorDPMSeriesTableFiles::kExportName, tr("导出…")),
+            &QToolButton::clicked, this, [this] { CVorDPMSeriesTableFiles::Export(this, m_dpd); });
     resize(MapDialogRect(kDialogRect).size());
 }
 
@@ -47,4 +55,15 @@ void CVorDPMCreateProductDlg::OnSaveAsTemplate() {
 void CVorDPMCreateProductDlg::OnVersion() {
     CVorDPMVersionDlg dialog(m_dpd, tr("产品\"%1\"的版本信息").arg(m_dpd->GetDPDName()), this);
     CVorDPMUiService::Instance()->Exec(&dialog);
+}
+
+// The import saves the definition by itself, so it must not mix with the panel's unsaved edits:
+// an abort of those would undo in memory what the import has already written.
+void CVorDPMCreateProductDlg::OnImportTable() {
+    if (HasUnsavedEdits()) {
+        CVorDPMUiService::Instance()->ShowMessage(
+            this, tr("产品有未保存的修改。请先按\"保存继续\"保存, 再导入表格。"), tr("导入表格"));
+        return;
+    }
+    ChangeOutsideEdits([this] { CVorDPMSeriesTableFiles::Import(this, m_dpd); });
 }

@@ -28,6 +28,7 @@ private:
     void OnSave(bool close);
     void OnSaveAsTemplate();
     void OnVersion();
+    void OnImportTable();
 
     CVorDPMDPD* m_dpd;
 };

@@ -249,7 +249,10 @@ void CVorDPMDefinitionList::SelectAboveDeleted(int deletedRow) {
     const int row = deletedRow - 1;
     if (row < 0) return;
     m_list->SelectRow(row);
-    m_list->setCurrentIndex(m_list->model()->index(row, 0));
+    // Only the current cell moves: in the series table, which selects cells, making it current
+    // the usual way would select that one cell instead of the row.
+    m_list->selectionModel()->setCurrentIndex(m_list->model()->index(row, 0),
+                                              QItemSelectionModel::NoUpdate);
     m_list->setFocus();
 }
 

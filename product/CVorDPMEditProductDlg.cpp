@@ -9,6 +9,7 @@
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMSeriesSheet.h"
 #include "shell/CVorDPMDialogBase.h"
 
 namespace {
@@ -122,11 +123,11 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
     resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
     const VorDPMDefinitionContext context{dpd, draw, close, move, this};
     for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
-    for (int table : kFillOrder) {
-        m_tables[table]->BuildColumns();
-        m_tables[table]->Fill();
-    }
-    UpdateCommandUi();
+    Reload();
+    new CVorDPMSeriesSheet(GetList(Series), dpd, [this] {
+        m_tables[Series]->Fill();
+        UpdateCommandUi();
+    });
 }
 
 CVorDPMEditProductDlg::~CVorDPMEditProductDlg() = default;
@@ -186,6 +187,32 @@ int CVorDPMEditProductDlg::GetSelectedIndex(int table) const {
 
 int CVorDPMEditProductDlg::ButtonId(int table, int command) {
     return kTables[table].firstButtonId + command;
+}
+
+QToolButton* CVorDPMEditProductDlg::AddSeriesButton(const char* objectName, const QString& text) {
+    const TableLayout& layout = kTables[Series];
+    auto* button = new QToolButton(this);
+    button->setText(text);
+    button->setObjectName(QLatin1String(objectName));
+    button->setAutoRaise(true);
+    // As wide as its text needs, from the button column to the panel's right edge at most.
+    const QPoint at(layout.buttonX, layout.list.top() + m_seriesButtons * (kButton.height() + 1));
+    QRect place = CVorDPMDialogBase::MapDialogRect(*this, QRect(at, kButton));
+    place.setWidth(std::max(place.width(), button->sizeHint().width()));
+    button->setGeometry(place);
+    ++m_seriesButtons;
+    const QPointF anchor(layout.bottomRight.x(), layout.topLeft.y());
+    m_resizer.SetResize(button, anchor, anchor);
+    return button;
+}
+
+void CVorDPMEditProductDlg::Reload() {
+    for (int table : kFillOrder) {
+        m_tables[table]->GetList()->DeleteAllColumns();
+        m_tables[table]->BuildColumns();
+        m_tables[table]->Fill();
+    }
+    UpdateCommandUi();
 }
 
 void CVorDPMEditProductDlg::UpdateCommandUi() {

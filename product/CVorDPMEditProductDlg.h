@@ -15,6 +15,7 @@ class CVorDPMDefinitionList;
 struct VorDPMDefinitionContext;
 class CVorDPMDPDBase;
 class CVorDPMListCtrlEx;
+class QToolButton;
 
 class CVorDPMEditProductDlg : public QWidget {
     Q_OBJECT
@@ -48,6 +49,12 @@ public:
     static int ButtonId(int table, int command);
     // Enables each list's edit, delete and copy buttons exactly while it has a selected row.
     void UpdateCommandUi();
+    // Adds a text button to the series table's column of buttons, below those there already;
+    // it follows the table as the panel grows.
+    QToolButton* AddSeriesButton(const char* objectName, const QString& text);
+    // Builds every list's columns and rows again from the store, after a change made outside
+    // the panel (new properties give the series table new columns).
+    void Reload();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -57,5 +64,6 @@ private:
     void CreateTable(int table, const VorDPMDefinitionContext& context);
 
     std::array<std::unique_ptr<CVorDPMDefinitionList>, 5> m_tables;
+    int m_seriesButtons = 4;
     CVorDPMAnchorResizer m_resizer;
 };

@@ -80,7 +80,7 @@ void CVorDPMNewProductDlg::OnNext() {
         return reject();
     }
     m_created = dpd;
-    if (!m_catalogPath.isEmpty()) EnterIntoCatalog(*library, name);
+    EnterIntoCatalog(this, *library, m_catalogPath, name);
     accept();
 }
 
@@ -93,10 +93,11 @@ bool CVorDPMNewProductDlg::ChosenTemplate(CVorDPMDPT*& dpt) {
 
 // Under the classification of the node the product was added from; the catalog is saved at
 // once, as the definition was.
-void CVorDPMNewProductDlg::EnterIntoCatalog(CVorDPMLibraryManager& library,
-                                            const QString& product) {
+void CVorDPMNewProductDlg::EnterIntoCatalog(QWidget* parent, CVorDPMLibraryManager& library,
+                                            const QString& catalogPath, const QString& product) {
+    if (catalogPath.isEmpty()) return;
     QString catalogName, level0, level1, level2;
-    CVorDPMData::GetDPCType(m_catalogPath, catalogName, level0, level1, level2);
+    CVorDPMData::GetDPCType(catalogPath, catalogName, level0, level1, level2);
     CVorDPMDPC* catalog = nullptr;
     library.GetDPC(catalogName, catalog);
     if (!catalog) return;
@@ -104,5 +105,5 @@ void CVorDPMNewProductDlg::EnterIntoCatalog(CVorDPMLibraryManager& library,
     // product the catalog holds under the same classification.
     const CVorDPMContentAdder adder(catalog, level0, level1, level2);
     if (adder.Add(product) != CVorDPMContentAdder::Added) return;
-    VorDPMSaveWork::SaveOrTell(this);
+    VorDPMSaveWork::SaveOrTell(parent);
 }

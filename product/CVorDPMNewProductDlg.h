@@ -32,6 +32,10 @@ public:
 
     // The definition created and saved; null unless the dialog ended with OK.
     CVorDPMDPD* GetCreatedDPD() const { return m_created; }
+    // Enters a new product into the catalog and classification of `catalogPath` (as the
+    // constructor takes it) and saves; nothing for an empty path or a catalog that is gone.
+    static void EnterIntoCatalog(QWidget* parent, CVorDPMLibraryManager& library,
+                                 const QString& catalogPath, const QString& product);
 
 protected:
     bool OnInitDialog() override;
@@ -41,7 +45,6 @@ private:
     // The template chosen, looked up again in its manager (it may be gone since the dialog
     // opened); null for none. False, with a message, when a chosen text names no template.
     bool ChosenTemplate(CVorDPMDPT*& dpt);
-    void EnterIntoCatalog(CVorDPMLibraryManager& library, const QString& product);
 
     QString m_library;
     QString m_catalogPath;

@@ -11,14 +11,15 @@
 CVorDPMProductHostDlg::CVorDPMProductHostDlg(int templateId, CVorDPMDPDBase* dpd,
                                              PreviewDrawCallback draw, PreviewCloseCallback close,
                                              PreviewMoveCallback move, QWidget* parent)
-    : CVorDPMDialogBase(templateId, parent), m_buttons(new QHBoxLayout) {
+    : CVorDPMDialogBase(templateId, parent),
+      m_buttons(new QHBoxLayout),
+      m_panel(new CVorDPMEditProductDlg(dpd, draw, close, move, this)) {
     m_buttons->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
-    layout->addWidget(new CVorDPMEditProductDlg(dpd, draw, close, move, this), 1);
+    layout->addWidget(m_panel, 1);
     layout->addLayout(m_buttons);
-    CVorDPMCommandManager::GetInstance()->StartCommand();
-    m_commandOpen = true;
+    StartEdits();
 }
 
 CVorDPMProductHostDlg::~CVorDPMProductHostDlg() {
@@ -33,15 +34,27 @@ QPushButton* CVorDPMProductHostDlg::AddRowButton(int id, const QString& text) {
 }
 
 bool CVorDPMProductHostDlg::SaveEdits(bool keepEditing) {
-    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
-    if (m_commandOpen) commands->EndCommand();
-    m_commandOpen = false;
+    if (m_command) CVorDPMCommandManager::GetInstance()->EndCommand();
+    m_command = nullptr;
     const bool saved = VorDPMSaveWork::SaveOrTell(this).isEmpty();
-    if (keepEditing) {
-        commands->StartCommand();
-        m_commandOpen = true;
-    }
+    if (keepEditing) StartEdits();
     return saved;
+}
+
+bool CVorDPMProductHostDlg::HasUnsavedEdits() const {
+    return m_command && m_command->HasChanges();
+}
+
+void CVorDPMProductHostDlg::ChangeOutsideEdits(const std::function<void()>& change) {
+    if (m_command) CVorDPMCommandManager::GetInstance()->EndCommand();
+    m_command = nullptr;
+    change();
+    StartEdits();
+    m_panel->Reload();
+}
+
+void CVorDPMProductHostDlg::StartEdits() {
+    m_command = CVorDPMCommandManager::GetInstance()->StartCommand();
 }
 
 void CVorDPMProductHostDlg::done(int result) {
@@ -50,7 +63,7 @@ void CVorDPMProductHostDlg::done(int result) {
 }
 
 void CVorDPMProductHostDlg::AbortEdits() {
-    if (!m_commandOpen) return;
-    m_commandOpen = false;
+    if (!m_command) return;
+    m_command = nullptr;
     CVorDPMCommandManager::GetInstance()->AbortCommand();
 }

@@ -5,11 +5,14 @@
 #pragma once
 
 #include <QPushButton>
+#include <functional>
 
 #include "CVorDPMDialogBase.h"
 #include "ExportVorDPMEditor.h"
 
+class CVorDPMCommand;
 class CVorDPMDPDBase;
+class CVorDPMEditProductDlg;
 class QHBoxLayout;
 
 class CVorDPMProductHostDlg : public CVorDPMDialogBase {
@@ -30,9 +33,19 @@ protected:
     bool SaveEdits(bool keepEditing);
     void done(int result) override;
 
+    CVorDPMEditProductDlg* Panel() const { return m_panel; }
+    // Whether the panel changed anything since the last save.
+    bool HasUnsavedEdits() const;
+    // Runs `change`, a change that saves by itself, outside the command of the panel's edits,
+    // which must have none: its command is the only one, so an abort of the panel's next edits
+    // cannot undo what `change` saved. Afterwards the panel shows the store as it is.
+    void ChangeOutsideEdits(const std::function<void()>& change);
+
 private:
+    void StartEdits();
     void AbortEdits();
 
     QHBoxLayout* m_buttons;
-    bool m_commandOpen = false;
+    CVorDPMEditProductDlg* m_panel;
+    CVorDPMCommand* m_command = nullptr;
 };

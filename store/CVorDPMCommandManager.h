@@ -11,6 +11,8 @@
 class VORDPM_API CVorDPMCommand {
 public:
     int GetDepth() const { return m_depth; }
+    // Whether anything was registered with the command (a change, or an object created).
+    bool HasChanges() const { return !m_modified.empty() || !m_created.empty(); }
 
 private:
     friend class CVorDPMCommandManager;

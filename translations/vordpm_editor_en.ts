@@ -162,6 +162,10 @@
         <source>产品&quot;%1&quot;的版本信息</source>
         <translation>Versions of the product &quot;%1&quot;</translation>
     </message>
+    <message>
+        <source>从表格新建…</source>
+        <translation>New from table…</translation>
+    </message>
 </context>
 <context>
     <name>CDPMSeriesModel</name>
@@ -363,6 +367,22 @@
     <message>
         <source>产品&quot;%1&quot;的版本信息</source>
         <translation>Versions of the product &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>导入…</source>
+        <translation>Import…</translation>
+    </message>
+    <message>
+        <source>导出…</source>
+        <translation>Export…</translation>
+    </message>
+    <message>
+        <source>产品有未保存的修改。请先按&quot;保存继续&quot;保存, 再导入表格。</source>
+        <translation>The product has unsaved changes. Save them with &quot;Save and continue&quot; first, then import the table.</translation>
+    </message>
+    <message>
+        <source>导入表格</source>
+        <translation>Import table</translation>
     </message>
 </context>
 <context>
@@ -745,6 +765,21 @@
     <message>
         <source>目录树中没有产品目录&quot;%1/%2&quot;。</source>
         <translation>The tree does not show the catalog &quot;%1/%2&quot;.</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMFamilyWork</name>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>正在读取表格...</source>
+        <translation>Reading the table...</translation>
+    </message>
+    <message>
+        <source>表格文件 (*.csv *.tsv *.txt *.xlsx);;所有文件 (*)</source>
+        <translation>Table files (*.csv *.tsv *.txt *.xlsx);;All files (*)</translation>
     </message>
 </context>
 <context>
@@ -1253,6 +1288,33 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMSeriesTableFiles</name>
+    <message>
+        <source>导出表格</source>
+        <translation>Export table</translation>
+    </message>
+    <message>
+        <source>Excel 工作簿 (*.xlsx);;CSV 文件 (*.csv)</source>
+        <translation>Excel workbook (*.xlsx);;CSV file (*.csv)</translation>
+    </message>
+    <message>
+        <source>正在导出...</source>
+        <translation>Exporting...</translation>
+    </message>
+    <message>
+        <source>导入表格</source>
+        <translation>Import table</translation>
+    </message>
+    <message>
+        <source>正在比较表格...</source>
+        <translation>Comparing the table...</translation>
+    </message>
+    <message>
+        <source>正在导入...</source>
+        <translation>Importing...</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMSetLibRoot</name>
     <message>
         <source>设置产品路径</source>
@@ -1277,6 +1339,159 @@
     <message>
         <source>产品库有未保存的修改，是否保存？</source>
         <translation>The libraries have unsaved changes. Save them?</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMTableCreateDlg</name>
+    <message>
+        <source>从表格新建产品</source>
+        <translation>New product from a table</translation>
+    </message>
+    <message>
+        <source>表头所在行:</source>
+        <translation>Header row:</translation>
+    </message>
+    <message>
+        <source>产品名:</source>
+        <translation>Product name:</translation>
+    </message>
+    <message>
+        <source>命名规则:</source>
+        <translation>Naming rule:</translation>
+    </message>
+    <message>
+        <source>创建</source>
+        <translation>Create</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>文件的前几行 (单击一行把它作为表头):</source>
+        <translation>The file&apos;s first rows (click a row to make it the header):</translation>
+    </message>
+    <message>
+        <source>正在读取表格...</source>
+        <translation>Reading the table...</translation>
+    </message>
+    <message>
+        <source>无法创建: %1</source>
+        <translation>Cannot create: %1</translation>
+    </message>
+    <message>
+        <source>%1 个属性 (%2), %3 个系列行</source>
+        <translation>%1 properties (%2), %3 series rows</translation>
+    </message>
+    <message>
+        <source>请输入产品名。</source>
+        <translation>Please enter a product name.</translation>
+    </message>
+    <message>
+        <source>正在创建产品...</source>
+        <translation>Creating the product...</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMTableImportDlg</name>
+    <message>
+        <source>删除文件中没有的系列行</source>
+        <translation>Remove series rows the file lacks</translation>
+    </message>
+    <message>
+        <source>导入表格: %1</source>
+        <translation>Import table: %1</translation>
+    </message>
+    <message>
+        <source>关键列:</source>
+        <translation>Key column:</translation>
+    </message>
+    <message>
+        <source>列:</source>
+        <translation>Columns:</translation>
+    </message>
+    <message>
+        <source>导入</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>取消</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>%1: 产品表的列</source>
+        <translation>%1: column of the product tables</translation>
+    </message>
+    <message>
+        <source>%1 → 属性 %2</source>
+        <translation>%1 → property %2</translation>
+    </message>
+    <message>
+        <source>%1: 单位与属性 %2 的单位 &quot;%3&quot; 不同, 跳过</source>
+        <translation>%1: unit differs from the unit &quot;%3&quot; of property %2; skipped</translation>
+    </message>
+    <message>
+        <source>%1: 没有对应的属性, 跳过 (勾选则添加为新属性)</source>
+        <translation>%1: matches no property; skipped (tick to add it as a new property)</translation>
+    </message>
+    <message>
+        <source>%1: 添加为新属性</source>
+        <translation>%1: added as a new property</translation>
+    </message>
+    <message>
+        <source>正在比较表格...</source>
+        <translation>Comparing the table...</translation>
+    </message>
+    <message>
+        <source>另有 %1 个单元格不合适</source>
+        <translation>%1 more cells do not fit</translation>
+    </message>
+    <message>
+        <source>无法导入: %1</source>
+        <translation>Cannot import: %1</translation>
+    </message>
+    <message>
+        <source>%1 个单元格与属性不符, 无法导入</source>
+        <translation>%1 cells do not fit their properties; cannot import</translation>
+    </message>
+    <message>
+        <source>没有变化</source>
+        <translation>No changes</translation>
+    </message>
+    <message>
+        <source>新增 %1 行, 修改 %2 行, 不变 %3 行, 文件中没有 %4 行</source>
+        <translation>%1 rows added, %2 changed, %3 unchanged, %4 not in the file</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMTableImportModel</name>
+    <message>
+        <source>变化</source>
+        <translation>Change</translation>
+    </message>
+    <message>
+        <source>关键值</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>单元格</source>
+        <translation>Cells</translation>
+    </message>
+    <message>
+        <source>新增</source>
+        <translation>Added</translation>
+    </message>
+    <message>
+        <source>修改</source>
+        <translation>Changed</translation>
+    </message>
+    <message>
+        <source>删除 (文件中没有)</source>
+        <translation>Removed (not in the file)</translation>
+    </message>
+    <message>
+        <source>保留 (文件中没有)</source>
+        <translation>Kept (not in the file)</translation>
     </message>
 </context>
 <context>
@@ -1767,6 +1982,29 @@
     <message>
         <source>第 %1 列: %2</source>
         <translation>Column %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>FamilySeriesEdit</name>
+    <message>
+        <source>无法添加系列行</source>
+        <translation>Cannot add a series row</translation>
+    </message>
+    <message>
+        <source>系列行无效: 它的产品不存在</source>
+        <translation>Invalid series row: its product does not exist</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的产品</source>
+        <translation>No product with the ID %1</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的形体</source>
+        <translation>No shape with the ID %1</translation>
+    </message>
+    <message>
+        <source>没有 ID 为 %1 的图片</source>
+        <translation>No picture with the ID %1</translation>
     </message>
 </context>
 <context>
