@@ -2,6 +2,7 @@
 
 #include <QAbstractItemDelegate>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QCursor>
 #include <QLineEdit>
 #include <QMenu>
@@ -9,6 +10,7 @@
 
 #include "CDPMSheet.h"
 #include "CVorDPMEditorSettings.h"
+#include "CVorDPMLibrarySearch.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
@@ -31,11 +33,15 @@
 
 namespace {
 
-// The tree in dialog units, below the menu bar; the sheet keeps this gap to its neighbours.
-// The check box for every library of the root has a row of its own under the tree.
-const QRect kTreeRect(6, 7, 90, 290);
-const QRect kShowAllRect(6, 300, 140, 10);
-const QSize kDialogSize(447, 316 + 14);
+// The tree in dialog units, below the menu bar and the search row above it; the sheet keeps this
+// gap to its neighbours. The check box for every library of the root has a row of its own under
+// the tree.
+const QRect kSearchFieldRect(6, 7, 54, 12);
+const QRect kSearchModeRect(62, 7, 34, 12);
+constexpr int kSearchRow = 14;
+const QRect kTreeRect(6, 7 + kSearchRow, 90, 290);
+const QRect kShowAllRect(6, 300 + kSearchRow, 140, 10);
+const QSize kDialogSize(447, 316 + 14 + kSearchRow);
 constexpr int kSheetGap = 12;
 
 // Characters a new catalog name may not hold: those of every stored name, and ; [ ].
@@ -55,6 +61,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
       m_contentPage(new CDPMContentPage(this)),
       m_dataPage(new CDPMDataPage(this)),
       m_tree(new CVorDPMTreeCtrlEx(this)),
+      m_search(new CVorDPMLibrarySearch(m_tree, this)),
       m_showAllLibraries(new QCheckBox(tr("显示全部产品库"), this)),
       m_sheet(new CDPMSheet(this)),
       m_menuBar(new QMenuBar(this)),
@@ -85,6 +92,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
             &CVorDPMEditorDlg::OpenDefinition);
     connect(check, &CVorDPMLibraryCheckPanel::SelectCatalog, this,
             &CVorDPMEditorDlg::SelectCatalog);
+    connect(m_search, &CVorDPMLibrarySearch::GoTo, this, &CVorDPMEditorDlg::GoToSearchMatch);
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -110,7 +118,11 @@ bool CVorDPMEditorDlg::OnInitDialog() {
 
     m_tree->SetCheckBoxes(false);
     SetResize(m_menuBar, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopRight);
+    SetResize(m_search->GetField(), CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopLeft);
+    SetResize(m_search->GetMode(), CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopLeft);
     SetResize(m_tree, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::BottomLeft);
+    SetResize(m_search->GetResults(), CVorDPMAnchorResizer::TopLeft,
+              CVorDPMAnchorResizer::BottomLeft);
     SetResize(m_showAllLibraries, CVorDPMAnchorResizer::BottomLeft,
               CVorDPMAnchorResizer::BottomLeft);
     connect(m_showAllLibraries, &QCheckBox::toggled, this, &CVorDPMEditorDlg::OnShowAllLibraries);
@@ -134,7 +146,10 @@ void CVorDPMEditorDlg::LayOutTemplate() {
     const int menuHeight = m_menuBar->sizeHint().height();
     const QSize size = MapDialogRect(QRect(QPoint(), kDialogSize)).size();
     m_menuBar->setGeometry(0, 0, size.width(), menuHeight);
+    m_search->GetField()->setGeometry(MapDialogRect(kSearchFieldRect).translated(0, menuHeight));
+    m_search->GetMode()->setGeometry(MapDialogRect(kSearchModeRect).translated(0, menuHeight));
     m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
+    m_search->GetResults()->setGeometry(m_tree->geometry());
     m_showAllLibraries->setGeometry(MapDialogRect(kShowAllRect).translated(0, menuHeight));
     resize(size + QSize(0, menuHeight));
 }
@@ -219,6 +234,8 @@ bool CVorDPMEditorDlg::OnCommand(int commandId) {
     const auto found = Handlers().find(commandId);
     if (found == Handlers().end()) return false;
     if (found->second) (this->*found->second)();
+    // A command may have added, renamed or removed what the search shows.
+    m_search->Refresh();
     UpdateCommandUi();
     return true;
 }
@@ -280,6 +297,7 @@ void CVorDPMEditorDlg::OnShowAllLibraries(bool all) {
     const QString library = node ? LibraryNode(node)->text(0) : QString();
     const QString catalog = node && node->parent() ? node->text(0) : QString();
     RebuildTree(library, catalog);
+    m_search->Refresh();
 }
 
 // Takes whatever the edit box holds, also when the edit was cancelled; the store is not changed.
@@ -457,6 +475,19 @@ void CVorDPMEditorDlg::SelectCatalog(const QString& library, const QString& cata
     if (!node) return ShowMessage(tr("目录树中没有产品目录\"%1/%2\"。").arg(library, catalog));
     m_tree->setCurrentItem(node);
     m_sheet->setCurrentWidget(m_contentPage);
+}
+
+void CVorDPMEditorDlg::GoToSearchMatch(const QString& library, const QString& catalog,
+                                       const QStringList& dataPagePath, int serialId) {
+    QTreeWidgetItem* node = m_tree->GetItem(library, nullptr);
+    if (node && !catalog.isEmpty()) node = m_tree->GetItem(catalog, node);
+    if (!node) return;
+    // The node first, then the page, so that a hidden product data page builds its tree once.
+    m_tree->setCurrentItem(node);
+    m_tree->scrollToItem(node);
+    if (dataPagePath.isEmpty()) return;
+    m_sheet->setCurrentWidget(m_dataPage);
+    m_dataPage->SelectNode(dataPagePath, serialId);
 }
 
 void CVorDPMEditorDlg::ShowMessage(const QString& text) {

@@ -779,6 +779,25 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMLibrarySearch</name>
+    <message>
+        <source>搜索</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Names</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Products</translation>
+    </message>
+    <message>
+        <source>全部产品库的产品</source>
+        <translation>Products of all libraries</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMNewContentDlg</name>
     <message>
         <source>产品目录名:</source>
@@ -1114,6 +1133,21 @@
     <message>
         <source>没有这个产品</source>
         <translation>No such product</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMProductHitModel</name>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>产品定义</source>
+        <translation>Definition</translation>
+    </message>
+    <message>
+        <source>目录</source>
+        <translation>Catalog path</translation>
     </message>
 </context>
 <context>
