@@ -9,7 +9,7 @@
 namespace {
 
 // Long enough to read a few definitions per slice, short enough that typing never waits.
-constexpr qint64 kSliceMs = 8;
+constexpr qint64 kSliceMs = 16;
 
 }  // namespace
 
