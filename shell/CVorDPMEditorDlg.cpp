@@ -4,9 +4,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProxyStyle>
+#include <QShortcut>
 
 #include "CDPMSheet.h"
 #include "CVorDPMEditorSettings.h"
@@ -43,6 +46,25 @@ const QRect kTreeRect(6, 7 + kSearchRow, 90, 290);
 const QRect kShowAllRect(6, 300 + kSearchRow, 140, 10);
 const QSize kDialogSize(447, 316 + 14 + kSearchRow);
 constexpr int kSheetGap = 12;
+
+// The menu texts stay exactly as they are, without "&" mnemonics; Alt alone enters the menu bar
+// in every style, as it does on Windows, and these letters (the first of each menu's pinyin)
+// open the menus with Alt.
+constexpr Qt::Key kMenuLetters[] = {Qt::Key_C, Qt::Key_J, Qt::Key_M};
+
+class AltKeyNavigationStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        if (hint == SH_MenuBar_AltKeyNavigation) return 1;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+bool IsEnter(const QKeyEvent& key) {
+    return (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) &&
+           !(key.modifiers() & ~Qt::KeypadModifier);
+}
 
 // Characters a new catalog name may not hold: those of every stored name, and ; [ ].
 const QString& InvalidCatalogCharacters() {
@@ -132,8 +154,11 @@ bool CVorDPMEditorDlg::OnInitDialog() {
             &CVorDPMEditorDlg::OnTreeContextMenu);
     connect(m_tree->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
             &CVorDPMEditorDlg::OnLabelEditEnd);
+    m_tree->installEventFilter(this);
     BuildTree();
     m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
+    BindMenuKeys();
+    SetTabOrder();
 
     AutoLoadPlacement(QStringLiteral("CVorDPMEditorDlg"));
     UpdateCommandUi();
@@ -181,6 +206,39 @@ void CVorDPMEditorDlg::BuildMenuBar() {
     AddMenuCommand(templates, ID_NEW_TEMPLATE, tr("新建模板"));
     AddMenuCommand(templates, ID_EDIT_TEMPLATE, tr("编辑模板"));
     AddMenuCommand(templates, ID_DELETE_TEMPLATE, tr("删除模板"));
+}
+
+void CVorDPMEditorDlg::BindMenuKeys() {
+    auto* style = new AltKeyNavigationStyle;
+    style->setParent(m_menuBar);
+    m_menuBar->setStyle(style);
+    const QList<QAction*> menus = m_menuBar->actions();
+    for (int i = 0; i < menus.size() && i < int(std::size(kMenuLetters)); ++i) {
+        QAction* menu = menus[i];
+        auto* shortcut = new QShortcut(QKeyCombination(Qt::AltModifier, kMenuLetters[i]), this);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, menu] { m_menuBar->setActiveAction(menu); });
+    }
+    auto* f10 = new QShortcut(Qt::Key_F10, this);
+    connect(f10, &QShortcut::activated, this,
+            [this] { m_menuBar->setActiveAction(m_menuBar->actions().value(0)); });
+}
+
+// Left to right, top to bottom: the search row, the tree (or the list of products in its
+// place), the check box under it, then the sheet.
+void CVorDPMEditorDlg::SetTabOrder() {
+    const QList<QWidget*> order = {m_search->GetField(),   m_search->GetMode(), m_tree,
+                                   m_search->GetResults(), m_showAllLibraries,  m_sheet};
+    for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+bool CVorDPMEditorDlg::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_tree || event->type() != QEvent::KeyPress)
+        return CVorDPMDialogBase::eventFilter(watched, event);
+    QTreeWidgetItem* node = m_tree->currentItem();
+    if (!node || !IsEnter(*static_cast<QKeyEvent*>(event))) return false;
+    node->setExpanded(!node->isExpanded());
+    return true;
 }
 
 // The command id rides on the action, so that UpdateCommandUi and tests find it.

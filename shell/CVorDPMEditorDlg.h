@@ -79,6 +79,8 @@ public:
 
 protected:
     bool OnInitDialog() override;
+    // Enter on a tree node opens or closes it, as a double click does.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -86,6 +88,9 @@ private:
     static const std::map<int, Handler>& Handlers();
 
     void BuildMenuBar();
+    // The menu bar from the keyboard: Alt alone or F10 enters it, Alt with a letter opens a menu.
+    void BindMenuKeys();
+    void SetTabOrder();
     void LayOutTemplate();
     void AddMenuCommand(QMenu* menu, int commandId, const QString& text);
     void BuildTree();

@@ -104,7 +104,7 @@ bool CVorDPMLibrarySearch::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_field) return false;
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::OtherFocusReason && reason != Qt::ActiveWindowFocusReason &&
+        if (!m_goingTo && reason != Qt::OtherFocusReason && reason != Qt::ActiveWindowFocusReason &&
             reason != Qt::PopupFocusReason)
             Refresh();
         return false;
@@ -224,6 +224,8 @@ void CVorDPMLibrarySearch::GoToNext(int step) {
         m_position = step > 0 ? 0 : count - 1;
     else
         m_position = (m_position + step % count + count) % count;
+    // Focus moves around while the pages change; none of it is the user coming back.
+    m_goingTo = true;
     if (SearchesProducts()) {
         m_results->setCurrentIndex(m_hits->index(m_position, 0));
         GoToHit(m_position);
@@ -231,6 +233,7 @@ void CVorDPMLibrarySearch::GoToNext(int step) {
         GoToMatch(*m_matches.entries[static_cast<size_t>(m_position)]);
     }
     if (fromField) m_field->setFocus(Qt::OtherFocusReason);
+    m_goingTo = false;
 }
 
 void CVorDPMLibrarySearch::GoToMatch(const CVorDPMLibrarySearchIndex::Entry& entry) {

@@ -81,4 +81,5 @@ private:
     CVorDPMLibrarySearchIndex::Matches m_matches;
     // The match gone to last, or -1.
     int m_position = -1;
+    bool m_goingTo = false;
 };
