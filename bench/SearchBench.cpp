@@ -36,10 +36,6 @@ constexpr int kTreeDefinitions = 50000;
 constexpr int kSearchDefinitions = 1000;
 constexpr int kSearchRows = 100;
 
-CVorDPMManager* Manager() {
-    return CVorDPMManager::GetVorDPMManager();
-}
-
 const QString kTreeLibrary = QStringLiteral("Tree50000");
 const QString kSearchLibrary = QStringLiteral("Search1000");
 
@@ -64,7 +60,7 @@ public:
         if (!BenchLibraryRoot::Has(kTreeLibrary))
             BenchData::MakeCataloguedLibrary(kTreeLibrary, kTreeDefinitions);
         if (!BenchLibraryRoot::Has(kSearchLibrary)) MakeSearchLibrary();
-        Manager()->DiscardChanges();
+        CVorDPMManager::GetVorDPMManager()->DiscardChanges();
     }
 
 private:

@@ -39,8 +39,8 @@ namespace {
 // The tree in dialog units, below the menu bar and the search row above it; the sheet keeps this
 // gap to its neighbours. The check box for every library of the root has a row of its own under
 // the tree.
-const QRect kSearchFieldRect(6, 7, 54, 12);
-const QRect kSearchModeRect(62, 7, 34, 12);
+const QRect kSearchFieldRect(6, 7, 50, 12);
+const QRect kSearchModeRect(58, 7, 38, 12);
 constexpr int kSearchRow = 14;
 const QRect kTreeRect(6, 7 + kSearchRow, 90, 290);
 const QRect kShowAllRect(6, 300 + kSearchRow, 140, 10);

@@ -57,7 +57,11 @@ CVorDPMLibrarySearch::CVorDPMLibrarySearch(CVorDPMTreeCtrlEx* tree, QWidget* dia
     m_field->setClearButtonEnabled(true);
     m_field->installEventFilter(this);
     m_mode->setObjectName(QLatin1String(kModeName));
-    m_mode->addItems({tr("名称"), tr("产品"), tr("全部产品库的产品")});
+    // Short texts for a narrow box; each says in full what it searches when pointed at.
+    m_mode->addItems({tr("名称"), tr("产品"), tr("全库")});
+    const QString tips[] = {tr("按名称查找产品库、目录、分类和产品定义"),
+                            tr("查找所选产品库的产品"), tr("查找全部产品库的产品")};
+    for (int i = 0; i < m_mode->count(); ++i) m_mode->setItemData(i, tips[i], Qt::ToolTipRole);
     m_results->setObjectName(QLatin1String(kResultsName));
     m_results->setModel(m_hits);
     m_results->setRootIsDecorated(false);
@@ -184,7 +188,8 @@ void CVorDPMLibrarySearch::ClearTreeFilter() {
     m_matches = {};
     for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
         QTreeWidgetItem* library = m_tree->topLevelItem(i);
-        library->setData(0, MatchCountRole, QVariant());
+        if (library->data(0, MatchCountRole).isValid())
+            library->setData(0, MatchCountRole, QVariant());
         library->setHidden(false);
         for (int c = 0; c < library->childCount(); ++c) library->child(c)->setHidden(false);
     }

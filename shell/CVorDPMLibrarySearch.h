@@ -2,7 +2,7 @@
 // mode "名称" each keystroke filters the tree to the libraries and catalogs that hold a matching
 // library, catalog, classification or definition name, with the number of matches beside each
 // library; Enter and F3 go to the next match (Shift+F3 the previous), Escape clears. In the
-// modes "产品" (the selected library) and "全部产品库的产品" (every library of the tree) the
+// modes "产品" (the selected library) and "全库" (every library of the tree) the
 // product names of the definitions are searched while the user types, and listed in place of
 // the tree; a double click or Enter on one opens it on the product data page.
 #pragma once

@@ -793,8 +793,20 @@
         <translation>Products</translation>
     </message>
     <message>
-        <source>全部产品库的产品</source>
-        <translation>Products of all libraries</translation>
+        <source>全库</source>
+        <translation>All libraries</translation>
+    </message>
+    <message>
+        <source>按名称查找产品库、目录、分类和产品定义</source>
+        <translation>Find libraries, catalogs, classifications and definitions by name</translation>
+    </message>
+    <message>
+        <source>查找所选产品库的产品</source>
+        <translation>Find the products of the selected library</translation>
+    </message>
+    <message>
+        <source>查找全部产品库的产品</source>
+        <translation>Find the products of every library</translation>
     </message>
 </context>
 <context>
