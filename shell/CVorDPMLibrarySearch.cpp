@@ -102,15 +102,18 @@ bool CVorDPMLibrarySearch::SearchesProducts() const {
 }
 
 // Escape empties the field before it closes anything; Enter goes to the next match, as F3
-// does. Coming back to the field by the user's choice reads the names again, since the pages
-// may have changed them meanwhile.
+// does. Coming to the field by the user's choice reads the names again, since the pages may
+// have changed them meanwhile.
 bool CVorDPMLibrarySearch::eventFilter(QObject* watched, QEvent* event) {
     if (watched != m_field) return false;
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (!m_goingTo && reason != Qt::OtherFocusReason && reason != Qt::ActiveWindowFocusReason &&
-            reason != Qt::PopupFocusReason)
+            reason != Qt::PopupFocusReason) {
             Refresh();
+            // Read now rather than on the first keystroke, which then costs what the others do.
+            EnsureIndex();
+        }
         return false;
     }
     if (event->type() != QEvent::KeyPress) return false;
