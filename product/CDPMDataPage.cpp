@@ -178,8 +178,12 @@ void CDPMDataPage::BuildTree() {
 void CDPMDataPage::RefreshTree() {
     const QStringList selected = NodePath(m_tree->currentItem());
     BuildTree();
+    if (QTreeWidgetItem* node = NodeAt(selected)) m_tree->setCurrentItem(node);
+}
+
+QTreeWidgetItem* CDPMDataPage::NodeAt(const QStringList& texts) const {
     QTreeWidgetItem* node = nullptr;
-    for (const QString& text : selected) {
+    for (const QString& text : texts) {
         QTreeWidgetItem* child = nullptr;
         const int count = node ? node->childCount() : m_tree->topLevelItemCount();
         for (int i = 0; i < count && !child; ++i) {
@@ -189,7 +193,20 @@ void CDPMDataPage::RefreshTree() {
         if (!child) break;
         node = child;
     }
-    if (node) m_tree->setCurrentItem(node);
+    return node;
+}
+
+bool CDPMDataPage::SelectNode(const QStringList& texts, int serialId) {
+    QTreeWidgetItem* node = NodeAt(texts);
+    if (!node || NodePath(node) != texts) return false;
+    m_tree->setCurrentItem(node);
+    m_tree->scrollToItem(node);
+    const int row = m_series->RowOf(serialId);
+    if (row < 0) return true;
+    m_report->setCurrentIndex(m_series->index(row, 0));
+    m_report->scrollTo(m_report->currentIndex());
+    m_report->setFocus();
+    return true;
 }
 
 void CDPMDataPage::OnTreeSelChanged() {

@@ -62,6 +62,10 @@ public:
     // The "产品" menu for the tree's selection; its entries run OnCommand.
     std::unique_ptr<QMenu> CreateProductMenu();
 
+    // Selects the tree's node found by its texts from the top down and, when `serialId` is not
+    // -1, the product row of that series row; false when the tree has no such node.
+    bool SelectNode(const QStringList& texts, int serialId = -1);
+
     CVorDPMTreeCtrlEx* GetTreeCtrl() const { return m_tree; }
     QTreeView* GetReportCtrl() const { return m_report; }
     CVorDPMPictureCtrl* GetPictureCtrl() const { return m_picture; }
@@ -79,6 +83,8 @@ private:
     void BuildTree();
     // Builds the tree again and selects the node at the same place, as far as it still exists.
     void RefreshTree();
+    // The node reached by following `texts` from the top level down, as far as they lead.
+    QTreeWidgetItem* NodeAt(const QStringList& texts) const;
     void OnTreeSelChanged();
     void OnReportSelChanged();
     void ShowPicture(int serialRow);

@@ -63,6 +63,12 @@ CVorDPM_DPD_Serial* CDPMSeriesModel::GetSerial(int row) const {
     return m_rows[static_cast<size_t>(row)];
 }
 
+int CDPMSeriesModel::RowOf(int serialId) const {
+    for (size_t row = 0; row < m_rows.size(); ++row)
+        if (m_rows[row]->GetObjectId() == serialId) return static_cast<int>(row);
+    return -1;
+}
+
 int CDPMSeriesModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }

@@ -27,6 +27,8 @@ public:
     CVorDPMDPD* GetDefinition() const { return m_dpd; }
     // The series row shown in a row, or null.
     CVorDPM_DPD_Serial* GetSerial(int row) const;
+    // The row that shows the series row of that object id, or -1.
+    int RowOf(int serialId) const;
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;

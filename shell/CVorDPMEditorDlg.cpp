@@ -2,13 +2,18 @@
 
 #include <QAbstractItemDelegate>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QCursor>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProxyStyle>
+#include <QShortcut>
 
 #include "CDPMSheet.h"
 #include "CVorDPMEditorSettings.h"
+#include "CVorDPMLibrarySearch.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMReportCtrlBase.h"
 #include "CVorDPMTreeCtrlEx.h"
@@ -31,12 +36,35 @@
 
 namespace {
 
-// The tree in dialog units, below the menu bar; the sheet keeps this gap to its neighbours.
-// The check box for every library of the root has a row of its own under the tree.
-const QRect kTreeRect(6, 7, 90, 290);
-const QRect kShowAllRect(6, 300, 140, 10);
-const QSize kDialogSize(447, 316 + 14);
+// The tree in dialog units, below the menu bar and the search row above it; the sheet keeps this
+// gap to its neighbours. The check box for every library of the root has a row of its own under
+// the tree.
+const QRect kSearchFieldRect(6, 7, 50, 12);
+const QRect kSearchModeRect(58, 7, 38, 12);
+constexpr int kSearchRow = 14;
+const QRect kTreeRect(6, 7 + kSearchRow, 90, 290);
+const QRect kShowAllRect(6, 300 + kSearchRow, 140, 10);
+const QSize kDialogSize(447, 316 + 14 + kSearchRow);
 constexpr int kSheetGap = 12;
+
+// The menu texts stay exactly as they are, without "&" mnemonics; Alt alone enters the menu bar
+// in every style, as it does on Windows, and these letters (the first of each menu's pinyin)
+// open the menus with Alt.
+constexpr Qt::Key kMenuLetters[] = {Qt::Key_C, Qt::Key_J, Qt::Key_M};
+
+class AltKeyNavigationStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        if (hint == SH_MenuBar_AltKeyNavigation) return 1;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+bool IsEnter(const QKeyEvent& key) {
+    return (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) &&
+           !(key.modifiers() & ~Qt::KeypadModifier);
+}
 
 // Characters a new catalog name may not hold: those of every stored name, and ; [ ].
 const QString& InvalidCatalogCharacters() {
@@ -55,6 +83,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
       m_contentPage(new CDPMContentPage(this)),
       m_dataPage(new CDPMDataPage(this)),
       m_tree(new CVorDPMTreeCtrlEx(this)),
+      m_search(new CVorDPMLibrarySearch(m_tree, this)),
       m_showAllLibraries(new QCheckBox(tr("显示全部产品库"), this)),
       m_sheet(new CDPMSheet(this)),
       m_menuBar(new QMenuBar(this)),
@@ -85,6 +114,7 @@ CVorDPMEditorDlg::CVorDPMEditorDlg(PreviewDrawCallback draw, PreviewCloseCallbac
             &CVorDPMEditorDlg::OpenDefinition);
     connect(check, &CVorDPMLibraryCheckPanel::SelectCatalog, this,
             &CVorDPMEditorDlg::SelectCatalog);
+    connect(m_search, &CVorDPMLibrarySearch::GoTo, this, &CVorDPMEditorDlg::GoToSearchMatch);
 }
 
 CVorDPMEditorDlg::~CVorDPMEditorDlg() {
@@ -110,7 +140,11 @@ bool CVorDPMEditorDlg::OnInitDialog() {
 
     m_tree->SetCheckBoxes(false);
     SetResize(m_menuBar, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopRight);
+    SetResize(m_search->GetField(), CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopLeft);
+    SetResize(m_search->GetMode(), CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::TopLeft);
     SetResize(m_tree, CVorDPMAnchorResizer::TopLeft, CVorDPMAnchorResizer::BottomLeft);
+    SetResize(m_search->GetResults(), CVorDPMAnchorResizer::TopLeft,
+              CVorDPMAnchorResizer::BottomLeft);
     SetResize(m_showAllLibraries, CVorDPMAnchorResizer::BottomLeft,
               CVorDPMAnchorResizer::BottomLeft);
     connect(m_showAllLibraries, &QCheckBox::toggled, this, &CVorDPMEditorDlg::OnShowAllLibraries);
@@ -120,8 +154,11 @@ bool CVorDPMEditorDlg::OnInitDialog() {
             &CVorDPMEditorDlg::OnTreeContextMenu);
     connect(m_tree->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
             &CVorDPMEditorDlg::OnLabelEditEnd);
+    m_tree->installEventFilter(this);
     BuildTree();
     m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
+    BindMenuKeys();
+    SetTabOrder();
 
     AutoLoadPlacement(QStringLiteral("CVorDPMEditorDlg"));
     UpdateCommandUi();
@@ -134,7 +171,10 @@ void CVorDPMEditorDlg::LayOutTemplate() {
     const int menuHeight = m_menuBar->sizeHint().height();
     const QSize size = MapDialogRect(QRect(QPoint(), kDialogSize)).size();
     m_menuBar->setGeometry(0, 0, size.width(), menuHeight);
+    m_search->GetField()->setGeometry(MapDialogRect(kSearchFieldRect).translated(0, menuHeight));
+    m_search->GetMode()->setGeometry(MapDialogRect(kSearchModeRect).translated(0, menuHeight));
     m_tree->setGeometry(MapDialogRect(kTreeRect).translated(0, menuHeight));
+    m_search->GetResults()->setGeometry(m_tree->geometry());
     m_showAllLibraries->setGeometry(MapDialogRect(kShowAllRect).translated(0, menuHeight));
     resize(size + QSize(0, menuHeight));
 }
@@ -166,6 +206,39 @@ void CVorDPMEditorDlg::BuildMenuBar() {
     AddMenuCommand(templates, ID_NEW_TEMPLATE, tr("新建模板"));
     AddMenuCommand(templates, ID_EDIT_TEMPLATE, tr("编辑模板"));
     AddMenuCommand(templates, ID_DELETE_TEMPLATE, tr("删除模板"));
+}
+
+void CVorDPMEditorDlg::BindMenuKeys() {
+    auto* style = new AltKeyNavigationStyle;
+    style->setParent(m_menuBar);
+    m_menuBar->setStyle(style);
+    const QList<QAction*> menus = m_menuBar->actions();
+    for (int i = 0; i < menus.size() && i < int(std::size(kMenuLetters)); ++i) {
+        QAction* menu = menus[i];
+        auto* shortcut = new QShortcut(QKeyCombination(Qt::AltModifier, kMenuLetters[i]), this);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, menu] { m_menuBar->setActiveAction(menu); });
+    }
+    auto* f10 = new QShortcut(Qt::Key_F10, this);
+    connect(f10, &QShortcut::activated, this,
+            [this] { m_menuBar->setActiveAction(m_menuBar->actions().value(0)); });
+}
+
+// Left to right, top to bottom: the search row, the tree (or the list of products in its
+// place), the check box under it, then the sheet.
+void CVorDPMEditorDlg::SetTabOrder() {
+    const QList<QWidget*> order = {m_search->GetField(),   m_search->GetMode(), m_tree,
+                                   m_search->GetResults(), m_showAllLibraries,  m_sheet};
+    for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+bool CVorDPMEditorDlg::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_tree || event->type() != QEvent::KeyPress)
+        return CVorDPMDialogBase::eventFilter(watched, event);
+    QTreeWidgetItem* node = m_tree->currentItem();
+    if (!node || !IsEnter(*static_cast<QKeyEvent*>(event))) return false;
+    node->setExpanded(!node->isExpanded());
+    return true;
 }
 
 // The command id rides on the action, so that UpdateCommandUi and tests find it.
@@ -219,6 +292,8 @@ bool CVorDPMEditorDlg::OnCommand(int commandId) {
     const auto found = Handlers().find(commandId);
     if (found == Handlers().end()) return false;
     if (found->second) (this->*found->second)();
+    // A command may have added, renamed or removed what the search shows.
+    m_search->Refresh();
     UpdateCommandUi();
     return true;
 }
@@ -280,6 +355,7 @@ void CVorDPMEditorDlg::OnShowAllLibraries(bool all) {
     const QString library = node ? LibraryNode(node)->text(0) : QString();
     const QString catalog = node && node->parent() ? node->text(0) : QString();
     RebuildTree(library, catalog);
+    m_search->Refresh();
 }
 
 // Takes whatever the edit box holds, also when the edit was cancelled; the store is not changed.
@@ -457,6 +533,19 @@ void CVorDPMEditorDlg::SelectCatalog(const QString& library, const QString& cata
     if (!node) return ShowMessage(tr("目录树中没有产品目录\"%1/%2\"。").arg(library, catalog));
     m_tree->setCurrentItem(node);
     m_sheet->setCurrentWidget(m_contentPage);
+}
+
+void CVorDPMEditorDlg::GoToSearchMatch(const QString& library, const QString& catalog,
+                                       const QStringList& dataPagePath, int serialId) {
+    QTreeWidgetItem* node = m_tree->GetItem(library, nullptr);
+    if (node && !catalog.isEmpty()) node = m_tree->GetItem(catalog, node);
+    if (!node) return;
+    // The node first, then the page, so that a hidden product data page builds its tree once.
+    m_tree->setCurrentItem(node);
+    m_tree->scrollToItem(node);
+    if (dataPagePath.isEmpty()) return;
+    m_sheet->setCurrentWidget(m_dataPage);
+    m_dataPage->SelectNode(dataPagePath, serialId);
 }
 
 void CVorDPMEditorDlg::ShowMessage(const QString& text) {

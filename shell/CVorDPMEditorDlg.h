@@ -14,6 +14,7 @@ class CDPMDataPage;
 class CDPMSheet;
 class CDPMlibraryPage;
 class CVorDPMLibraryManager;
+class CVorDPMLibrarySearch;
 class CVorDPMTreeCtrlEx;
 class QCheckBox;
 class QMenu;
@@ -71,12 +72,15 @@ public:
     CDPMContentPage* GetContentPage() const { return m_contentPage; }
     CDPMDataPage* GetDataPage() const { return m_dataPage; }
     QMenuBar* GetMenuBar() const { return m_menuBar; }
+    CVorDPMLibrarySearch* GetSearch() const { return m_search; }
     const QString& GetCurrentPath() const { return CurrentPath; }
     // Raised when a page changes the store's data; lowered by a successful save.
     bool IsModified() const { return m_modified; }
 
 protected:
     bool OnInitDialog() override;
+    // Enter on a tree node opens or closes it, as a double click does.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -84,6 +88,9 @@ private:
     static const std::map<int, Handler>& Handlers();
 
     void BuildMenuBar();
+    // The menu bar from the keyboard: Alt alone or F10 enters it, Alt with a letter opens a menu.
+    void BindMenuKeys();
+    void SetTabOrder();
     void LayOutTemplate();
     void AddMenuCommand(QMenu* menu, int commandId, const QString& text);
     void BuildTree();
@@ -102,6 +109,10 @@ private:
     // or its catalog.
     void OpenDefinition(const QString& library, const QString& definition);
     void SelectCatalog(const QString& library, const QString& catalog);
+    // Where the library search leads: the node of the library or catalog, and below it a node
+    // of the product data page with one of its product rows.
+    void GoToSearchMatch(const QString& library, const QString& catalog,
+                         const QStringList& dataPagePath, int serialId);
 
     void OnOpenFile();
     void OnSaveWork();
@@ -131,6 +142,7 @@ private:
     CDPMContentPage* m_contentPage;
     CDPMDataPage* m_dataPage;
     CVorDPMTreeCtrlEx* m_tree;
+    CVorDPMLibrarySearch* m_search;
     QCheckBox* m_showAllLibraries;
     CDPMSheet* m_sheet;
     QString CurrentPath;

@@ -3,6 +3,7 @@
 #include <QFrame>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLayout>
 #include <algorithm>
 
@@ -30,6 +31,13 @@ void CVorDPMReportCtrlBase::PreSubclassWindow() {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     header()->setStretchLastSection(true);
     header()->setSectionsMovable(false);
+}
+
+void CVorDPMReportCtrlBase::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || (event->modifiers() & ~Qt::KeypadModifier) || !currentIndex().isValid())
+        return QTreeView::keyPressEvent(event);
+    emit RecordDoubleClicked(m_model->GetRecord(currentIndex().row()));
 }
 
 int CVorDPMReportCtrlBase::CreateFromResource(QWidget* placeholder) {

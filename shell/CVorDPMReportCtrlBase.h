@@ -56,10 +56,12 @@ public:
 signals:
     // The selection moved; `record` is the first selected record or null.
     void RecordSelectionChanged(CVorDPMReportRecord* record);
+    // Also sent for Enter on the current record, which opens what a double click opens.
     void RecordDoubleClicked(CVorDPMReportRecord* record);
 
 protected:
     void PreSubclassWindow();
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     CVorDPMReportModel* m_model;

@@ -814,6 +814,37 @@
     </message>
 </context>
 <context>
+    <name>CVorDPMLibrarySearch</name>
+    <message>
+        <source>搜索</source>
+        <translation>Search</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Names</translation>
+    </message>
+    <message>
+        <source>产品</source>
+        <translation>Products</translation>
+    </message>
+    <message>
+        <source>全库</source>
+        <translation>All libraries</translation>
+    </message>
+    <message>
+        <source>按名称查找产品库、目录、分类和产品定义</source>
+        <translation>Find libraries, catalogs, classifications and definitions by name</translation>
+    </message>
+    <message>
+        <source>查找所选产品库的产品</source>
+        <translation>Find the products of the selected library</translation>
+    </message>
+    <message>
+        <source>查找全部产品库的产品</source>
+        <translation>Find the products of every library</translation>
+    </message>
+</context>
+<context>
     <name>CVorDPMNewContentDlg</name>
     <message>
         <source>产品目录名:</source>
@@ -1149,6 +1180,21 @@
     <message>
         <source>没有这个产品</source>
         <translation>No such product</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMProductHitModel</name>
+    <message>
+        <source>产品</source>
+        <translation>Product</translation>
+    </message>
+    <message>
+        <source>产品定义</source>
+        <translation>Definition</translation>
+    </message>
+    <message>
+        <source>目录</source>
+        <translation>Catalog path</translation>
     </message>
 </context>
 <context>

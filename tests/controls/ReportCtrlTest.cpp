@@ -165,6 +165,13 @@ TEST_F(ReportCtrlTest, DoubleClickNamesTheRecord) {
     QTest::mouseClick(m_report.viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
     QTest::mouseDClick(m_report.viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
     EXPECT_EQ(clicked, m_report.GetRecords()->GetRecord(1));
+    // Enter on the current record opens it as a double click does; other keys do not.
+    clicked = nullptr;
+    m_report.setCurrentIndex(m_report.model()->index(0, 0));
+    QTest::keyClick(&m_report, Qt::Key_Down);
+    EXPECT_EQ(clicked, nullptr);
+    QTest::keyClick(&m_report, Qt::Key_Return);
+    EXPECT_EQ(clicked, m_report.GetRecords()->GetRecord(1));
 }
 
 TEST_F(ReportCtrlTest, TakesThePlaceOfAPlaceholder) {

@@ -424,3 +424,57 @@ TEST_F(MainDialog, ClosingBringsTheProductCountsUpToDateWithoutSaving) {
     EXPECT_EQ(info->GetProductCount(), 2);
     EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
 }
+
+// Escape closes an open menu, and then leaves the menu bar.
+void LeaveMenus(QMenuBar* menuBar) {
+    while (QWidget* popup = QApplication::activePopupWidget())
+        QTest::keyClick(popup, Qt::Key_Escape);
+    if (menuBar->activeAction()) QTest::keyClick(menuBar, Qt::Key_Escape);
+}
+
+// The menu bar from the keyboard with its texts unchanged, Enter on a node as a double click,
+// and Tab through the controls as they are laid out.
+TEST_F(MainDialog, KeyboardReachesTheMenusTheTreeAndEveryControl) {
+    CVorDPMEditorDlg& dlg = Dialog();
+    dlg.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dlg));
+    QMenuBar* menuBar = dlg.GetMenuBar();
+    const struct {
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        const char* menu;
+    } keys[] = {{Qt::Key_C, Qt::AltModifier, "产品库"},
+                {Qt::Key_J, Qt::AltModifier, "基本属性"},
+                {Qt::Key_M, Qt::AltModifier, "模板"},
+                {Qt::Key_F10, Qt::NoModifier, "产品库"}};
+    for (const auto& k : keys) {
+        dlg.GetTreeCtrl()->setFocus();
+        QTest::keyClick(dlg.GetTreeCtrl(), static_cast<Qt::Key>(k.key), k.modifiers);
+        ASSERT_TRUE(menuBar->activeAction()) << k.menu;
+        EXPECT_EQ(menuBar->activeAction()->text(), QString::fromUtf8(k.menu));
+        LeaveMenus(menuBar);
+    }
+    // Alt pressed and let go alone enters the menu bar at its first menu.
+    dlg.GetTreeCtrl()->setFocus();
+    QTest::keyPress(dlg.GetTreeCtrl(), Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyRelease(dlg.GetTreeCtrl(), Qt::Key_Alt);
+    ASSERT_TRUE(menuBar->activeAction());
+    EXPECT_EQ(menuBar->activeAction()->text(), QStringLiteral("产品库"));
+    LeaveMenus(menuBar);
+
+    QTreeWidgetItem* library = Node("QXMaterial");
+    dlg.GetTreeCtrl()->setFocus();
+    dlg.GetTreeCtrl()->setCurrentItem(library);
+    const bool expanded = library->isExpanded();
+    QTest::keyClick(dlg.GetTreeCtrl(), Qt::Key_Return);
+    EXPECT_NE(library->isExpanded(), expanded);
+
+    QWidget* search = dlg.findChild<QWidget*>(QStringLiteral("librarySearch"));
+    search->setFocus();
+    QStringList order;
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        order << QApplication::focusWidget()->objectName();
+    }
+    EXPECT_EQ(order, (QStringList{"librarySearchMode", "8000", "showAllLibraries"}));
+}
