@@ -30,6 +30,7 @@ CVorDPMCreateProductDlg::CVorDPMCreateProductDlg(CVorDPMDPD* dpd, PreviewDrawCal
             &QToolButton::clicked, this, &CVorDPMCreateProductDlg::OnImportTable);
     connect(Panel()->AddSeriesButton(CVorDPMSeriesTableFiles::kExportName, tr("导出…")),
             &QToolButton::clicked, this, [this] { CVorDPMSeriesTableFiles::Export(this, m_dpd); });
+    Panel()->AddUndoButtons();
     resize(MapDialogRect(kDialogRect).size());
 }
 

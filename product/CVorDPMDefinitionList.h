@@ -10,6 +10,7 @@
 
 class CVorDPMDPDBase;
 class CVorDPMListCtrlEx;
+class CVorDPMObject;
 class QAbstractButton;
 class QWidget;
 
@@ -41,6 +42,8 @@ public:
 
     CVorDPMListCtrlEx* GetList() const { return m_list; }
     int GetSelectedIndex() const { return m_selected; }
+    // The record of the row last reported as selected, or null.
+    virtual CVorDPMObject* SelectedObject() const = 0;
     void RecordSelection(int row) { m_selected = row; }
     // Edit, delete and copy are enabled exactly while the list has a selected row.
     void UpdateCommandUi();
@@ -76,6 +79,7 @@ public:
 
     void BuildColumns() override;
     void Fill() override;
+    CVorDPMObject* SelectedObject() const override { return SelectedRecord(); }
 
 protected:
     void OnNew() override;

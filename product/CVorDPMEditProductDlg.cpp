@@ -1,14 +1,17 @@
 #include "CVorDPMEditProductDlg.h"
 
+#include <QAction>
 #include <QGroupBox>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QToolButton>
+#include <QUndoStack>
 
 #include "CVorDPMDPDBase.h"
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMEditHistory.h"
 #include "product/CVorDPMSeriesSheet.h"
 #include "shell/CVorDPMDialogBase.h"
 
@@ -118,13 +121,15 @@ std::unique_ptr<CVorDPMDefinitionList> MakeTable(int table, const VorDPMDefiniti
 CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCallback draw,
                                              PreviewCloseCallback close, PreviewMoveCallback move,
                                              QWidget* parent)
-    : QWidget(parent), m_resizer(this) {
+    : QWidget(parent),
+      m_history(new CVorDPMEditHistory([this] { Reload(); }, this)),
+      m_resizer(this) {
     VorDPMControlId::Set(this, IDD);
     resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
     const VorDPMDefinitionContext context{dpd, draw, close, move, this};
     for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
     Reload();
-    new CVorDPMSeriesSheet(GetList(Series), dpd, [this] {
+    new CVorDPMSeriesSheet(GetList(Series), dpd, m_history, [this] {
         m_tables[Series]->Fill();
         UpdateCommandUi();
     });
@@ -151,7 +156,7 @@ void CVorDPMEditProductDlg::CreateTable(int table, const VorDPMDefinitionContext
         VorDPMControlId::Set(button, layout.firstButtonId + command);
         buttons[command] = button;
         connect(button, &QToolButton::clicked, this,
-                [this, table, command] { m_tables[table]->Run(command); });
+                [this, table, command] { RunCommand(table, command); });
     }
     m_tables[table] = MakeTable(table, context, list, buttons);
 
@@ -164,10 +169,11 @@ void CVorDPMEditProductDlg::CreateTable(int table, const VorDPMDefinitionContext
                         rows->RecordSelection(index.row());
                 UpdateCommandUi();
             });
-    connect(list, &QAbstractItemView::doubleClicked, this, [rows](const QModelIndex& index) {
-        rows->RecordSelection(index.row());
-        rows->Run(CVorDPMDefinitionList::Edit);
-    });
+    connect(list, &QAbstractItemView::doubleClicked, this,
+            [this, rows, table](const QModelIndex& index) {
+                rows->RecordSelection(index.row());
+                RunCommand(table, CVorDPMDefinitionList::Edit);
+            });
 
     box->lower();
     m_resizer.SetResize(box, layout.topLeft, layout.bottomRight);
@@ -175,6 +181,57 @@ void CVorDPMEditProductDlg::CreateTable(int table, const VorDPMDefinitionContext
     for (QAbstractButton* button : buttons)
         m_resizer.SetResize(button, {layout.bottomRight.x(), layout.topLeft.y()},
                             {layout.bottomRight.x(), layout.topLeft.y()});
+}
+
+// Edit and delete register their record only after changing it, so its state before is kept here.
+void CVorDPMEditProductDlg::RunCommand(int table, int command) {
+    CVorDPMDefinitionList* rows = m_tables[table].get();
+    std::vector<CVorDPMObject*> early;
+    if (command == CVorDPMDefinitionList::Edit || command == CVorDPMDefinitionList::Delete)
+        early.push_back(rows->SelectedObject());
+    m_history->Record(
+        tr(kButtons[command].tooltip),
+        [rows, command] {
+            rows->Run(command);
+            return true;
+        },
+        early);
+}
+
+void CVorDPMEditProductDlg::AddUndoButtons() {
+    QUndoStack* stack = m_history->Stack();
+    struct Look {
+        const char* name;
+        QString text;
+        QList<QKeySequence> keys;
+    };
+    const Look looks[] = {
+        {"undoEdit", tr("撤销"), {QKeySequence(Qt::CTRL | Qt::Key_Z)}},
+        {"redoEdit",
+         tr("重做"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)}},
+    };
+    for (const Look& look : looks) {
+        const bool undo = look.keys.size() == 1;
+        QToolButton* button = AddSeriesButton(look.name, look.text);
+        auto* action = new QAction(look.text, this);
+        action->setShortcuts(look.keys);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        addAction(action);
+        connect(action, &QAction::triggered, stack, undo ? &QUndoStack::undo : &QUndoStack::redo);
+        connect(button, &QToolButton::clicked, action, &QAction::trigger);
+        // The button names the step it would take back or do again.
+        const auto show = [button, action, text = look.text, stack, undo] {
+            const bool can = undo ? stack->canUndo() : stack->canRedo();
+            const QString step = undo ? stack->undoText() : stack->redoText();
+            button->setEnabled(can);
+            action->setEnabled(can);
+            button->setToolTip(can ? text + QLatin1Char(' ') + step : text);
+        };
+        connect(stack, &QUndoStack::indexChanged, button, show);
+        connect(stack, &QUndoStack::cleanChanged, button, show);
+        show();
+    }
 }
 
 CVorDPMListCtrlEx* CVorDPMEditProductDlg::GetList(int table) const {

@@ -12,6 +12,7 @@
 #include "ExportVorDPMEditor.h"
 
 class CVorDPMDefinitionList;
+class CVorDPMEditHistory;
 struct VorDPMDefinitionContext;
 class CVorDPMDPDBase;
 class CVorDPMListCtrlEx;
@@ -55,6 +56,11 @@ public:
     // Builds every list's columns and rows again from the store, after a change made outside
     // the panel (new properties give the series table new columns).
     void Reload();
+    // Adds the undo and redo buttons (`undoEdit`, `redoEdit`) below the series table's buttons,
+    // with Ctrl+Z, Ctrl+Shift+Z and Ctrl+Y.
+    void AddUndoButtons();
+    // The steps since the last save, each change of a table one of them.
+    CVorDPMEditHistory* History() const { return m_history; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -62,8 +68,11 @@ protected:
 
 private:
     void CreateTable(int table, const VorDPMDefinitionContext& context);
+    // Runs a list's command as one step of the history.
+    void RunCommand(int table, int command);
 
     std::array<std::unique_ptr<CVorDPMDefinitionList>, 5> m_tables;
+    CVorDPMEditHistory* m_history;
     int m_seriesButtons = 4;
     CVorDPMAnchorResizer m_resizer;
 };

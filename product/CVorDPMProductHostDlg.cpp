@@ -5,6 +5,7 @@
 
 #include "CVorDPMCommandManager.h"
 #include "common/VorDPMControlId.h"
+#include "product/CVorDPMEditHistory.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "shell/VorDPMSaveWork.h"
 
@@ -36,6 +37,7 @@ QPushButton* CVorDPMProductHostDlg::AddRowButton(int id, const QString& text) {
 bool CVorDPMProductHostDlg::SaveEdits(bool keepEditing) {
     if (m_command) CVorDPMCommandManager::GetInstance()->EndCommand();
     m_command = nullptr;
+    m_panel->History()->Clear();
     const bool saved = VorDPMSaveWork::SaveOrTell(this).isEmpty();
     if (keepEditing) StartEdits();
     return saved;
@@ -48,6 +50,7 @@ bool CVorDPMProductHostDlg::HasUnsavedEdits() const {
 void CVorDPMProductHostDlg::ChangeOutsideEdits(const std::function<void()>& change) {
     if (m_command) CVorDPMCommandManager::GetInstance()->EndCommand();
     m_command = nullptr;
+    m_panel->History()->Clear();
     change();
     StartEdits();
     m_panel->Reload();

@@ -12,6 +12,7 @@
 #include "FamilyProgress.h"
 #include "FamilySheet.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMEditHistory.h"
 #include "product/VorDPMDefinitionTable.h"
 
 const char* const CVorDPMSeriesSheet::kEditorName = "seriesCellEditor";
@@ -53,8 +54,8 @@ QList<QStringList> PastedRows(const QString& text, FamilyProblem& problem) {
 }  // namespace
 
 CVorDPMSeriesSheet::CVorDPMSeriesSheet(CVorDPMListCtrlEx* list, CVorDPMDPDBase* dpd,
-                                       std::function<void()> refill)
-    : QObject(list), m_list(list), m_dpd(dpd), m_refill(std::move(refill)) {
+                                       CVorDPMEditHistory* history, std::function<void()> refill)
+    : QObject(list), m_list(list), m_dpd(dpd), m_history(history), m_refill(std::move(refill)) {
     // Whole rows stay the unit of selection, as in every list of the editor; several rows may be
     // selected at once. The current cell (clicked, or moved with the arrow keys) says where a
     // paste starts and which column an edit, a fill or Delete writes.
@@ -88,10 +89,10 @@ bool CVorDPMSeriesSheet::Paste(const QString& text) {
     if (block.size() == 1 && block.first().size() == 1 && rows.size() > 1) {
         std::vector<FamilySeriesEdit::Cell> cells;
         for (int row : rows) cells.push_back({row, left, block.first().first()});
-        return Write(std::move(cells));
+        return Write(tr("粘贴"), std::move(cells));
     }
     const int top = rows.empty() ? m_list->model()->rowCount() : rows.front();
-    if (!Write(FamilySeriesEdit::Block(top, left, block))) return false;
+    if (!Write(tr("粘贴"), FamilySeriesEdit::Block(top, left, block))) return false;
     SelectRows(top, top + int(block.size()) - 1, left);
     return true;
 }
@@ -101,7 +102,7 @@ bool CVorDPMSeriesSheet::ClearSelection() {
     if (column < FamilySeriesEdit::kFixedColumns) return false;
     std::vector<FamilySeriesEdit::Cell> cells;
     for (int row : SelectedRows()) cells.push_back({row, column, QString()});
-    return !cells.empty() && Write(std::move(cells));
+    return !cells.empty() && Write(tr("清除"), std::move(cells));
 }
 
 std::vector<int> CVorDPMSeriesSheet::SelectedRows() const {
@@ -112,19 +113,21 @@ std::vector<int> CVorDPMSeriesSheet::SelectedRows() const {
     return rows;
 }
 
-bool CVorDPMSeriesSheet::Write(std::vector<FamilySeriesEdit::Cell> cells) {
-    const int valueColumns = m_list->model()->columnCount() - FamilySeriesEdit::kFixedColumns;
-    const QModelIndex current = m_list->currentIndex();
-    FamilySeriesEdit edit(m_dpd, VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd),
-                          FamilySeriesEdit::SeriesColumns(m_dpd, std::max(valueColumns, 0)));
-    FamilyProblem problem;
-    if (!edit.Write(std::move(cells), problem)) {
-        CVorDPMUiService::Instance()->ShowMessage(m_list, problem.Message());
-        return false;
-    }
-    m_refill();
-    if (current.isValid()) SelectRows(current.row(), current.row(), current.column());
-    return true;
+bool CVorDPMSeriesSheet::Write(const QString& step, std::vector<FamilySeriesEdit::Cell> cells) {
+    return m_history->Record(step, [&] {
+        const int valueColumns = m_list->model()->columnCount() - FamilySeriesEdit::kFixedColumns;
+        const QModelIndex current = m_list->currentIndex();
+        FamilySeriesEdit edit(m_dpd, VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd),
+                              FamilySeriesEdit::SeriesColumns(m_dpd, std::max(valueColumns, 0)));
+        FamilyProblem problem;
+        if (!edit.Write(std::move(cells), problem)) {
+            CVorDPMUiService::Instance()->ShowMessage(m_list, problem.Message());
+            return false;
+        }
+        m_refill();
+        if (current.isValid()) SelectRows(current.row(), current.row(), current.column());
+        return true;
+    });
 }
 
 void CVorDPMSeriesSheet::SelectRows(int top, int bottom, int column) {
@@ -161,7 +164,7 @@ void CVorDPMSeriesSheet::CommitEditor() {
     if (!m_editor) return;
     const QString text = m_editor->text();
     CloseEditor();
-    Write({{m_editRow, m_editColumn, text}});
+    Write(tr("修改单元格"), {{m_editRow, m_editColumn, text}});
 }
 
 void CVorDPMSeriesSheet::CloseEditor() {

@@ -15,6 +15,7 @@
 #include "FamilySeriesEdit.h"
 
 class CVorDPMDPDBase;
+class CVorDPMEditHistory;
 class CVorDPMListCtrlEx;
 class QKeyEvent;
 class QLineEdit;
@@ -26,8 +27,10 @@ public:
     // The in-place editor's object name.
     static const char* const kEditorName;
 
-    // `refill` shows the store's rows in the list again after a change.
-    CVorDPMSeriesSheet(CVorDPMListCtrlEx* list, CVorDPMDPDBase* dpd, std::function<void()> refill);
+    // `refill` shows the store's rows in the list again after a change; each change is a step of
+    // `history`.
+    CVorDPMSeriesSheet(CVorDPMListCtrlEx* list, CVorDPMDPDBase* dpd, CVorDPMEditHistory* history,
+                       std::function<void()> refill);
 
     // The selected rows as tab-separated rows, from the product column on.
     QString CopyText() const;
@@ -45,7 +48,8 @@ protected:
 
 private:
     bool HandleKey(QKeyEvent* event);
-    bool Write(std::vector<FamilySeriesEdit::Cell> cells);
+    // Writes the cells as one step of the history named `step`.
+    bool Write(const QString& step, std::vector<FamilySeriesEdit::Cell> cells);
     void CommitEditor();
     void CloseEditor();
     // The selected rows, top to bottom.
@@ -55,6 +59,7 @@ private:
 
     CVorDPMListCtrlEx* m_list;
     CVorDPMDPDBase* m_dpd;
+    CVorDPMEditHistory* m_history;
     std::function<void()> m_refill;
     QLineEdit* m_editor = nullptr;
     int m_editRow = -1;

@@ -4,6 +4,15 @@
 
 #include "CVorDPMTable.h"
 
+std::vector<CVorDPMCommand::Change> CVorDPMCommand::GetChanges() const {
+    std::vector<Change> changes;
+    changes.reserve(m_modified.size() + m_created.size());
+    for (const BeforeImage& modified : m_modified)
+        changes.push_back({modified.object, modified.image.get()});
+    for (CVorDPMObject* created : m_created) changes.push_back({created, nullptr});
+    return changes;
+}
+
 CVorDPMCommandManager* CVorDPMCommandManager::GetInstance() {
     static CVorDPMCommandManager manager;
     return &manager;

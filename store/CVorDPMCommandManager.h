@@ -13,6 +13,13 @@ public:
     int GetDepth() const { return m_depth; }
     // Whether anything was registered with the command (a change, or an object created).
     bool HasChanges() const { return !m_modified.empty() || !m_created.empty(); }
+    // An object changed under the command, with its state before the first change; `before` is
+    // null for an object the command created.
+    struct Change {
+        CVorDPMObject* object;
+        const CVorDPMObject* before;
+    };
+    std::vector<Change> GetChanges() const;
 
 private:
     friend class CVorDPMCommandManager;

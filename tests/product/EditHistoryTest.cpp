@@ -1,0 +1,171 @@
+// Undo and redo in the create-product dialog: every change of a table is one step that undo
+// takes back and redo does again exactly, the record editor's edits and the series table's
+// paste, in-place edit and delete alike; a save writes the state reached and starts anew.
+#include <QClipboard>
+
+#include "CVorDPMDPD.h"
+#include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMCreateProductDlg.h"
+#include "product/CVorDPMDefinitionList.h"
+#include "product/CVorDPMSeriesSheet.h"
+#include "product/ProductTestBase.h"
+
+namespace {
+
+constexpr int kProductColumn = 2;
+constexpr int kLengthColumn = 5;
+
+// What a step can change: the series lengths and the product names, in the store's order.
+struct State {
+    QStringList lengths;
+    QStringList products;
+    bool operator==(const State&) const = default;
+};
+
+void PrintTo(const State& state, std::ostream* out) {
+    *out << state.lengths.join(',').toStdString() << " / "
+         << state.products.join(',').toStdString();
+}
+
+struct EditHistoryTest : ProductTestBase {
+    void SetUp() override {
+        ProductTestBase::SetUp();
+        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
+        dialog->show();
+        dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        series = List(CVorDPMEditProductDlg::IDC_SERIES_LIST);
+        undo = dialog->findChild<QToolButton*>(QStringLiteral("undoEdit"));
+        redo = dialog->findChild<QToolButton*>(QStringLiteral("redoEdit"));
+        ASSERT_TRUE(series && undo && redo);
+        length = m_length->GetObjectId();
+    }
+
+    void TearDown() override {
+        dialog.reset();
+        ProductTestBase::TearDown();
+    }
+
+    CVorDPMListCtrlEx* List(int id) const {
+        return dialog->findChild<CVorDPMListCtrlEx*>(QString::number(id));
+    }
+
+    void SelectRow(CVorDPMListCtrlEx* list, int row, int column) const {
+        const QModelIndex index = list->model()->index(row, column);
+        list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        list->selectionModel()->select(
+            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        list->setFocus();
+    }
+
+    void ClickButton(int table, int command) const {
+        QTest::mouseClick(VorDPMControlId::Find<QToolButton>(
+                              dialog.get(), CVorDPMEditProductDlg::ButtonId(table, command)),
+                          Qt::LeftButton);
+    }
+
+    // The store's state, checked against what the series list shows.
+    State Now() const {
+        State state;
+        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
+            state.lengths.append(row->GetValue(length));
+        state.products = ProductNames(m_dpd);
+        QStringList shown;
+        for (int row = 0; row < series->model()->rowCount(); ++row)
+            shown.append(series->model()->index(row, kLengthColumn).data().toString());
+        EXPECT_EQ(shown, state.lengths) << "the list shows what the store holds";
+        return state;
+    }
+
+    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
+    CVorDPMListCtrlEx* series = nullptr;
+    QToolButton* undo = nullptr;
+    QToolButton* redo = nullptr;
+    int length = 0;
+};
+
+TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
+    std::vector<State> states{Now()};
+    // Record editor: the first product renamed.
+    SelectRow(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST), 0, 0);
+    ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M10")}}));
+    ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
+    states.push_back(Now());
+    // Paste over the second row, adding a third.
+    QApplication::clipboard()->setText("2\t1\t1\t40\n2\t1\t1\t50\n");
+    SelectRow(series, 1, kProductColumn);
+    QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
+    states.push_back(Now());
+    // In-place edit of the first row's length.
+    SelectRow(series, 0, kLengthColumn);
+    QTest::keyClicks(series, "7");
+    auto* editor = series->findChild<QLineEdit*>(CVorDPMSeriesSheet::kEditorName);
+    ASSERT_TRUE(editor);
+    QTest::keyClicks(editor, "5");
+    QTest::keyClick(editor, Qt::Key_Return);
+    states.push_back(Now());
+    // The second row deleted with the list's button (it registers the row after deleting it).
+    SelectRow(series, 1, 0);
+    ClickButton(CVorDPMEditProductDlg::Series, CVorDPMDefinitionList::Delete);
+    states.push_back(Now());
+
+    const std::vector<State> expected{
+        {{"20", "30"}, {"M6", "M8"}},        {{"20", "30"}, {"M10", "M8"}},
+        {{"20", "40", "50"}, {"M10", "M8"}}, {{"75", "40", "50"}, {"M10", "M8"}},
+        {{"75", "50"}, {"M10", "M8"}},
+    };
+    ASSERT_EQ(states, expected);
+    EXPECT_EQ(undo->toolTip(), QStringLiteral("撤销 删除"));
+
+    // Back to the start, by button and by Ctrl+Z, then forward by every way there is. The keys
+    // are shortcuts of the dialog, which the record editor had taken the activation from.
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    series->setFocus();
+    for (int step = 3; step >= 0; --step) {
+        if (step % 2)
+            undo->click();
+        else
+            QTest::keyClick(series, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(Now(), expected[size_t(step)]) << "undo to " << step;
+    }
+    EXPECT_FALSE(undo->isEnabled());
+    EXPECT_EQ(redo->toolTip(), QStringLiteral("重做 编辑"));
+    redo->click();
+    QTest::keyClick(series, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(series, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Now(), expected[3]);
+
+    Click(dialog.get(), CVorDPMCreateProductDlg::IDC_SAVE_CONTINUE);
+    EXPECT_FALSE(undo->isEnabled()) << "a save starts the history anew";
+    EXPECT_FALSE(redo->isEnabled());
+    dialog.reset();
+    Reload();
+    State saved;
+    for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
+        saved.lengths.append(row->GetValue(length));
+    saved.products = ProductNames(m_dpd);
+    EXPECT_EQ(saved, expected[3]);
+}
+
+// Undo and redo belong to the dialog's unsaved edits: leaving without a save drops a redone
+// product too. A refused paste changes nothing and so is no step.
+TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
+    QApplication::clipboard()->setText("x\t1\t1\t41\n");
+    SelectRow(series, 0, kProductColumn);
+    ui.ExpectMessage(QStringLiteral("第 1 行第 3 列: 不是整数: x"));
+    QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_FALSE(undo->isEnabled());
+
+    AddProductRecord(dialog.get(), QStringLiteral("M12"), ui);
+    EXPECT_EQ(undo->toolTip(), QStringLiteral("撤销 新建"));
+    undo->click();
+    EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
+    redo->click();
+    EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8", "M12"}));
+    dialog->reject();
+    EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
+    EXPECT_EQ(Commands()->GetOpenCommandCount(), 0);
+}
+
+}  // namespace
