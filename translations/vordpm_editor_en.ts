@@ -616,6 +616,14 @@
         <source>复制</source>
         <translation>Copy</translation>
     </message>
+    <message>
+        <source>撤销</source>
+        <translation>Undo</translation>
+    </message>
+    <message>
+        <source>重做</source>
+        <translation>Redo</translation>
+    </message>
 </context>
 <context>
     <name>CVorDPMEditTemplateDlg</name>
@@ -1331,6 +1339,21 @@
     <message>
         <source>Component parameters</source>
         <translation>Component Parameters</translation>
+    </message>
+</context>
+<context>
+    <name>CVorDPMSeriesSheet</name>
+    <message>
+        <source>粘贴</source>
+        <translation>Paste</translation>
+    </message>
+    <message>
+        <source>清除</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>修改单元格</source>
+        <translation>Edit cell</translation>
     </message>
 </context>
 <context>
