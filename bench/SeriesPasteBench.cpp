@@ -2,16 +2,20 @@
 // editor's series table, below its last row: from the paste to the first paint of the table with
 // the new rows, as one command. Beside it, the plain baseline: the same rows and values added
 // through the store directly, with no command, check or list.
+// Then undo and redo of a paste of 10,000 cells (500 rows by 20 values) to the first paint,
+// beside the refill of the panel alone, the floor of every change it shows.
 #include <benchmark/benchmark.h>
 
 #include <QDialog>
 #include <QStringList>
+#include <QUndoStack>
 
 #include "BenchDefinitionRows.h"
 #include "BenchLibraryRoot.h"
 #include "BenchPaint.h"
 #include "CVorDPMCommandManager.h"
 #include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMEditHistory.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMSeriesSheet.h"
 
@@ -87,6 +91,90 @@ void BM_PasteToFirstPaint(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_PasteToFirstPaint)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+constexpr int kUndoRows = 10000 / kProperties;
+
+// Rows as copied from the series table itself, from the product column on: product, shape and
+// picture ids, then the values.
+QString CopiedRows() {
+    const QString ids = QString::number(TheDefinition().productId) + QStringLiteral("\t0\t0");
+    QString text;
+    for (int r = 0; r < kUndoRows; ++r) {
+        QStringList cells{ids};
+        for (int c = 0; c < kProperties; ++c) cells.append(Value(r, c));
+        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    return text;
+}
+
+// The panel on the benchmark definition, shown in a host window.
+struct ShownPanel {
+    ShownPanel() : panel(TheDefinition().dpd, nullptr, nullptr, nullptr, &host) {
+        host.resize(panel.size());
+        host.show();
+        list = panel.GetList(CVorDPMEditProductDlg::Series);
+        sheet = list->findChild<CVorDPMSeriesSheet*>();
+    }
+
+    QDialog host;
+    CVorDPMEditProductDlg panel;
+    CVorDPMListCtrlEx* list = nullptr;
+    CVorDPMSeriesSheet* sheet = nullptr;
+};
+
+// Times an undo (or a redo after an undo) of a fresh paste, rolled back afterwards.
+void TimeHistory(benchmark::State& state, bool redo) {
+    const QString block = CopiedRows();
+    ShownPanel shown;
+    QUndoStack* stack = shown.panel.History()->Stack();
+    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
+    for (auto _ : state) {
+        state.PauseTiming();
+        commands->StartCommand();
+        shown.list->clearSelection();
+        shown.list->setCurrentIndex(QModelIndex());
+        if (!shown.sheet->Paste(block)) state.SkipWithError("paste failed");
+        if (redo) stack->undo();
+        BenchPaint::Settle(&shown.host);
+        state.ResumeTiming();
+        redo ? stack->redo() : stack->undo();
+        if (!BenchPaint::Wait(&shown.host)) state.SkipWithError("no paint");
+        state.PauseTiming();
+        state.counters["rows"] = shown.list->GetItemCount();
+        commands->AbortCommand();
+        shown.panel.History()->Clear();
+        shown.panel.Reload();
+        state.ResumeTiming();
+    }
+}
+
+void BM_UndoPasteToFirstPaint(benchmark::State& state) {
+    TimeHistory(state, false);
+}
+BENCHMARK(BM_UndoPasteToFirstPaint)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+void BM_RedoPasteToFirstPaint(benchmark::State& state) {
+    TimeHistory(state, true);
+}
+BENCHMARK(BM_RedoPasteToFirstPaint)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+// The baseline: the panel's refill to the first paint, with the rows of a paste in the table.
+void BM_PlainRefillToFirstPaint(benchmark::State& state) {
+    ShownPanel shown;
+    CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
+    commands->StartCommand();
+    if (!shown.sheet->Paste(CopiedRows())) state.SkipWithError("paste failed");
+    for (auto _ : state) {
+        state.PauseTiming();
+        BenchPaint::Settle(&shown.host);
+        state.ResumeTiming();
+        shown.panel.Reload();
+        if (!BenchPaint::Wait(&shown.host)) state.SkipWithError("no paint");
+    }
+    commands->AbortCommand();
+    shown.panel.History()->Clear();
+}
+BENCHMARK(BM_PlainRefillToFirstPaint)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 void BM_PlainStoreRows(benchmark::State& state) {
     Definition& definition = TheDefinition();
