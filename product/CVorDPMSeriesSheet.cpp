@@ -84,7 +84,10 @@ bool CVorDPMSeriesSheet::Paste(const QString& text) {
     }
     if (block.isEmpty()) return false;
     const std::vector<int> rows = SelectedRows();
-    const int left = std::max(m_list->currentIndex().column(), kFirstWritableColumn);
+    // Without a current cell in a written column (none, or the ordinal or object id), a paste
+    // starts at the first value column: a block copied from a spreadsheet holds values.
+    const int current = m_list->currentIndex().column();
+    const int left = current >= kFirstWritableColumn ? current : FamilySeriesEdit::kFixedColumns;
     // One value fills the current column of every selected row, as spreadsheets fill a block.
     if (block.size() == 1 && block.first().size() == 1 && rows.size() > 1) {
         std::vector<FamilySeriesEdit::Cell> cells;

@@ -80,7 +80,15 @@ TEST_F(SeriesSheetTest, CopiedBlockPastesBelowTheLastRowAsNewRowsThatASaveWrites
     EXPECT_EQ(Cell(2, kProductColumn), "2");
     EXPECT_EQ(Cell(2, kLengthColumn), "5\"0");
     EXPECT_EQ(Commands()->GetOpenCommandCount(), 1);
-    EXPECT_EQ(SavedLengths(), QStringList({"20", "40", "5\"0"}));
+
+    // Without a current cell the values go to the first value column of a new row.
+    list->clearSelection();
+    list->setCurrentIndex(QModelIndex());
+    QApplication::clipboard()->setText("60\n");
+    Key(list, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(list->GetItemCount(), 4);
+    EXPECT_EQ(Cell(3, kLengthColumn), "60");
+    EXPECT_EQ(SavedLengths(), QStringList({"20", "40", "5\"0", "60"}));
 }
 
 // A refused cell rolls back the whole paste, the rows it would have added included, and says
