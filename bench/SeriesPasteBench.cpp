@@ -54,9 +54,9 @@ QString Value(int row, int column) {
 }
 
 // The block as a spreadsheet copies it: values separated by tabs, rows ending with a line break.
-QString CopiedBlock() {
+QString CopiedBlock(int rows = kRows) {
     QString text;
-    for (int r = 0; r < kRows; ++r) {
+    for (int r = 0; r < rows; ++r) {
         QStringList cells;
         for (int c = 0; c < kProperties; ++c) cells.append(Value(r, c));
         text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
@@ -94,19 +94,6 @@ BENCHMARK(BM_PasteToFirstPaint)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 constexpr int kUndoRows = 10000 / kProperties;
 
-// Rows as copied from the series table itself, from the product column on: product, shape and
-// picture ids, then the values.
-QString CopiedRows() {
-    const QString ids = QString::number(TheDefinition().productId) + QStringLiteral("\t0\t0");
-    QString text;
-    for (int r = 0; r < kUndoRows; ++r) {
-        QStringList cells{ids};
-        for (int c = 0; c < kProperties; ++c) cells.append(Value(r, c));
-        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
-    }
-    return text;
-}
-
 // The panel on the benchmark definition, shown in a host window.
 struct ShownPanel {
     ShownPanel() : panel(TheDefinition().dpd, nullptr, nullptr, nullptr, &host) {
@@ -124,7 +111,7 @@ struct ShownPanel {
 
 // Times an undo (or a redo after an undo) of a fresh paste, rolled back afterwards.
 void TimeHistory(benchmark::State& state, bool redo) {
-    const QString block = CopiedRows();
+    const QString block = CopiedBlock(kUndoRows);
     ShownPanel shown;
     QUndoStack* stack = shown.panel.History()->Stack();
     CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
@@ -163,7 +150,7 @@ void BM_PlainRefillToFirstPaint(benchmark::State& state) {
     ShownPanel shown;
     CVorDPMCommandManager* commands = CVorDPMCommandManager::GetInstance();
     commands->StartCommand();
-    if (!shown.sheet->Paste(CopiedRows())) state.SkipWithError("paste failed");
+    if (!shown.sheet->Paste(CopiedBlock(kUndoRows))) state.SkipWithError("paste failed");
     for (auto _ : state) {
         state.PauseTiming();
         BenchPaint::Settle(&shown.host);
