@@ -2,8 +2,10 @@
 
 #include <unistd.h>
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 
 #include "CVorDPMManager.h"
 
@@ -69,7 +71,12 @@ void BenchData::MakeManyDefinitions(CVorDPMLibraryManager& library, const QStrin
         first->AddVersion(record);
         if (Manager()->SaveWork() != 1) qFatal("cannot save a definition");
     }
-    const QByteArray source = QFile::encodeName(first->GetDPDFullPath());
+    LinkCopies(library, *first, prefix, count);
+}
+
+void BenchData::LinkCopies(const CVorDPMLibraryManager& library, const CVorDPMDPD& first,
+                           const QString& prefix, int count) {
+    const QByteArray source = QFile::encodeName(first.GetDPDFullPath());
     const QDir folder(library.GetFolder());
     for (int i = 1; i < count; ++i) {
         const QByteArray target =
@@ -77,6 +84,14 @@ void BenchData::MakeManyDefinitions(CVorDPMLibraryManager& library, const QStrin
         if (::link(source.constData(), target.constData()) != 0)
             qFatal("cannot link %s", target.constData());
     }
+}
+
+QByteArray BenchData::PngBytes(const QImage& image) {
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return png;
 }
 
 void BenchData::MakeCataloguedLibrary(const QString& name, int definitions) {

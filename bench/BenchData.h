@@ -2,7 +2,10 @@
 // definitions and definitions of many series rows.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+class QImage;
 
 class CVorDPMDPD;
 class CVorDPMLibraryManager;
@@ -28,6 +31,14 @@ CVorDPMDPD* MakeDefinition(CVorDPMLibraryManager& library, const QString& name, 
 // positive `version` the file holds that one version record, else none.
 void MakeManyDefinitions(CVorDPMLibraryManager& library, const QString& prefix, int count,
                          double version = 0);
+
+// Hard links <prefix>00001 ... <prefix>(count-1) to the file of `first`, beside it in the library's
+// folder: valid definitions that take no room.
+void LinkCopies(const CVorDPMLibraryManager& library, const CVorDPMDPD& first,
+                const QString& prefix, int count);
+
+// The image as the bytes of a PNG file.
+QByteArray PngBytes(const QImage& image);
 
 // A library of `definitions` definitions (MakeManyDefinitions, prefix "P", version 1), the first
 // half of them placed by kCatalogs catalogs "Catalog0", "Catalog1", ... under three

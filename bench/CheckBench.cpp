@@ -7,7 +7,6 @@
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <QBuffer>
 #include <QDir>
 #include <QImage>
 #include <QPainter>
@@ -43,11 +42,7 @@ QByteArray Picture() {
     painter.drawRect(40, 80, 60, 80);
     painter.drawRect(100, 100, 180, 40);
     painter.end();
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return png;
+    return BenchData::PngBytes(image);
 }
 
 // The common tables the definitions' properties refer to: d, l and s are real, n is an integer.

@@ -5,13 +5,13 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QPushButton>
 #include <QTreeView>
 #include <memory>
 
+#include "BenchData.h"
 #include "BenchDefinitionRows.h"
 #include "BenchLibraryRoot.h"
 #include "BenchScratch.h"
@@ -49,11 +49,7 @@ QString DefinitionName(int index) {
 CBinaryData Picture() {
     QImage image(256, 128, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return CBinaryData(bytes);
+    return CBinaryData(BenchData::PngBytes(image));
 }
 
 // The definition of 100,000 rows, alone in the catalog "Big": 20 properties, one product named

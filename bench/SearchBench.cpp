@@ -9,7 +9,6 @@
 //   window could not answer (the longest slice). Beside it, the floor: the same definitions read
 //   and named in one blocking loop, without slices or list.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -42,16 +41,10 @@ const QString kSearchLibrary = QStringLiteral("Search1000");
 // One definition of kSearchRows rows written by the store, the others hard links to it.
 void MakeSearchLibrary() {
     CVorDPMLibraryManager* library = BenchData::Library(kSearchLibrary);
-    CVorDPMDPD* first = BenchData::MakeDefinition(
-        *library, BenchData::DefinitionName(QStringLiteral("S"), 0), kSearchRows);
-    const QByteArray source = QFile::encodeName(first->GetDPDFullPath());
-    const QDir folder(library->GetFolder());
-    for (int i = 1; i < kSearchDefinitions; ++i) {
-        const QByteArray target = QFile::encodeName(folder.filePath(
-            BenchData::DefinitionName(QStringLiteral("S"), i) + QStringLiteral(".DPD")));
-        if (::link(source.constData(), target.constData()) != 0)
-            qFatal("cannot link %s", target.constData());
-    }
+    const QString prefix = QStringLiteral("S");
+    CVorDPMDPD* first =
+        BenchData::MakeDefinition(*library, BenchData::DefinitionName(prefix, 0), kSearchRows);
+    BenchData::LinkCopies(*library, *first, prefix, kSearchDefinitions);
 }
 
 class SearchBenchData {
