@@ -12,6 +12,7 @@
 #include "CVorDPMDPDBase.h"
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
+#include "common/VorDPMTabOrder.h"
 #include "controls/CVorDPMListCtrlEx.h"
 #include "product/CVorDPMEditHistory.h"
 #include "product/CVorDPMSeriesSheet.h"
@@ -128,6 +129,8 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
           [this](const std::vector<CVorDPMObject*>& touched) { ReloadAfterStep(touched); }, this)),
       m_resizer(this) {
     VorDPMControlId::Set(this, IDD);
+    // For a host that shows the panel in a dialog of its own; ours order it with theirs.
+    VorDPMTabOrder::FollowLayout(this);
     resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
     const VorDPMDefinitionContext context{dpd, draw, close, move, this};
     for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
