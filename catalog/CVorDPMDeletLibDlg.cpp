@@ -8,9 +8,11 @@
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMLibraryNames.h"
+#include "common/VorDPMTabOrder.h"
 
 CVorDPMDeletLibDlg::CVorDPMDeletLibDlg(QWidget* parent)
     : QDialog(parent), m_list(new QListWidget(this)) {
+    VorDPMTabOrder::FollowLayout(this);
     setWindowTitle(tr("移除产品"));
     VorDPMControlId::Set(m_list, IDC_LIBRARY_LIST);
     // Each click toggles a row, so that several libraries are chosen without modifier keys.

@@ -9,11 +9,13 @@
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMLibraryNames.h"
+#include "common/VorDPMTabOrder.h"
 #include "controls/CVorDPMListCtrlEx.h"
 #include "query/CVorDPMData.h"
 
 CVorDPMNewContentDlg::CVorDPMNewContentDlg(QWidget* parent)
     : QDialog(parent), m_list(new CVorDPMListCtrlEx(this)), m_nameEdit(new QLineEdit(this)) {
+    VorDPMTabOrder::FollowLayout(this);
     VorDPMControlId::Set(m_list, IDC_LIBRARY_LIST);
     VorDPMControlId::Set(m_nameEdit, IDC_CATALOG_NAME);
 

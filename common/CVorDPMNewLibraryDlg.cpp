@@ -10,9 +10,11 @@
 #include "VorDPMNames.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMLibraryNames.h"
+#include "common/VorDPMTabOrder.h"
 
 CVorDPMNewLibraryDlg::CVorDPMNewLibraryDlg(QWidget* parent)
     : QDialog(parent), m_nameEdit(new QLineEdit(this)) {
+    VorDPMTabOrder::FollowLayout(this);
     setWindowTitle(tr("新建产品库"));
     VorDPMControlId::Set(m_nameEdit, IDC_LIBRARY_NAME);
 

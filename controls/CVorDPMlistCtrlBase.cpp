@@ -19,6 +19,9 @@ CVorDPMlistCtrlBase::CVorDPMlistCtrlBase(QWidget* parent)
     setShowGrid(true);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
+    // Rows are the unit here and the arrow keys move between cells; Tab goes on to the next
+    // control, as in every other list of the editor.
+    setTabKeyNavigation(false);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setWordWrap(false);
     verticalHeader()->hide();

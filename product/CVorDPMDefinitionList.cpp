@@ -3,8 +3,11 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QItemSelectionModel>
+#include <memory>
+#include <unordered_set>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMEditHistory.h"
 #include "CVorDPMProductEdit.h"
 #include "CVorDPMRecordRows.h"
 #include "CVorDPMUiService.h"
@@ -297,6 +300,17 @@ TRecord* CVorDPMDefinitionListOf<TRecord>::SelectedRecord() const {
 }
 
 template <class TRecord>
+std::vector<int> CVorDPMDefinitionListOf<TRecord>::RowsOf(
+    const std::vector<CVorDPMObject*>& objects) const {
+    const std::unordered_set<const CVorDPMObject*> wanted(objects.begin(), objects.end());
+    std::vector<int> rows;
+    const std::vector<TRecord*> shown = VorDPMDefinitionTables::LiveRows<TRecord>(m_context.dpd);
+    for (size_t row = 0; row < shown.size(); ++row)
+        if (wanted.count(shown[row])) rows.push_back(int(row));
+    return rows;
+}
+
+template <class TRecord>
 void CVorDPMDefinitionListOf<TRecord>::AddAccepted(TRecord* record) {
     VorDPMDefinitionTable<TRecord>::Add(m_context.dpd, record);
     Fill();
@@ -329,10 +343,17 @@ void CVorDPMDefinitionListOf<TRecord>::OnCopy() {
     AddAccepted(copy);
 }
 
+// The record editor writes into the record as the user types, and Cancel keeps what was written.
+// A cancelled edit that changed the record is therefore registered like an accepted one, so that
+// the host's command and the editor's undo both know the change.
 template <class TRecord>
 void CVorDPMDefinitionListOf<TRecord>::OnEdit() {
     TRecord* record = SelectedRecord();
-    if (!record || !EditRecord(record, CVorDPMProductEdit::EditRecord)) return;
+    if (!record) return;
+    const std::unique_ptr<CVorDPMObject> before(record->Clone());
+    if (!EditRecord(record, CVorDPMProductEdit::EditRecord) &&
+        CVorDPMEditHistory::SameFields(*before, *record))
+        return;
     CVorDPMCommandManager::GetInstance()->AddModifiedObject(record);
     Fill();
 }

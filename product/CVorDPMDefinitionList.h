@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include "ExportVorDPMEditor.h"
 
@@ -44,6 +45,9 @@ public:
     int GetSelectedIndex() const { return m_selected; }
     // The record of the row last reported as selected, or null.
     virtual CVorDPMObject* SelectedObject() const = 0;
+    // The rows that show `objects` now, top to bottom; objects of other tables and deleted rows
+    // have none.
+    virtual std::vector<int> RowsOf(const std::vector<CVorDPMObject*>& objects) const = 0;
     void RecordSelection(int row) { m_selected = row; }
     // Edit, delete and copy are enabled exactly while the list has a selected row.
     void UpdateCommandUi();
@@ -80,6 +84,7 @@ public:
     void BuildColumns() override;
     void Fill() override;
     CVorDPMObject* SelectedObject() const override { return SelectedRecord(); }
+    std::vector<int> RowsOf(const std::vector<CVorDPMObject*>& objects) const override;
 
 protected:
     void OnNew() override;

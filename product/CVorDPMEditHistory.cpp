@@ -1,14 +1,32 @@
 #include "CVorDPMEditHistory.h"
 
 #include <QUndoStack>
+#include <QVariant>
 #include <algorithm>
 #include <memory>
 
 #include "CVorDPMCommandManager.h"
+#include "CVorDPMFiler.h"
 #include "CVorDPMObject.h"
 #include "CVorDPMTable.h"
 
 namespace {
+
+// The fields of a row as it writes them out, in order; only written, never read back.
+class FieldValues : public CVorDPMFiler {
+public:
+    int ReadInt() override { return 0; }
+    double ReadDouble() override { return 0; }
+    QString ReadString() override { return QString(); }
+    QByteArray ReadBytes() override { return QByteArray(); }
+
+    void WriteInt(int value) override { values.emplace_back(value); }
+    void WriteDouble(double value) override { values.emplace_back(value); }
+    void WriteString(const QString& value) override { values.emplace_back(value); }
+    void WriteBytes(const QByteArray& value) override { values.emplace_back(value); }
+
+    std::vector<QVariant> values;
+};
 
 // One row touched by a step; `before` is null for a row the step created.
 struct TouchedRow {
@@ -19,7 +37,7 @@ struct TouchedRow {
 
 class EditStep : public QUndoCommand {
 public:
-    EditStep(const QString& name, std::vector<TouchedRow> rows, std::function<void()> reload)
+    EditStep(const QString& name, std::vector<TouchedRow> rows, CVorDPMEditHistory::Reload reload)
         : QUndoCommand(name), m_rows(std::move(rows)), m_reload(std::move(reload)) {}
 
     void undo() override { Apply(true); }
@@ -48,17 +66,19 @@ private:
         else
             std::for_each(m_rows.begin(), m_rows.end(), put);
         commands->EndCommand();
-        m_reload();
+        std::vector<CVorDPMObject*> touched;
+        for (const TouchedRow& row : m_rows) touched.push_back(row.object);
+        m_reload(touched);
     }
 
     std::vector<TouchedRow> m_rows;
-    std::function<void()> m_reload;
+    CVorDPMEditHistory::Reload m_reload;
     bool m_done = false;
 };
 
 }  // namespace
 
-CVorDPMEditHistory::CVorDPMEditHistory(std::function<void()> reload, QObject* parent)
+CVorDPMEditHistory::CVorDPMEditHistory(Reload reload, QObject* parent)
     : QObject(parent), m_reload(std::move(reload)), m_stack(new QUndoStack(this)) {}
 
 bool CVorDPMEditHistory::Record(const QString& name, const std::function<bool()>& change,
@@ -75,6 +95,8 @@ bool CVorDPMEditHistory::Record(const QString& name, const std::function<bool()>
         const CVorDPMObject* before = known != early.end()
                                           ? earlyImages[size_t(known - early.begin())].get()
                                           : changed.before;
+        // A row written back as it was (a value typed over with itself) is not part of the step.
+        if (before && SameFields(*before, *changed.object)) continue;
         rows.push_back({changed.object,
                         std::unique_ptr<CVorDPMObject>(before ? before->Clone() : nullptr),
                         std::unique_ptr<CVorDPMObject>(changed.object->Clone())});
@@ -86,4 +108,12 @@ bool CVorDPMEditHistory::Record(const QString& name, const std::function<bool()>
 
 void CVorDPMEditHistory::Clear() {
     m_stack->clear();
+}
+
+bool CVorDPMEditHistory::SameFields(const CVorDPMObject& one, const CVorDPMObject& other) {
+    FieldValues first;
+    FieldValues second;
+    one.VorDPMOutFields(&first);
+    other.VorDPMOutFields(&second);
+    return one.IsDeleted() == other.IsDeleted() && first.values == second.values;
 }

@@ -15,19 +15,25 @@ class CVorDPMEditHistory : public QObject {
     Q_OBJECT
 
 public:
-    // `reload` shows the store's rows again after an undo or a redo.
-    CVorDPMEditHistory(std::function<void()> reload, QObject* parent);
+    // Shows the store's rows again after an undo or a redo; `touched` are the rows the step
+    // wrote, in the order the step first changed them.
+    using Reload = std::function<void(const std::vector<CVorDPMObject*>& touched)>;
+
+    CVorDPMEditHistory(Reload reload, QObject* parent);
 
     QUndoStack* Stack() const { return m_stack; }
-    // Runs `change` as one step named `name`, recorded when it changed anything. `early` are rows
-    // whose present state is their state before the change, for code that registers a row with
-    // the command manager only after changing it. Returns what `change` returns.
+    // Runs `change` as one step named `name`, recorded when it left a row other than it was.
+    // `early` are rows whose present state is their state before the change, for code that
+    // registers a row with the command manager only after changing it. Returns what `change`
+    // returns.
     bool Record(const QString& name, const std::function<bool()>& change,
                 const std::vector<CVorDPMObject*>& early = {});
     // Forgets every step: after a save the rows are written and may be reloaded.
     void Clear();
+    // Whether two states of a row hold the same fields and deleted mark.
+    static bool SameFields(const CVorDPMObject& one, const CVorDPMObject& other);
 
 private:
-    std::function<void()> m_reload;
+    Reload m_reload;
     QUndoStack* m_stack;
 };

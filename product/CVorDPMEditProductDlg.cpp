@@ -6,10 +6,13 @@
 #include <QKeyEvent>
 #include <QToolButton>
 #include <QUndoStack>
+#include <algorithm>
+#include <array>
 
 #include "CVorDPMDPDBase.h"
 #include "CVorDPMDefinitionList.h"
 #include "common/VorDPMControlId.h"
+#include "common/VorDPMTabOrder.h"
 #include "controls/CVorDPMListCtrlEx.h"
 #include "product/CVorDPMEditHistory.h"
 #include "product/CVorDPMSeriesSheet.h"
@@ -122,14 +125,17 @@ CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCal
                                              PreviewCloseCallback close, PreviewMoveCallback move,
                                              QWidget* parent)
     : QWidget(parent),
-      m_history(new CVorDPMEditHistory([this] { Reload(); }, this)),
+      m_history(new CVorDPMEditHistory(
+          [this](const std::vector<CVorDPMObject*>& touched) { ReloadAfterStep(touched); }, this)),
       m_resizer(this) {
     VorDPMControlId::Set(this, IDD);
+    // For a host that shows the panel in a dialog of its own; ours order it with theirs.
+    VorDPMTabOrder::FollowLayout(this);
     resize(CVorDPMDialogBase::MapDialogRect(*this, kSize).size());
     const VorDPMDefinitionContext context{dpd, draw, close, move, this};
     for (int table = Properties; table <= Series; ++table) CreateTable(table, context);
     Reload();
-    new CVorDPMSeriesSheet(GetList(Series), dpd, m_history, [this] {
+    m_sheet = new CVorDPMSeriesSheet(GetList(Series), dpd, m_history, [this] {
         m_tables[Series]->Fill();
         UpdateCommandUi();
     });
@@ -218,7 +224,12 @@ void CVorDPMEditProductDlg::AddUndoButtons() {
         action->setShortcuts(look.keys);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         addAction(action);
-        connect(action, &QAction::triggered, stack, undo ? &QUndoStack::undo : &QUndoStack::redo);
+        // The button leaves the focus in an open cell editor. Its typing is dropped, as Escape
+        // would: written afterwards it would land on a step the user has just taken back.
+        connect(action, &QAction::triggered, stack, [this, stack, undo] {
+            m_sheet->CloseEditor();
+            undo ? stack->undo() : stack->redo();
+        });
         connect(button, &QToolButton::clicked, action, &QAction::trigger);
         // The button names the step it would take back or do again.
         const auto show = [button, action, text = look.text, stack, undo] {
@@ -231,6 +242,35 @@ void CVorDPMEditProductDlg::AddUndoButtons() {
         connect(stack, &QUndoStack::indexChanged, button, show);
         connect(stack, &QUndoStack::cleanChanged, button, show);
         show();
+    }
+}
+
+void CVorDPMEditProductDlg::ReloadAfterStep(const std::vector<CVorDPMObject*>& touched) {
+    // The current cell keeps its column, where the series table's next edit starts.
+    std::array<int, 5> columns{};
+    for (size_t table = 0; table < m_tables.size(); ++table)
+        columns[table] = std::max(0, m_tables[table]->GetList()->currentIndex().column());
+    Reload();
+    for (size_t table = 0; table < m_tables.size(); ++table) {
+        const std::vector<int> rows = m_tables[table]->RowsOf(touched);
+        if (rows.empty()) continue;
+        CVorDPMListCtrlEx* list = m_tables[table]->GetList();
+        QItemSelectionModel* selection = list->selectionModel();
+        const bool several = list->selectionMode() != QAbstractItemView::SingleSelection;
+        QItemSelection chosen;
+        // Runs of adjacent rows are one range each: a pasted block is one.
+        for (size_t first = 0; first < rows.size();) {
+            size_t last = first;
+            while (several && last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
+            chosen.select(list->model()->index(rows[first], 0),
+                          list->model()->index(rows[last], 0));
+            if (!several) break;
+            first = last + 1;
+        }
+        const QModelIndex current = list->model()->index(rows.front(), columns[table]);
+        selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+        selection->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        list->scrollTo(current);
     }
 }
 

@@ -13,6 +13,8 @@
 
 class CVorDPMDefinitionList;
 class CVorDPMEditHistory;
+class CVorDPMObject;
+class CVorDPMSeriesSheet;
 struct VorDPMDefinitionContext;
 class CVorDPMDPDBase;
 class CVorDPMListCtrlEx;
@@ -70,9 +72,13 @@ private:
     void CreateTable(int table, const VorDPMDefinitionContext& context);
     // Runs a list's command as one step of the history.
     void RunCommand(int table, int command);
+    // After an undo or a redo: shows the store's rows again and selects the rows the step
+    // wrote, the first of them current (in the column that was current) and scrolled into view.
+    void ReloadAfterStep(const std::vector<CVorDPMObject*>& touched);
 
     std::array<std::unique_ptr<CVorDPMDefinitionList>, 5> m_tables;
     CVorDPMEditHistory* m_history;
+    CVorDPMSeriesSheet* m_sheet = nullptr;
     int m_seriesButtons = 4;
     CVorDPMAnchorResizer m_resizer;
 };

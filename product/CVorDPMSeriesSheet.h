@@ -42,6 +42,8 @@ public:
     // Opens the in-place editor on the current cell, starting with `typed`, else with the cell's
     // own text. Nothing for the ordinal and object id columns, which are not edited.
     void EditCurrent(const std::optional<QString>& typed = std::nullopt);
+    // Drops an open in-place edit without writing it, as Escape does.
+    void CloseEditor();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -51,7 +53,6 @@ private:
     // Writes the cells as one step of the history named `step`.
     bool Write(const QString& step, std::vector<FamilySeriesEdit::Cell> cells);
     void CommitEditor();
-    void CloseEditor();
     // The selected rows, top to bottom.
     std::vector<int> SelectedRows() const;
     // Selects the rows from top to bottom after a refill, the current cell in `column`.

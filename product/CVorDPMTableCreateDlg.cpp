@@ -15,6 +15,7 @@
 #include "FamilyCreate.h"
 #include "FamilyFileReader.h"
 #include "common/VorDPMObjectName.h"
+#include "common/VorDPMTabOrder.h"
 #include "product/CVorDPMFamilyWork.h"
 
 const char* const CVorDPMTableCreateDlg::kDialogName = "tableCreatePreview";
@@ -45,6 +46,7 @@ CVorDPMTableCreateDlg::CVorDPMTableCreateDlg(FamilyCreate& create, const FamilyF
       m_name(Named(new QLineEdit(name, this), kNameName)),
       m_rule(Named(new QLineEdit(this), kRuleName)),
       m_summary(Named(new QLabel(this), kSummaryName)) {
+    VorDPMTabOrder::FollowLayout(this);
     setObjectName(QLatin1String(kDialogName));
     setWindowTitle(tr("从表格新建产品"));
     resize(720, 520);

@@ -14,6 +14,7 @@
 #include "FamilyDefinition.h"
 #include "FamilyImport.h"
 #include "common/VorDPMObjectName.h"
+#include "common/VorDPMTabOrder.h"
 #include "product/CVorDPMFamilyWork.h"
 #include "product/CVorDPMTableImportModel.h"
 
@@ -39,6 +40,7 @@ CVorDPMTableImportDlg::CVorDPMTableImportDlg(FamilyImport& import, const QString
       m_changes(Named(new QTableView(this), kChangesName)),
       m_problems(Named(new QListWidget(this), kProblemsName)),
       m_model(new CVorDPMTableImportModel(import, this)) {
+    VorDPMTabOrder::FollowLayout(this);
     setObjectName(QLatin1String(kDialogName));
     setWindowTitle(tr("导入表格: %1").arg(fileName));
     resize(720, 560);

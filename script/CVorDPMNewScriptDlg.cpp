@@ -7,6 +7,7 @@
 #include "CVorDPMDPDBase.h"
 #include "CVorDPMUiService.h"
 #include "common/VorDPMControlId.h"
+#include "common/VorDPMTabOrder.h"
 #include "script/CVorDPMScriptCodeEdit.h"
 #include "script/VorDPMScriptText.h"
 
@@ -16,6 +17,7 @@ CVorDPMNewScriptDlg::CVorDPMNewScriptDlg(CVorDPMDPDBase* dpd, QWidget* parent)
       m_nameEdit(new QLineEdit(this)),
       m_descriptionEdit(new QLineEdit(this)),
       m_scriptEdit(new CVorDPMScriptCodeEdit(this)) {
+    VorDPMTabOrder::FollowLayout(this);
     setWindowTitle(tr("新建脚本"));
     VorDPMControlId::Set(m_nameEdit, IDC_NAME);
     VorDPMControlId::Set(m_descriptionEdit, IDC_DESCRIPTION);

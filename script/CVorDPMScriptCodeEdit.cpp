@@ -1,6 +1,7 @@
 #include "CVorDPMScriptCodeEdit.h"
 
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTextBlock>
 
@@ -61,6 +62,17 @@ void CVorDPMScriptCodeEdit::changeEvent(QEvent* event) {
     if (event->type() != QEvent::FontChange) return;
     ApplyTabWidth();
     UpdateMarginWidth();
+}
+
+void CVorDPMScriptCodeEdit::keyPressEvent(QKeyEvent* event) {
+    const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (!tab || !(event->modifiers() & Qt::ControlModifier)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    // QPlainTextEdit keeps the focus while Tab inserts text; the widget's own move is wanted here.
+    QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab &&
+                                !(event->modifiers() & Qt::ShiftModifier));
 }
 
 void CVorDPMScriptCodeEdit::PaintLineNumbers(QPaintEvent* event) {

@@ -1,6 +1,7 @@
 // The text field of a preview script: a plain text edit with a monospace font, a tab width of
 // four characters, line numbers in a margin and syntax highlighting of the host's Lua. What it
-// holds stays plain text: toPlainText() is exactly what the user typed.
+// holds stays plain text: toPlainText() is exactly what the user typed. Tab indents; Ctrl+Tab
+// and Ctrl+Shift+Tab move on to the next or previous control.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -21,6 +22,7 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void UpdateMarginWidth();

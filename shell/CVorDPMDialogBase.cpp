@@ -4,6 +4,7 @@
 #include <QSettings>
 
 #include "CVorDPMEditorSettings.h"
+#include "common/VorDPMTabOrder.h"
 
 CVorDPMDialogBase::CVorDPMDialogBase(int templateId, QWidget* parent)
     : QDialog(parent), m_templateId(templateId), m_resizer(this) {
@@ -11,6 +12,7 @@ CVorDPMDialogBase::CVorDPMDialogBase(int templateId, QWidget* parent)
     // again, which leaves a dialog run by exec() invisible and impossible to close.
     setWindowFlags(windowFlags() | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint);
+    VorDPMTabOrder::FollowLayout(this);
 }
 
 QRect CVorDPMDialogBase::MapDialogRect(const QRect& units) const {

@@ -158,7 +158,6 @@ bool CVorDPMEditorDlg::OnInitDialog() {
     BuildTree();
     m_tree->SetInitalSelectItem(m_tree->topLevelItem(0));
     BindMenuKeys();
-    SetTabOrder();
 
     AutoLoadPlacement(QStringLiteral("CVorDPMEditorDlg"));
     UpdateCommandUi();
@@ -222,14 +221,6 @@ void CVorDPMEditorDlg::BindMenuKeys() {
     auto* f10 = new QShortcut(Qt::Key_F10, this);
     connect(f10, &QShortcut::activated, this,
             [this] { m_menuBar->setActiveAction(m_menuBar->actions().value(0)); });
-}
-
-// Left to right, top to bottom: the search row, the tree (or the list of products in its
-// place), the check box under it, then the sheet.
-void CVorDPMEditorDlg::SetTabOrder() {
-    const QList<QWidget*> order = {m_search->GetField(),   m_search->GetMode(), m_tree,
-                                   m_search->GetResults(), m_showAllLibraries,  m_sheet};
-    for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 bool CVorDPMEditorDlg::eventFilter(QObject* watched, QEvent* event) {

@@ -90,7 +90,6 @@ private:
     void BuildMenuBar();
     // The menu bar from the keyboard: Alt alone or F10 enters it, Alt with a letter opens a menu.
     void BindMenuKeys();
-    void SetTabOrder();
     void LayOutTemplate();
     void AddMenuCommand(QMenu* menu, int commandId, const QString& text);
     void BuildTree();

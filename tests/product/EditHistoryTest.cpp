@@ -77,6 +77,18 @@ struct EditHistoryTest : ProductTestBase {
         return state;
     }
 
+    static std::vector<int> SelectedRows(const CVorDPMListCtrlEx* list) {
+        std::vector<int> rows;
+        for (const QModelIndex& index : list->selectionModel()->selectedRows())
+            rows.push_back(index.row());
+        std::sort(rows.begin(), rows.end());
+        return rows;
+    }
+
+    QLineEdit* CellEditor() const {
+        return series->findChild<QLineEdit*>(CVorDPMSeriesSheet::kEditorName);
+    }
+
     std::unique_ptr<CVorDPMCreateProductDlg> dialog;
     CVorDPMListCtrlEx* series = nullptr;
     QToolButton* undo = nullptr;
@@ -99,7 +111,7 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     // In-place edit of the first row's length.
     SelectRow(series, 0, kLengthColumn);
     QTest::keyClicks(series, "7");
-    auto* editor = series->findChild<QLineEdit*>(CVorDPMSeriesSheet::kEditorName);
+    auto* editor = CellEditor();
     ASSERT_TRUE(editor);
     QTest::keyClicks(editor, "5");
     QTest::keyClick(editor, Qt::Key_Return);
@@ -118,21 +130,26 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     EXPECT_EQ(undo->toolTip(), QStringLiteral("撤销 删除"));
 
     // Back to the start, by button and by Ctrl+Z, then forward by every way there is. The keys
-    // are shortcuts of the dialog, which the record editor had taken the activation from.
+    // are shortcuts of the dialog, which the record editor had taken the activation from. Each
+    // undo selects the series rows it wrote back (none when the step was the product's edit).
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     series->setFocus();
+    const std::vector<std::vector<int>> selectedAfterUndo{{}, {1}, {0}, {1}};
     for (int step = 3; step >= 0; --step) {
         if (step % 2)
             undo->click();
         else
             QTest::keyClick(series, Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(Now(), expected[size_t(step)]) << "undo to " << step;
+        EXPECT_EQ(SelectedRows(series), selectedAfterUndo[size_t(step)]) << "undo to " << step;
     }
+    EXPECT_EQ(SelectedRows(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST)), std::vector<int>{0});
     EXPECT_FALSE(undo->isEnabled());
     EXPECT_EQ(redo->toolTip(), QStringLiteral("重做 编辑"));
     redo->click();
     QTest::keyClick(series, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(SelectedRows(series), (std::vector<int>{1, 2})) << "the pasted rows";
     QTest::keyClick(series, Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(Now(), expected[3]);
 
@@ -167,5 +184,68 @@ TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
     EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
     EXPECT_EQ(Commands()->GetOpenCommandCount(), 0);
 }
+
+// The record editor writes as the user types and Cancel keeps it: such an edit is a step that
+// undo takes back. An edit accepted without a change is none (redo stays as it was).
+TEST_F(EditHistoryTest, CancelledRecordEditIsAStepAndAnUnchangedOneIsNone) {
+    auto* products = List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST);
+    SelectRow(products, 0, 0);
+    ui.ExpectDialog(Filling([](QDialog* editor) {
+        TypeInto(Grid(editor), QStringLiteral("产品名"), QStringLiteral("M99"));
+    }));
+    ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
+    ASSERT_EQ(ProductNames(m_dpd), QStringList({"M99", "M8"}));
+    EXPECT_EQ(undo->toolTip(), QStringLiteral("撤销 编辑"));
+    undo->click();
+    EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
+
+    SelectRow(products, 1, 0);
+    ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M8")}}));
+    ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
+    EXPECT_TRUE(redo->isEnabled()) << "no step was pushed over the undone one";
+    EXPECT_FALSE(undo->isEnabled());
+}
+
+// Undo or redo pressed while a cell is being typed into: the buttons drop the typing and take
+// the step they name; Ctrl+Z inside the cell undoes the typing there, as in any text field.
+struct OpenCellCase {
+    const char* name;
+    bool undoneFirst;
+    bool undoButton;
+    QStringList lengths;
+    bool editorStaysOpen;
+};
+
+struct OpenCellEditorTest : EditHistoryTest, testing::WithParamInterface<OpenCellCase> {};
+
+TEST_P(OpenCellEditorTest, TypingNeverBecomesAStep) {
+    const OpenCellCase& test = GetParam();
+    QApplication::clipboard()->setText("2\t1\t1\t40\n");
+    SelectRow(series, 1, kProductColumn);
+    QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
+    if (test.undoneFirst) undo->click();
+    SelectRow(series, 1, kLengthColumn);
+    QTest::keyClicks(series, "9");
+    QLineEdit* editor = CellEditor();
+    ASSERT_TRUE(editor && editor->hasFocus());
+
+    if (test.editorStaysOpen)
+        QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    else
+        QTest::mouseClick(test.undoButton ? undo : redo, Qt::LeftButton);
+    EXPECT_EQ(CellEditor() != nullptr, test.editorStaysOpen);
+    if (CellEditor()) QTest::keyClick(CellEditor(), Qt::Key_Escape);
+    series->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(Now().lengths, test.lengths);
+    EXPECT_EQ(undo->isEnabled(), test.lengths.last() == "40") << "the paste is the only step";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, OpenCellEditorTest,
+    testing::Values(OpenCellCase{"UndoButton", false, true, {"20", "30"}, false},
+                    OpenCellCase{"RedoButton", true, false, {"20", "40"}, false},
+                    OpenCellCase{"CtrlZInTheCell", false, false, {"20", "40"}, true}),
+    [](const testing::TestParamInfo<OpenCellCase>& info) { return info.param.name; });
 
 }  // namespace
