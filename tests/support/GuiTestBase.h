@@ -2,6 +2,7 @@
 // short-hands that find a window's controls by their id constants and drive them as a user does.
 #pragma once
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
@@ -45,6 +46,18 @@ public:
         QLineEdit* edit = Control<QLineEdit>(window, id);
         edit->clear();
         Type(edit, text);
+    }
+
+    // Clicks the cell of `view` as a user does; a double click follows a press on the same cell,
+    // as with a real mouse.
+    static void ClickCell(QAbstractItemView* view, int row, int column = 0) {
+        const QPoint center = view->visualRect(view->model()->index(row, column)).center();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, center);
+    }
+    static void DoubleClickCell(QAbstractItemView* view, int row, int column = 0) {
+        ClickCell(view, row, column);
+        const QPoint center = view->visualRect(view->model()->index(row, column)).center();
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, center);
     }
 
     static bool Accepted(const QDialog& dialog) {
