@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 #include "common/VorDPMControlId.h"
 #include "support/CVorDPMScriptedUi.h"
@@ -58,6 +59,18 @@ public:
         ClickCell(view, row, column);
         const QPoint center = view->visualRect(view->model()->index(row, column)).center();
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, center);
+    }
+
+    // The texts of a tree's top-level nodes, and of a node's children (none for no node).
+    static QStringList TopTexts(const QTreeWidget& tree) {
+        QStringList texts;
+        for (int i = 0; i < tree.topLevelItemCount(); ++i) texts << tree.topLevelItem(i)->text(0);
+        return texts;
+    }
+    static QStringList ChildTexts(const QTreeWidgetItem* node) {
+        QStringList texts;
+        for (int i = 0; node && i < node->childCount(); ++i) texts << node->child(i)->text(0);
+        return texts;
     }
 
     static bool Accepted(const QDialog& dialog) {
