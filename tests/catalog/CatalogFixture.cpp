@@ -107,12 +107,6 @@ QTreeWidgetItem* CatalogFixture::Node(const QStringList& path) const {
     return node;
 }
 
-QStringList CatalogFixture::ChildTexts(const QTreeWidgetItem* node) const {
-    QStringList texts;
-    for (int i = 0; node && i < node->childCount(); ++i) texts << node->child(i)->text(0);
-    return texts;
-}
-
 void CatalogFixture::SelectNode(QTreeWidgetItem* node) {
     ASSERT_TRUE(node);
     CVorDPMTreeCtrlEx* tree = page->GetTreeCtrl();

@@ -40,7 +40,6 @@ protected:
     CDPMContentPage& Page(const QString& path = kLibrary + QStringLiteral("/") + kCatalog);
     // The node at `path` below the tree's root ({} is the root itself); null when absent.
     QTreeWidgetItem* Node(const QStringList& path) const;
-    QStringList ChildTexts(const QTreeWidgetItem* node) const;
     void SelectNode(QTreeWidgetItem* node);
     // Clicks the rows of a report, keeping the rows clicked before (Ctrl).
     static void SelectRows(CVorDPMReportCtrlBase* report, const std::vector<int>& rows);

@@ -33,36 +33,47 @@ struct DataPageChangeTest : DataPageTest {
     }
 };
 
-TEST_F(DataPageChangeTest, RemovingAsksThenTrashesTheFileAndTheSelectedCatalogsEntry) {
-    page->SetCurrentPath(QStringLiteral("QXMaterial/管道"));
-    Select(QStringLiteral("阀门A"));
-    const QString file = Definition(QStringLiteral("阀门A"))->GetDPDFullPath();
-    const QString question = QStringLiteral("确实要把\"阀门A\"产品放入回收站吗?");
-    ui.ExpectMessage(question, QMessageBox::Cancel);
-    Click(page.get(), CDPMDataPage::IDC_REMOVE_PRODUCT);
-    EXPECT_TRUE(QFileInfo::exists(file));
+// The button, the Delete key and the menu entry each ask first; a yes trashes the file and the
+// entry of the catalog the page shows, and leaves the other catalogs' entries alone.
+TEST_F(DataPageChangeTest, RemovingAsksThenTrashesTheFileAndTheShownCatalogsEntry) {
+    const struct {
+        const char* path;
+        const char* product;
+        QStringList outline;  // after the removal
+        QStringList entries;  // of "管道"
+    } cases[] = {
+        {"QXMaterial",
+         "法兰B",
+         {"QXMaterial", "QXMaterial/管道", "QXMaterial/管道/阀门", "QXMaterial/管道/阀门/阀门A",
+          "QXMaterial/未分类"},
+         {"阀门A"}},
+        {"QXMaterial/管道", "阀门A", {"管道"}, {}},
+    };
+    QStringList files;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.product);
+        const QString product = QString::fromUtf8(c.product);
+        page->SetCurrentPath(QString::fromUtf8(c.path));
+        Select(product);
+        files << Definition(product)->GetDPDFullPath();
+        const QString question = QStringLiteral("确实要把\"%1\"产品放入回收站吗?").arg(product);
+        ui.ExpectMessage(question, QMessageBox::Cancel);
+        Click(page.get(), CDPMDataPage::IDC_REMOVE_PRODUCT);
+        ui.ExpectMessage(question, QMessageBox::Cancel);
+        Tree()->setFocus();
+        QTest::keyClick(Tree(), Qt::Key_Delete);
+        EXPECT_TRUE(QFileInfo::exists(files.last()));
 
-    ui.ExpectMessage(question, QMessageBox::Ok);
-    Trigger(QStringLiteral("删除产品"));
-    EXPECT_FALSE(QFileInfo::exists(file));
-    EXPECT_EQ(Outline(), QStringList{"管道"});
+        ui.ExpectMessage(question, QMessageBox::Ok);
+        Trigger(QStringLiteral("删除产品"));
+        EXPECT_FALSE(QFileInfo::exists(files.last()));
+        EXPECT_EQ(Outline(), c.outline);
+        EXPECT_EQ(CatalogEntries(), c.entries);
+    }
+    page.reset();
     Reopen();
     EXPECT_TRUE(CatalogEntries().isEmpty());
-    EXPECT_FALSE(Definition(QStringLiteral("阀门A")));
-}
-
-TEST_F(DataPageChangeTest, RemovingAnUncataloguedProductLeavesTheCatalogsAlone) {
-    page->SetCurrentPath(QStringLiteral("QXMaterial"));
-    Select(QStringLiteral("法兰B"));
-    // The Delete key asks as the button does.
-    ui.ExpectMessage(QStringLiteral("确实要把\"法兰B\"产品放入回收站吗?"));
-    Tree()->setFocus();
-    QTest::keyClick(Tree(), Qt::Key_Delete);
-    EXPECT_FALSE(Node(QStringLiteral("法兰B")));
-    EXPECT_TRUE(Node(QStringLiteral("阀门A")));
-    Reopen();
-    EXPECT_FALSE(Definition(QStringLiteral("法兰B")));
-    EXPECT_EQ(CatalogEntries(), QStringList{"阀门A"});
+    EXPECT_FALSE(Definition(QStringLiteral("阀门A")) || Definition(QStringLiteral("法兰B")));
 }
 
 TEST_F(DataPageChangeTest, RenameRefusesBadNamesAndKeepsTheOldLabel) {

@@ -106,12 +106,6 @@ protected:
         return states;
     }
 
-    static CVorDPMDPD* Definition(const QString& name) {
-        CVorDPMDPD* dpd = nullptr;
-        Library(QStringLiteral("QXMaterial"))->GetDPD(name, dpd);
-        return dpd;
-    }
-
     static QStringList CatalogEntries() {
         CVorDPMDPC* catalog = nullptr;
         Library(QStringLiteral("QXMaterial"))->GetDPC(QStringLiteral("管道"), catalog);

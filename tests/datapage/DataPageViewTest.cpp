@@ -92,11 +92,11 @@ TEST_F(DataPageTest, ADefinitionShowsItsNamedProductsVisiblePropertiesAndRowPict
 TEST_F(DataPageTest, AnUnreadableDefinitionIsReportedAndShowsNothing) {
     const QString path = Definition(QStringLiteral("法兰B"))->GetDPDFullPath();
     Reopen();
+    const QByteArray before("not a product file");
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write("not a product file");
+    file.write(before);
     file.close();
-    const QByteArray before = QByteArray("not a product file");
     page->SetCurrentPath(QStringLiteral("QXMaterial"));
     CVorDPMDPD* broken = CVorDPMTreeCtrlEx::GetItemDPD(Node(QStringLiteral("法兰B")));
     ASSERT_TRUE(broken);

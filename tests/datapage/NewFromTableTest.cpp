@@ -1,6 +1,5 @@
 // "从表格新建…" on the product data page: a size table with a title line becomes a definition
 // under the selected classification, with the header row and naming rule proposed in the dialog.
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -27,11 +26,7 @@ struct NewFromTableTest : DataPageTest {
     }
 
     QString WriteTable(const QString& text) const {
-        const QString path = root.Home() + QStringLiteral("/六角螺母.csv");
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text.toUtf8());
-        return path;
+        return root.Write(QStringLiteral("六角螺母.csv"), text.toUtf8());
     }
 
     void PressNewFromTable() const {

@@ -4,7 +4,6 @@
 
 #include "CVorDPMCommandManager.h"
 #include "DataPageTest.h"
-#include "controls/CVorDPMHistoryComboBox.h"
 #include "controls/CVorDPMListCtrlEx.h"
 #include "controls/CVorDPMTreeComboBox.h"
 #include "product/CVorDPMCreateProductDlg.h"
@@ -89,34 +88,6 @@ TEST_F(NewProductTest, ATemplateRemovedSinceTheDialogOpenedIsRefused) {
     NewProduct(QStringLiteral("新阀"), 0, 0)(&dialog);
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(Definition(QStringLiteral("新阀")));
-}
-
-TEST_F(NewProductTest, AddedFromATemplateUnderTheSelectedClassificationAndSaved) {
-    Select(QStringLiteral("阀门"));
-    ui.ExpectDialog(Filling(NewProduct(QStringLiteral("新阀"), 0, 0)));
-    ui.ExpectDialog(Filling([&](QDialog* create) {
-        EXPECT_EQ(create->windowTitle(), QStringLiteral("创建产品"));
-        ProductTestBase::AddProductRecord(create, QStringLiteral("闸阀"), ui);
-        Click(create, CreateDlg::IDC_SAVE_CLOSE);
-    }));
-    Click(page.get(), CDPMDataPage::IDC_ADD_PRODUCT);
-    ui.VerifyAllUsed();
-
-    EXPECT_EQ(Tree()->currentItem()->text(0), QStringLiteral("新阀"));
-    EXPECT_EQ(Tree()->currentItem()->parent()->text(0), QStringLiteral("阀门"));
-    Reopen();
-    CVorDPMDPD* dpd = Definition(QStringLiteral("新阀"));
-    ASSERT_TRUE(dpd);
-    EXPECT_EQ(ProductTestBase::ProductNames(dpd), QStringList{"闸阀"});
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd->GetAllProperty(properties);
-    ASSERT_EQ(properties.GetCount(), 1);
-    EXPECT_EQ(properties.GetAt(0)->GetPropertyAlias(), QStringLiteral("公称直径"));
-    EXPECT_EQ(CatalogEntries(), QStringList({"阀门A", "新阀"}));
-    CVorDPMHistoryComboBox history(QStringLiteral("HistorylibraryName"),
-                                   QStringLiteral("HistoryItem"));
-    history.LoadHistory();
-    EXPECT_EQ(history.itemText(0), QStringLiteral("新阀"));
 }
 
 TEST_F(NewProductTest, AnEmptyProductOutsideACatalogEntersNoCatalog) {

@@ -11,6 +11,7 @@
 #include "CDPMSheet.h"
 #include "CVorDPMEditorDlg.h"
 #include "CVorDPMTreeCtrlEx.h"
+#include "controls/CVorDPMHistoryComboBox.h"
 #include "controls/CVorDPMTreeComboBox.h"
 #include "controls/CVorDPMlistCtrlBase.h"
 #include "product/CDPMDataPage.h"
@@ -18,6 +19,7 @@
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMNewProductDlg.h"
 #include "product/ProductTestBase.h"
+#include "product/VorDPMDefinitionTable.h"
 #include "query/CVorDPMData.h"
 #include "script/CVorDPMScriptEdit.h"
 #include "support/GuiTestBase.h"
@@ -75,10 +77,9 @@ protected:
         NewRecord(create, Panel::Shapes, Filling([this](QDialog* editor) {
                       ProductTestBase::TypeInto(ProductTestBase::Grid(editor), "形体名称", "阀体");
                       ui.ExpectDialog(Filling([](QDialog* scripts) {
-                          auto* list = Control<CVorDPMlistCtrlBase>(
-                              scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST);
-                          QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                                            list->visualRect(list->model()->index(0, 0)).center());
+                          ClickCell(Control<CVorDPMlistCtrlBase>(
+                                        scripts, CVorDPMScriptEdit::IDC_SCRIPT_LIST),
+                                    0);
                           Click(scripts, CVorDPMScriptEdit::IDC_PREVIEW);
                           Click(scripts, VorDPMControlId::IDOK);
                       }));
@@ -124,6 +125,11 @@ TEST_F(TypicalEditTest, AProductAddedFromATemplateAndFilledIsInTheCatalogAndOnDi
     ui.VerifyAllUsed();
     EXPECT_EQ(g_previews, 1);
     EXPECT_EQ(products->currentItem()->text(0), QStringLiteral("闸阀Z41H"));
+    EXPECT_EQ(products->currentItem()->parent()->text(0), QStringLiteral("阀门"));
+    CVorDPMHistoryComboBox history(QStringLiteral("HistorylibraryName"),
+                                   QStringLiteral("HistoryItem"));
+    history.LoadHistory();
+    EXPECT_EQ(history.itemText(0), QStringLiteral("闸阀Z41H"));
     const QAbstractItemModel* report = page->GetReportCtrl()->model();
     ASSERT_EQ(report->rowCount(), 1);
     EXPECT_EQ(report->index(0, 0).data().toString(), QStringLiteral("Z41H50*16"));
@@ -144,43 +150,37 @@ TEST_F(TypicalEditTest, AProductAddedFromATemplateAndFilledIsInTheCatalogAndOnDi
     Library(QStringLiteral("QXMaterial"))->GetDPD(QStringLiteral("闸阀Z41H"), dpd);
     ASSERT_TRUE(dpd);
     EXPECT_TRUE(QFileInfo::exists(dpd->GetDPDFullPath()));
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd->GetAllProperty(properties);
+    using VorDPMDefinitionTables::LiveRows;
+    const auto properties = LiveRows<CVorDPM_DPD_Property>(dpd);
     QStringList propertyTexts;
     for (const CVorDPM_DPD_Property* p : properties)
         propertyTexts << QStringLiteral("%1:%2:%3")
                              .arg(p->GetPropertyId())
                              .arg(p->GetPropertyAlias(), p->GetParamAlias());
     EXPECT_EQ(propertyTexts, QStringList({"1:公称直径:DN", "2:公称压力:PN"}));
-    CKZList<CVorDPM_DPD_Image*> images;
-    dpd->GetAllImage(images);
-    ASSERT_EQ(images.GetCount(), 1);
-    QFile pictureFile(picturePath);
-    ASSERT_TRUE(pictureFile.open(QIODevice::ReadOnly));
-    EXPECT_EQ(images.GetAt(0)->GetName(), QStringLiteral("正视图"));
-    EXPECT_EQ(images.GetAt(0)->GetImage().Bytes(), pictureFile.readAll());
-    CKZList<CVorDPM_DPD_Shape*> shapes;
-    dpd->GetAllShape(shapes);
-    ASSERT_EQ(shapes.GetCount(), 1);
-    EXPECT_EQ(shapes.GetAt(0)->GetName(), QStringLiteral("阀体"));
+    const auto images = LiveRows<CVorDPM_DPD_Image>(dpd);
+    const auto shapes = LiveRows<CVorDPM_DPD_Shape>(dpd);
     CKZList<CVorDPM_DPD_Dps*> scripts;
     dpd->GetAllDps(scripts);
-    ASSERT_EQ(scripts.GetCount(), 1);
-    EXPECT_EQ(shapes.GetAt(0)->GetDPSId(), scripts.GetAt(0)->GetObjectId());
-    CKZList<CVorDPM_DPD_Product*> productRows;
-    dpd->GetAllProduct(productRows);
-    ASSERT_EQ(productRows.GetCount(), 1);
-    EXPECT_EQ(productRows.GetAt(0)->GetName(), QStringLiteral("闸阀"));
-    EXPECT_EQ(productRows.GetAt(0)->GetNameRule(), QStringLiteral("Z41H DN PN"));
-    CKZList<CVorDPM_DPD_Serial*> series;
-    dpd->GetAllSerial(series);
-    ASSERT_EQ(series.GetCount(), 1);
-    const CVorDPM_DPD_Serial* row = series.GetAt(0);
-    EXPECT_EQ(row->GetProductId(), productRows.GetAt(0)->GetObjectId());
-    EXPECT_EQ(row->GetShapeId(), shapes.GetAt(0)->GetObjectId());
-    EXPECT_EQ(row->GetImageId(), images.GetAt(0)->GetObjectId());
-    EXPECT_EQ(row->GetValue(properties.GetAt(0)->GetObjectId()), QStringLiteral("50"));
-    EXPECT_EQ(row->GetValue(properties.GetAt(1)->GetObjectId()), QStringLiteral("16"));
+    const auto productRows = LiveRows<CVorDPM_DPD_Product>(dpd);
+    const auto series = LiveRows<CVorDPM_DPD_Serial>(dpd);
+    ASSERT_EQ((std::vector<size_t>{images.size(), shapes.size(), size_t(scripts.GetCount()),
+                                   productRows.size(), series.size()}),
+              (std::vector<size_t>{1, 1, 1, 1, 1}));
+    QFile pictureFile(picturePath);
+    ASSERT_TRUE(pictureFile.open(QIODevice::ReadOnly));
+    EXPECT_EQ(images[0]->GetName(), QStringLiteral("正视图"));
+    EXPECT_EQ(images[0]->GetImage().Bytes(), pictureFile.readAll());
+    EXPECT_EQ(shapes[0]->GetName(), QStringLiteral("阀体"));
+    EXPECT_EQ(shapes[0]->GetDPSId(), scripts.GetAt(0)->GetObjectId());
+    EXPECT_EQ(productRows[0]->GetName(), QStringLiteral("闸阀"));
+    EXPECT_EQ(productRows[0]->GetNameRule(), QStringLiteral("Z41H DN PN"));
+    const CVorDPM_DPD_Serial* row = series[0];
+    EXPECT_EQ(row->GetProductId(), productRows[0]->GetObjectId());
+    EXPECT_EQ(row->GetShapeId(), shapes[0]->GetObjectId());
+    EXPECT_EQ(row->GetImageId(), images[0]->GetObjectId());
+    EXPECT_EQ(row->GetValue(properties[0]->GetObjectId()), QStringLiteral("50"));
+    EXPECT_EQ(row->GetValue(properties[1]->GetObjectId()), QStringLiteral("16"));
 }
 
 }  // namespace

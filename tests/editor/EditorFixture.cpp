@@ -64,18 +64,6 @@ bool EditorFixture::TriggerMenuBar(const QString& menu, const QString& entry) {
     return false;
 }
 
-QStringList EditorFixture::ChildTexts(QTreeWidgetItem* node) const {
-    QStringList texts;
-    for (int i = 0; node && i < node->childCount(); ++i) texts << node->child(i)->text(0);
-    return texts;
-}
-
-QStringList EditorFixture::TopTexts(const QTreeWidget& tree) {
-    QStringList texts;
-    for (int i = 0; i < tree.topLevelItemCount(); ++i) texts << tree.topLevelItem(i)->text(0);
-    return texts;
-}
-
 QStringList EditorFixture::RootTexts() {
     return TopTexts(*Dialog().GetTreeCtrl());
 }

@@ -10,7 +10,6 @@
 #include "CVorDPMEditorDlg.h"
 #include "support/GuiTestBase.h"
 
-class QTreeWidget;
 class QTreeWidgetItem;
 
 class EditorFixture : public GuiTestBase {
@@ -29,8 +28,6 @@ protected:
     bool TriggerNodeMenu(QTreeWidgetItem* node, const QString& entry);
     // Menu bar: triggers `entry` of the menu `menu`; false when absent or disabled.
     bool TriggerMenuBar(const QString& menu, const QString& entry);
-    QStringList ChildTexts(QTreeWidgetItem* node) const;
-    static QStringList TopTexts(const QTreeWidget& tree);
     // The top-level texts of the dialog's tree.
     QStringList RootTexts();
 

@@ -56,13 +56,7 @@ protected:
         return -1;
     }
 
-    void DoubleClick(int row) {
-        auto* view = Named<QTreeView>(Panel::kFindingsName);
-        const QRect cell = view->visualRect(view->model()->index(row, 0));
-        // A double click follows a press on the same row, as with a real mouse.
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, cell.center());
-        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, cell.center());
-    }
+    void DoubleClick(int row) { DoubleClickCell(Named<QTreeView>(Panel::kFindingsName), row); }
 };
 
 TEST_F(LibraryCheckPanelTest, ListsTheFindingsOfTheSelectedLibrary) {

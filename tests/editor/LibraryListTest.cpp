@@ -6,12 +6,14 @@
 #include <QFile>
 
 #include "CVorDPMEditorSettings.h"
+#include "CVorDPMManager.h"
 #include "CVorDPMTreeCtrlEx.h"
 #include "EditorFixture.h"
 #include "catalog/CVorDPMAddRef.h"
 #include "common/CVorDPMNewLibraryDlg.h"
 #include "common/CVorDPMSetLibRoot.h"
 #include "library/CDPMlibraryPage.h"
+#include "product/CDPMDataPage.h"
 #include "product/CVorDPMNewProductDlg.h"
 #include "template/CVorDPMEditTemplateDlg.h"
 #include "template/CVorDPMNewTemplateDlg.h"
@@ -99,20 +101,26 @@ TEST_F(LibraryList, ANewLibraryIsStillListedAfterARestartOnlyWithEveryLibrarySho
     EXPECT_EQ(RootTexts(), (QStringList{"Other", "QXMaterial", "暖通", "电气"}));
 }
 
-// With every library shown, a root without libraries leaves an empty tree and empty pages: the
-// pages must not keep showing what the old root held.
+// A new root rebuilds the tree and selects its first library: the fixed names with the option
+// off, the root's own libraries with it on. A root without libraries leaves an empty tree and
+// empty pages: the pages must not keep showing what the old root held.
 TEST_F(LibraryList, ANewRootRebuildsTheTreeFromItsOwnLibraries) {
-    CVorDPMEditorSettings::SetShowAllLibraries(true);
-    Click(Node("Other", "X"));
+    Click(Node("QXMaterial", "目录"));
     const struct {
+        bool all;
         const char* folder;
+        QStringList libraries;
         QStringList roots;
         const char* path;
-    } roots[] = {{"second", {"甲"}, "甲"}, {"empty", {}, ""}};
+    } roots[] = {{false, "second", {"QXMaterial"}, kFixed, "QXMaterial"},
+                 {true, "third", {"甲"}, {"甲"}, "甲"},
+                 {true, "empty", {}, {}, ""}};
     for (const auto& c : roots) {
+        SCOPED_TRACE(c.folder);
+        if (ShowAll()->isChecked() != c.all) QTest::mouseClick(ShowAll(), Qt::LeftButton);
         const QString folder = root.Home() + QLatin1Char('/') + QString::fromUtf8(c.folder);
         ASSERT_TRUE(QDir().mkpath(folder));
-        for (const QString& library : c.roots) {
+        for (const QString& library : c.libraries) {
             ASSERT_TRUE(QDir().mkpath(folder + "/" + library));
             ASSERT_TRUE(QFile::copy(root.File("Other/library.DPI"),
                                     folder + "/" + library + "/library.DPI"));
@@ -122,8 +130,14 @@ TEST_F(LibraryList, ANewRootRebuildsTheTreeFromItsOwnLibraries) {
             Click(nested, VorDPMControlId::IDOK);
         }));
         ASSERT_TRUE(TriggerMenuBar("产品库", "产品库根路径"));
+        EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath().startsWith(folder));
         EXPECT_EQ(RootTexts(), c.roots);
-        EXPECT_EQ(Dialog().GetLibraryPage()->GetCurrentPath(), QString::fromUtf8(c.path));
+        const QString path = QString::fromUtf8(c.path);
+        EXPECT_EQ(Dialog().GetLibraryPage()->GetCurrentPath(), path);
+        if (c.roots.isEmpty()) continue;
+        EXPECT_TRUE(ChildTexts(Node(path)).isEmpty());
+        EXPECT_EQ(Dialog().GetTreeCtrl()->currentItem(), Node(path));
+        EXPECT_EQ(Dialog().GetDataPage()->GetCurrentPath(), path);
     }
 }
 

@@ -35,11 +35,6 @@ QStringList Column(CVorDPMReportCtrlBase* report, int column) {
     return texts;
 }
 
-void ClickRow(CVorDPMReportCtrlBase* report, int row) {
-    const QRect cell = report->visualRect(report->model()->index(row, 0));
-    QTest::mouseClick(report->viewport(), Qt::LeftButton, {}, cell.center());
-}
-
 // Reads the record again from the file on disk, after dropping what the store holds.
 CVorDPM_DPI_Info* InfoFromDisk(const QString& library) {
     CVorDPMManager::GetVorDPMManager()->DiscardChanges();
@@ -112,10 +107,7 @@ TEST_F(LibraryPage, AMissingOrUnreadableLibraryShowsWhyAndOffersNothing) {
     Click(Node("QXMaterial"));
     EXPECT_FALSE(status->isVisible());
     CVorDPMManager::GetVorDPMManager()->DiscardChanges();
-    QFile file(root.File("QXMaterial/library.DPI"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("not a library information file");
-    file.close();
+    root.Write(QStringLiteral("root/QXMaterial/library.DPI"), "not a library information file");
     Click(Node("QXMaterial", "目录"));
     EXPECT_TRUE(status->text().startsWith(QStringLiteral("无法读取产品库\"QXMaterial\"的信息文件")))
         << status->text().toStdString();
@@ -140,23 +132,21 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     ASSERT_EQ(Library("QXMaterial")->CreateDPD(QStringLiteral("弯头"), definition), VOR::eOk);
     Click(Node("QXMaterial"));
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_EDIT_TEXT)->isEnabled());
-    ClickRow(Report(), 4);  // a count cannot be typed
+    ClickCell(Report(), 4);  // a count cannot be typed
     EXPECT_FALSE(Control<QPushButton>(Page(), CDPMlibraryPage::IDC_EDIT_TEXT)->isEnabled());
 
-    ClickRow(Report(), 0);
+    ClickCell(Report(), 0);
     ui.ExpectInput(QStringLiteral("启星材料"));
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
-    ClickRow(Report(), 1);
+    ClickCell(Report(), 1);
     ui.ExpectInput(QStringLiteral("第一行\n第二行"));
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
     EXPECT_EQ(ui.longInputTitles, QStringList{"描述"});
-    ClickRow(Report(), 3);
+    ClickCell(Report(), 3);
     ui.ExpectInput(std::nullopt);  // cancelled: nothing changes
     Click(Page(), CDPMlibraryPage::IDC_EDIT_TEXT);
     ui.ExpectInput(QStringLiteral("李四"));
-    const QRect author = Report()->visualRect(Report()->model()->index(3, 1));
-    QTest::mouseClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
-    QTest::mouseDClick(Report()->viewport(), Qt::LeftButton, {}, author.center());
+    DoubleClickCell(Report(), 3, 1);
     EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "描述", "作者", "作者"}));
     EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
     EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
@@ -178,11 +168,7 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
 }
 
 TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
-    const QString text = root.Home() + QStringLiteral("/note.png");
-    QFile note(text);
-    ASSERT_TRUE(note.open(QIODevice::WriteOnly));
-    note.write("this is no picture");
-    note.close();
+    const QString text = root.Write(QStringLiteral("note.png"), "this is no picture");
     const QString missing = root.Home() + QStringLiteral("/missing.png");
     const QString picture = root.Home() + QStringLiteral("/logo.png");
     QImage image(8, 4, QImage::Format_RGB32);
@@ -221,7 +207,7 @@ TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
             Control<QPushButton>(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION)->isEnabled());
         Click(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
         Click(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-        ClickRow(list, 0);
+        ClickCell(list, 0);
         Click(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
         for (int column = 0; column < 4; ++column) shown << Column(list, column).join("|");
         Click(versions, VorDPMControlId::IDOK);  // "关闭"
@@ -247,26 +233,38 @@ TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
     EXPECT_FALSE(versions.GetAt(1)->GetTime().isEmpty());
 }
 
+// A refused number or time keeps the edit dialog open and the store as it was; the list shows a
+// kept time whole.
 TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
     auto* first = new CVorDPM_Version;
     first->SetVersion(1.0);
     ASSERT_EQ(file->AddVersion(first), VOR::eOk);
-    auto* second = new CVorDPM_Version;
-    second->SetVersion(2.0);
-    ASSERT_EQ(file->AddVersion(second), VOR::eOk);
-
     CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
     versions.show();
-    ui.ExpectDialog(TypingVersion({1.0, "甲", "重复"}));
-    ui.ExpectMessage("该版本号已存在!");
-    ui.ExpectDialog(TypingVersion({0.0, "甲", "零"}));
-    ui.ExpectMessage("版本号必须大于0!");
+    const QString badTime =
+        QStringLiteral("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。");
+    const struct {
+        VersionInput typed;
+        QString message;
+    } refused[] = {
+        {{1.0, "甲", "重复"}, "该版本号已存在!"},
+        {{0.0, "甲", "零"}, "版本号必须大于0!"},
+        {{3.0, "甲", "坏时间", "昨天"}, badTime},
+        {{3.0, "甲", "坏时间", "2026-02-30 10:00:00"}, badTime},
+        {{3.0, "甲", "坏时间", "2026-01-31"}, badTime},
+    };
+    for (const auto& c : refused) {
+        ui.ExpectDialog(TypingVersion(c.typed));
+        ui.ExpectMessage(c.message);
+    }
+    ui.ExpectDialog(TypingVersion({2.0, "乙", "第二版", "2025-01-02 03:04:05"}));
+    for (size_t i = 0; i <= std::size(refused); ++i)
+        Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
+    // Changing the first version to the number of the second is refused as well.
     ui.ExpectDialog(TypingVersion({2.0, "乙", "与第二版重复"}));
     ui.ExpectMessage("该版本号已存在!");
-    Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-    Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-    ClickRow(versions.GetReportCtrl(), 0);
+    ClickCell(versions.GetReportCtrl(), 0);
     Click(&versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
     ui.VerifyAllUsed();
 
@@ -275,27 +273,9 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     ASSERT_EQ(kept.GetCount(), 2);
     EXPECT_DOUBLE_EQ(kept.GetAt(0)->GetVersion(), 1.0);
     EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
-    EXPECT_EQ(Column(versions.GetReportCtrl(), 0), (QStringList{"1.00", "2.00"}));
-}
-
-TEST_F(LibraryPage, AVersionTimeMustBeADateAndTimeAndTheListShowsItWhole) {
-    CVorDPMDPI* file = Library("QXMaterial")->GetDPI();
-    CVorDPMVersionDlg versions(file, QStringLiteral("版本"));
-    versions.show();
-    const QString refused =
-        QStringLiteral("时间格式不正确，请按\"年-月-日 时:分:秒\"输入，例如 2026-01-31 08:30:00。");
-    for (const char* bad : {"昨天", "2026-02-30 10:00:00", "2026-01-31"}) {
-        ui.ExpectDialog(TypingVersion({1.0, "甲", "坏时间", QString::fromUtf8(bad)}));
-        ui.ExpectMessage(refused);
-    }
-    ui.ExpectDialog(TypingVersion({1.0, "甲", "好时间", "2025-01-02 03:04:05"}));
-    for (int i = 0; i < 4; ++i) Click(&versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
-
-    CKZList<CVorDPM_Version*> kept;
-    file->GetAllVersion(kept, 0);
-    ASSERT_EQ(kept.GetCount(), 1);
-    EXPECT_EQ(kept.GetAt(0)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
+    EXPECT_EQ(kept.GetAt(1)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
     CVorDPMReportCtrlBase* list = versions.GetReportCtrl();
+    EXPECT_EQ(Column(list, 0), (QStringList{"1.00", "2.00"}));
     EXPECT_GE(list->columnWidth(2),
               list->fontMetrics().horizontalAdvance(QStringLiteral("2025-01-02 03:04:05")));
 }

@@ -177,10 +177,7 @@ TEST_F(LibrarySearchTest, ProductNamesAreFoundInTheFilesAndOpenOnTheDataPage) {
     EXPECT_EQ(Hits(2), QStringList{"QXMaterial/目录/法兰/板式"});
 
     QTreeView* results = Search().GetResults();
-    const QModelIndex hit = results->model()->index(0, 0);
-    // A double click follows a press on the same row, as with a real mouse.
-    QTest::mouseClick(results->viewport(), Qt::LeftButton, {}, results->visualRect(hit).center());
-    QTest::mouseDClick(results->viewport(), Qt::LeftButton, {}, results->visualRect(hit).center());
+    DoubleClickCell(results, 0);
     EXPECT_EQ(Dialog().GetSheet()->currentWidget(), Dialog().GetDataPage());
     EXPECT_EQ(DataPageSelection(), (QStringList{"目录", "法兰", "板式", "法兰DN50"}));
     EXPECT_EQ(Dialog().GetDataPage()->GetReportCtrl()->currentIndex().row(), 1);

@@ -21,7 +21,6 @@
 #include "catalog/CVorDPMDeletLibDlg.h"
 #include "common/CVorDPMDPODlg.h"
 #include "common/CVorDPMNewLibraryDlg.h"
-#include "common/CVorDPMSetLibRoot.h"
 #include "library/CDPMlibraryPage.h"
 #include "product/CDPMDataPage.h"
 #include "query/CVorDPMData.h"
@@ -66,9 +65,8 @@ TEST_F(MainDialog, OpensWithTheFixedLibrariesTheSheetAndTheFirstLibrarySelected)
 
     CDPMSheet* sheet = dlg.GetSheet();
     ASSERT_EQ(sheet->count(), 3);
-    EXPECT_EQ(sheet->tabText(0), QStringLiteral("产品库"));
-    EXPECT_EQ(sheet->tabText(1), QStringLiteral("产品目录"));
-    EXPECT_EQ(sheet->tabText(2), QStringLiteral("产品数据"));
+    EXPECT_EQ((QStringList{sheet->tabText(0), sheet->tabText(1), sheet->tabText(2)}),
+              (QStringList{"产品库", "产品目录", "产品数据"}));
     EXPECT_EQ(sheet->GetActivePage(), dlg.GetLibraryPage());
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(sheet->GetPage(i)->IsInitialised()) << i;
     EXPECT_EQ(PagePaths(dlg), QStringList(3, "QXMaterial"));
@@ -315,23 +313,6 @@ TEST_F(MainDialog, RemoveLibrariesDropsTheRemovedRootsAndSaves) {
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
 }
 
-TEST_F(MainDialog, NewLibraryRootRebuildsTheTreeAndSelectsTheFirstLibrary) {
-    const QString other = root.Home() + QStringLiteral("/second");
-    ASSERT_TRUE(QDir().mkpath(other + QStringLiteral("/QXMaterial")));
-    Click(Node("QXMaterial", "目录"));
-    ui.ExpectDialog(Filling([other](QDialog* nested) {
-        Type(nested, CVorDPMSetLibRoot::IDC_ROOT_PATH, other);
-        Click(nested, VorDPMControlId::IDOK);
-    }));
-    ASSERT_TRUE(TriggerMenuBar("产品库", "产品库根路径"));
-    EXPECT_EQ(ui.dialogClasses, QStringList{"CVorDPMSetLibRoot"});
-    EXPECT_TRUE(CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath().startsWith(other));
-    EXPECT_EQ(RootTexts(), (QStringList{"QXMaterial", "QXMEP"}));
-    EXPECT_TRUE(ChildTexts(Node("QXMaterial")).isEmpty());
-    EXPECT_EQ(Dialog().GetTreeCtrl()->currentItem(), Node("QXMaterial"));
-    EXPECT_EQ(PagePaths(Dialog()), QStringList(3, "QXMaterial"));
-}
-
 TEST_F(MainDialog, CommonTableEntriesOpenTheTableDialogInTheirMode) {
     std::vector<int> modes;
     const auto peek = Filling([&modes](QDialog* nested) {
@@ -389,25 +370,6 @@ TEST_F(MainDialog, EditingALabelChangesTheNodeOnlyNotTheStore) {
     QTest::keyClick(edit, Qt::Key_Escape);  // the typed text is kept even when cancelled
     EXPECT_EQ(node->text(0), QStringLiteral("改名"));
     EXPECT_TRUE(QFile::exists(CatalogFile("QXMaterial", "目录")));
-}
-
-TEST_F(MainDialog, GrowingTheWindowGrowsTheTreeDownwardsAndTheSheetBothWays) {
-    CVorDPMEditorDlg& dlg = Dialog();
-    const QRect tree = dlg.GetTreeCtrl()->geometry();
-    const QRect sheet = dlg.GetSheet()->geometry();
-    const QSize page = dlg.GetLibraryPage()->size();
-    EXPECT_EQ(sheet.left(), tree.right() + 13);
-    EXPECT_EQ(sheet.top(), tree.top());
-    EXPECT_EQ(sheet.bottom(), tree.bottom());
-    dlg.resize(dlg.size() + QSize(100, 50));
-    const QRect grownTree = dlg.GetTreeCtrl()->geometry();
-    EXPECT_EQ(grownTree.topLeft(), tree.topLeft());
-    EXPECT_EQ(grownTree.width(), tree.width());
-    EXPECT_EQ(grownTree.height(), tree.height() + 50);
-    const QRect grownSheet = dlg.GetSheet()->geometry();
-    EXPECT_EQ(grownSheet.size(), sheet.size() + QSize(100, 50));
-    EXPECT_EQ(dlg.GetLibraryPage()->size(), page + QSize(100, 50));
-    EXPECT_EQ(grownSheet.right(), dlg.width() - 13);
 }
 
 TEST_F(MainDialog, ClosingBringsTheProductCountsUpToDateWithoutSaving) {

@@ -56,13 +56,7 @@ protected:
         return QString::fromUtf8(buffer.data());
     }
 
-    QString WriteText(const QString& text, const QString& name = QStringLiteral("in.csv")) {
-        const QString path = root.Home() + QLatin1Char('/') + name;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(text.toUtf8());
-        return path;
-    }
+    QString WriteText(const QString& text) { return root.Write("in.csv", text.toUtf8()); }
 
     static bool ReadFile(const QString& path, FamilyFile& file) {
         FamilyProblem problem;

@@ -1,4 +1,3 @@
-#include <QGroupBox>
 #include <QToolButton>
 
 #include "ProductTestBase.h"
@@ -62,19 +61,8 @@ protected:
         ASSERT_TRUE(button->isEnabled()) << "button " << Dlg::ButtonId(table, command);
         QTest::mouseClick(button, Qt::LeftButton);
     }
-    QPoint RowCenter(int table, int row) const {
-        CVorDPMListCtrlEx* list = m_panel->GetList(table);
-        return list->visualRect(list->model()->index(row, 0)).center();
-    }
-    void ClickRow(int table, int row) const {
-        QTest::mouseClick(m_panel->GetList(table)->viewport(), Qt::LeftButton, {},
-                          RowCenter(table, row));
-    }
-    void DoubleClickRow(int table, int row) const {
-        QWidget* viewport = m_panel->GetList(table)->viewport();
-        QTest::mouseClick(viewport, Qt::LeftButton, {}, RowCenter(table, row));
-        QTest::mouseDClick(viewport, Qt::LeftButton, {}, RowCenter(table, row));
-    }
+    void ClickRow(int table, int row) const { ClickCell(m_panel->GetList(table), row); }
+    void DoubleClickRow(int table, int row) const { DoubleClickCell(m_panel->GetList(table), row); }
     Rows Shown(int table) const {
         CVorDPMListCtrlEx* list = m_panel->GetList(table);
         Rows rows(1);
@@ -111,14 +99,6 @@ TEST_F(EditProductDlgTest, ListsShowTheirColumnsAndLiveRecords) {
          {"2", "2", "1", "1", "1", "30"}},
     };
     for (const TableCase& c : Tables()) EXPECT_EQ(Shown(c.table), expected[c.table]) << c.name;
-    QStringList titles;
-    for (const QGroupBox* box : m_panel->findChildren<QGroupBox*>()) titles << box->title();
-    titles.sort();
-    QStringList expectedTitles{"产品属性定义（1）", "实物图片库（2）", "参数化形体库（3）",
-                               "产品列表（4）", "产品系列化（5）"};
-    expectedTitles.sort();
-    EXPECT_EQ(titles, expectedTitles);
-    EXPECT_EQ(Button(Dlg::Series, 3)->toolTip(), QStringLiteral("复制"));
 }
 
 TEST_F(EditProductDlgTest, NewRecordIsAddedAndAnAbortedCommandTakesItOutAgain) {
@@ -266,17 +246,6 @@ TEST_F(EditProductDlgTest, SeriesRowNamingMissingRecordsIsShownAndEdited) {
     DoubleClickRow(Dlg::Series, 2);
     EXPECT_EQ(m_panel->GetList(Dlg::Series)->GetItemText(2, 5), QStringLiteral("45"));
     EXPECT_EQ(row->GetShapeId(), 77);
-}
-
-TEST_F(EditProductDlgTest, ListsShareTheGrowthOfThePanel) {
-    OpenPanel();
-    const QRect properties = m_panel->GetList(Dlg::Properties)->geometry();
-    const QRect series = m_panel->GetList(Dlg::Series)->geometry();
-    const QRect seriesNew = Button(Dlg::Series, 0)->geometry();
-    m_panel->resize(m_panel->size() + QSize(100, 60));
-    EXPECT_EQ(m_panel->GetList(Dlg::Properties)->geometry(), properties.adjusted(0, 0, 50, 20));
-    EXPECT_EQ(m_panel->GetList(Dlg::Series)->geometry(), series.adjusted(50, 20, 100, 60));
-    EXPECT_EQ(Button(Dlg::Series, 0)->geometry(), seriesNew.translated(100, 20));
 }
 
 }  // namespace

@@ -34,19 +34,9 @@ protected:
             if (auto* tree =
                     VorDPMControlId::Find<QTreeWidget>(dialog, CVorDPMDPODlg::IDC_GROUP_TREE))
                 tree->setCurrentItem(tree->topLevelItem(0));
-            auto* list = Control<CVorDPMlistCtrlBase>(dialog, listId);
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                              list->visualRect(list->model()->index(0, 0)).center());
+            ClickCell(Control<CVorDPMlistCtrlBase>(dialog, listId), 0);
             Click(dialog, VorDPMControlId::IDOK);
         });
-    }
-
-    QString WriteFile(const QString& name, const QByteArray& bytes) {
-        const QString path = root.Home() + QLatin1Char('/') + name;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
     }
 };
 
@@ -194,12 +184,12 @@ TEST_F(ProductEditTest, PictureFilesAreTakenOnlyWhenReadableAndNotEmpty) {
         bool taken;
     };
     const Case cases[] = {
-        {"图片", WriteFile("empty.bmp", {}), false},
+        {"图片", root.Write("empty.bmp", {}), false},
         {"图片", root.Home() + "/missing.bmp", false},
-        {"图片", WriteFile("text.bmp", "not a picture"), false},
+        {"图片", root.Write("text.bmp", "not a picture"), false},
         {"图片", bmp, true},
-        {"2D", WriteFile("block.dwg", "block bytes"), true},
-        {"3D", WriteFile("empty.dwg", {}), false},
+        {"2D", root.Write("block.dwg", "block bytes"), true},
+        {"3D", root.Write("empty.dwg", {}), false},
     };
     std::unique_ptr<Edit> editor = Open(image);
     for (const Case& c : cases) {
@@ -246,10 +236,8 @@ TEST_F(ProductEditTest, RelatedRecordPickersReturnTheChosenId) {
     const auto choose = [&titles](int row) {
         return Filling([&titles, row](QDialog* dialog) {
             titles << dialog->windowTitle();
-            auto* list = Control<CVorDPMlistCtrlBase>(dialog, CVorDPMRelatedDlg::IDC_RELATED_LIST);
-            const QPoint cell = list->visualRect(list->model()->index(row, 0)).center();
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell);
-            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, cell);
+            DoubleClickCell(
+                Control<CVorDPMlistCtrlBase>(dialog, CVorDPMRelatedDlg::IDC_RELATED_LIST), row);
         });
     };
     ui.ExpectDialog(choose(1));

@@ -42,19 +42,13 @@ protected:
         shape->SetParamType(QStringLiteral("1"));
         shape->SetParamIndex(QStringLiteral("9"));
         m_dpd->AddShape(shape);
-        for (const char* name : {"M6", "M8"}) {
-            auto* product = new CVorDPM_DPD_Product;
-            product->SetName(QString::fromUtf8(name));
-            product->SetNameRule(QStringLiteral("螺栓 {L}"));
-            m_dpd->AddProduct(product);
-        }
+        const CVorDPM_DPD_Product* first = AddProduct(m_dpd, "M6", QStringLiteral("螺栓 {L}"));
+        AddProduct(m_dpd, "M8", QStringLiteral("螺栓 {L}"));
         for (const char* length : {"20", "30"}) {
-            auto* row = new CVorDPM_DPD_Serial;
-            row->SetProductId(1);
+            CVorDPM_DPD_Serial* row = AddSerial(m_dpd, first);
             row->SetShapeId(1);
             row->SetImageId(1);
             row->SetValue(QString::fromUtf8(length), m_length->GetObjectId());
-            m_dpd->AddSerial(row);
         }
         AddCommonTables();
         ASSERT_EQ(Manager()->SaveWork(), 1);

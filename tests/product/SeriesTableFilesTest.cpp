@@ -39,14 +39,6 @@ struct SeriesTableFilesTest : ProductTestBase {
         ProductTestBase::TearDown();
     }
 
-    QString WriteFile(const QString& name, const QByteArray& bytes) const {
-        const QString path = root.Home() + QLatin1Char('/') + name;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-
     void Press(const char* name) const {
         auto* button = dialog->findChild<QToolButton*>(QLatin1String(name));
         ASSERT_TRUE(button) << name;
@@ -93,9 +85,9 @@ TEST_F(SeriesTableFilesTest, ExportWritesTheTableInTheFormatOfTheName) {
 // and the panel's series table shows them.
 TEST_F(SeriesTableFilesTest, ImportShowsTheDiffAndAppliedChangesReachTheDisk) {
     const QString path =
-        WriteFile("changed.csv", (kHeader + QStringLiteral("螺栓20,M6,外形,正视图,25\n"
-                                                           "螺栓40,M8,外形,正视图,40\n"))
-                                     .toUtf8());
+        root.Write("changed.csv", (kHeader + QStringLiteral("螺栓20,M6,外形,正视图,25\n"
+                                                            "螺栓40,M8,外形,正视图,40\n"))
+                                      .toUtf8());
     ui.ExpectFile(path);
     ui.ExpectDialog(Filling([](QDialog* preview) {
         EXPECT_EQ(preview->objectName(), QLatin1String(Preview::kDialogName));
@@ -133,15 +125,15 @@ TEST_F(SeriesTableFilesTest, ImportShowsTheDiffAndAppliedChangesReachTheDisk) {
 // message names the place. While the panel has unsaved edits no file is even asked for.
 TEST_F(SeriesTableFilesTest, RefusedImportsChangeNothing) {
     const QByteArray before = DefinitionFile();
-    const QString duplicate =
-        WriteFile("dup.csv",
-                  (kHeader + QStringLiteral("螺栓20,M6,外形,正视图,25\n螺栓20,M6,外形,正视图,26\n"))
-                      .toUtf8());
+    const QString duplicate = root.Write(
+        "dup.csv",
+        (kHeader + QStringLiteral("螺栓20,M6,外形,正视图,25\n螺栓20,M6,外形,正视图,26\n"))
+            .toUtf8());
     ui.ExpectFile(duplicate);
     ui.ExpectMessage(QStringLiteral("第 3 行第 1 列: 关键值与第 2 行相同: 螺栓20"));
     Press(Files::kImportName);
     const QString misfit =
-        WriteFile("misfit.csv", (kHeader + QStringLiteral("螺栓20,M9,外形,正视图,25\n")).toUtf8());
+        root.Write("misfit.csv", (kHeader + QStringLiteral("螺栓20,M9,外形,正视图,25\n")).toUtf8());
     ui.ExpectFile(misfit);
     ui.ExpectDialog(Filling([](QDialog* preview) {
         EXPECT_FALSE(

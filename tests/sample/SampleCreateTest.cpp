@@ -8,6 +8,7 @@
 
 #include "sample/SampleLibrary.h"
 #include "sample/SampleStoreView.h"
+#include "support/StoreFileEdits.h"
 #include "support/TempRoot.h"
 
 namespace {
@@ -21,24 +22,6 @@ QHash<QString, QPair<int, int>> Counts() {
         counts.insert(definition->GetDPDName(),
                       {View::ProductCount(definition), int(View::Series(definition).size())});
     return counts;
-}
-
-// Every file under the root with its size and modification time.
-QStringList Snapshot(const QString& root) {
-    QStringList files;
-    QDir dir(root);
-    const auto entries = dir.entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QFileInfo& entry : entries) {
-        if (entry.isDir()) {
-            files += Snapshot(entry.filePath());
-            continue;
-        }
-        files.append(QStringLiteral("%1 %2 %3")
-                         .arg(entry.filePath())
-                         .arg(entry.size())
-                         .arg(entry.lastModified().toMSecsSinceEpoch()));
-    }
-    return files;
 }
 
 TEST(SampleCreate, CreatingTwiceIsRefusedAndLeavesTheRootAsItWas) {

@@ -43,11 +43,7 @@ public:
         return names;
     }
 
-    void ClickRow(int row) const {
-        CVorDPMlistCtrlBase* list = List();
-        const QRect cell = list->visualRect(list->model()->index(row, 0));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
-    }
+    void ClickRow(int row) const { GuiTestBase::ClickCell(List(), row); }
 
     // The texts of one report column, top to bottom.
     QStringList ReportColumn(int column) const {

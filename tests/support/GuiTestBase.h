@@ -2,12 +2,14 @@
 // short-hands that find a window's controls by their id constants and drive them as a user does.
 #pragma once
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 #include "common/VorDPMControlId.h"
 #include "support/CVorDPMScriptedUi.h"
@@ -45,6 +47,30 @@ public:
         QLineEdit* edit = Control<QLineEdit>(window, id);
         edit->clear();
         Type(edit, text);
+    }
+
+    // Clicks the cell of `view` as a user does; a double click follows a press on the same cell,
+    // as with a real mouse.
+    static void ClickCell(QAbstractItemView* view, int row, int column = 0) {
+        const QPoint center = view->visualRect(view->model()->index(row, column)).center();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, center);
+    }
+    static void DoubleClickCell(QAbstractItemView* view, int row, int column = 0) {
+        ClickCell(view, row, column);
+        const QPoint center = view->visualRect(view->model()->index(row, column)).center();
+        QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, center);
+    }
+
+    // The texts of a tree's top-level nodes, and of a node's children (none for no node).
+    static QStringList TopTexts(const QTreeWidget& tree) {
+        QStringList texts;
+        for (int i = 0; i < tree.topLevelItemCount(); ++i) texts << tree.topLevelItem(i)->text(0);
+        return texts;
+    }
+    static QStringList ChildTexts(const QTreeWidgetItem* node) {
+        QStringList texts;
+        for (int i = 0; node && i < node->childCount(); ++i) texts << node->child(i)->text(0);
+        return texts;
     }
 
     static bool Accepted(const QDialog& dialog) {

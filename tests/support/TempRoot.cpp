@@ -1,6 +1,7 @@
 #include "support/TempRoot.h"
 
 #include <QDir>
+#include <QFile>
 
 #include "CVorDPMManager.h"
 
@@ -16,4 +17,11 @@ TempRoot::TempRoot() {
 // Drops what the test loaded so that nothing points into the folder once it is gone.
 TempRoot::~TempRoot() {
     CVorDPMManager::GetVorDPMManager()->DiscardChanges();
+}
+
+QString TempRoot::Write(const QString& name, const QByteArray& bytes) const {
+    const QString path = Home() + QLatin1Char('/') + name;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate)) file.write(bytes);
+    return path;
 }

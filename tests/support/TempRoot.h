@@ -13,6 +13,8 @@ public:
     QString Path() const { return m_dir.path() + QStringLiteral("/root"); }
     QString File(const QString& relative) const { return Path() + QLatin1Char('/') + relative; }
     QString Home() const { return m_dir.path(); }
+    // Writes `bytes` to the file `name` in the home folder, beside the root; returns its path.
+    QString Write(const QString& name, const QByteArray& bytes) const;
 
 private:
     QTemporaryDir m_dir;
