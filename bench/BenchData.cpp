@@ -2,10 +2,8 @@
 
 #include <unistd.h>
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QImage>
 
 #include "CVorDPMManager.h"
 
@@ -84,14 +82,6 @@ void BenchData::LinkCopies(const CVorDPMLibraryManager& library, const CVorDPMDP
         if (::link(source.constData(), target.constData()) != 0)
             qFatal("cannot link %s", target.constData());
     }
-}
-
-QByteArray BenchData::PngBytes(const QImage& image) {
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return png;
 }
 
 void BenchData::MakeCataloguedLibrary(const QString& name, int definitions) {

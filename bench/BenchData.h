@@ -2,10 +2,7 @@
 // definitions and definitions of many series rows.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
-
-class QImage;
 
 class CVorDPMDPD;
 class CVorDPMLibraryManager;
@@ -36,9 +33,6 @@ void MakeManyDefinitions(CVorDPMLibraryManager& library, const QString& prefix, 
 // folder: valid definitions that take no room.
 void LinkCopies(const CVorDPMLibraryManager& library, const CVorDPMDPD& first,
                 const QString& prefix, int count);
-
-// The image as the bytes of a PNG file.
-QByteArray PngBytes(const QImage& image);
 
 // A library of `definitions` definitions (MakeManyDefinitions, prefix "P", version 1), the first
 // half of them placed by kCatalogs catalogs "Catalog0", "Catalog1", ... under three

@@ -14,6 +14,7 @@
 #include "BenchChildProcess.h"
 #include "BenchData.h"
 #include "BenchLibraryRoot.h"
+#include "BenchPicture.h"
 #include "CVorDPMManager.h"
 #include "LuaPreviewScript.h"
 
@@ -42,7 +43,7 @@ QByteArray Picture() {
     painter.drawRect(40, 80, 60, 80);
     painter.drawRect(100, 100, 180, 40);
     painter.end();
-    return BenchData::PngBytes(image);
+    return BenchPicture::PngBytes(image);
 }
 
 // The common tables the definitions' properties refer to: d, l and s are real, n is an integer.

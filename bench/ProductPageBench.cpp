@@ -11,9 +11,9 @@
 #include <QTreeView>
 #include <memory>
 
-#include "BenchData.h"
 #include "BenchDefinitionRows.h"
 #include "BenchLibraryRoot.h"
+#include "BenchPicture.h"
 #include "BenchScratch.h"
 #include "CBinaryData.h"
 #include "CVorDPMCommandManager.h"
@@ -49,7 +49,7 @@ QString DefinitionName(int index) {
 CBinaryData Picture() {
     QImage image(256, 128, QImage::Format_RGB32);
     image.fill(Qt::darkCyan);
-    return CBinaryData(BenchData::PngBytes(image));
+    return CBinaryData(BenchPicture::PngBytes(image));
 }
 
 // The definition of 100,000 rows, alone in the catalog "Big": 20 properties, one product named
