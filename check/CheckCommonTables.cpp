@@ -8,6 +8,7 @@
 #include "CVorDPMDPOInnerParam.h"
 #include "CVorDPMDPOProperty.h"
 #include "CVorDPMDPOUnit.h"
+#include "CVorDPMManager.h"
 #include "CheckedFile.h"
 
 namespace {
@@ -29,7 +30,7 @@ bool CheckTable(const QString& root, const QString& fileName, QVector<CheckFindi
     if (!Present(path)) return false;
     CheckFileReport report(
         {QString(), fileName, CheckFileKind::CommonTable, QFileInfo(fileName).completeBaseName()});
-    const Table table(path);
+    const Table table(CVorDPMManager::GetVorDPMManager()->GetStorage());
     CheckedFile file(table, report);
     const bool usable = file.IsUsable() && read(file);
     findings += report.Take();

@@ -58,7 +58,7 @@ bool LibraryCheck::Prepare(QString& error) {
     if (m_scope.library.isEmpty()) {
         QStringList templates;
         store->GetTemplateManager()->GetAllDPTName(templates);
-        AddTemplateUnits(QString(), QDir(m_root).filePath(QStringLiteral("templates")), templates);
+        AddTemplateUnits(QString(), templates);
         QStringList libraries;
         store->GetAllLibraryName(libraries);
         for (const QString& name : libraries)
@@ -108,16 +108,12 @@ void LibraryCheck::AddLibraryUnits(CVorDPMLibraryManager& library) {
         AddUnit([this, name, definition](Unit& unit) { CheckDefinition(name, definition, unit); });
     QStringList templates;
     library.GetVorDPMTemplateManager()->GetAllDPTName(templates);
-    AddTemplateUnits(name, QDir(library.GetFolder()).filePath(QStringLiteral("templates")),
-                     templates);
+    AddTemplateUnits(name, templates);
 }
 
-void LibraryCheck::AddTemplateUnits(const QString& library, const QString& folder,
-                                    const QStringList& names) {
+void LibraryCheck::AddTemplateUnits(const QString& library, const QStringList& names) {
     for (const QString& name : names)
-        AddUnit([this, library, folder, name](Unit& unit) {
-            CheckTemplate(library, folder, name, unit);
-        });
+        AddUnit([this, library, name](Unit& unit) { CheckTemplate(library, name, unit); });
 }
 
 CheckFileReport LibraryCheck::ReportFor(const QString& library, const QString& path,
@@ -131,7 +127,8 @@ void LibraryCheck::CheckInfo(const QString& libraryName, Unit& unit) {
     if (!found) return;
     CVorDPMLibraryManager& library = *found;
     // A file object of its own: the library's would be made when missing.
-    const CVorDPMDPI info(QDir(library.GetFolder()).filePath(QStringLiteral("library.DPI")));
+    const CVorDPMDPI info(CVorDPMManager::GetVorDPMManager()->GetStorage(),
+                          library.GetLibraryName());
     CheckFileReport report = ReportFor(library.GetLibraryName(), info.GetFilePath(),
                                        CheckFileKind::LibraryInfo, library.GetLibraryName());
     CheckedFile file(info, report);
@@ -208,10 +205,9 @@ void LibraryCheck::RunScripts(std::unique_ptr<CheckScriptRuns> runs, Unit& unit)
     m_pool->Add(std::move(runs));
 }
 
-void LibraryCheck::CheckTemplate(const QString& library, const QString& folder, const QString& name,
-                                 Unit& unit) {
-    // A template object of its own, by its path, whatever manager lists it.
-    const CVorDPMDPT dpt(name, QDir(folder).filePath(name + QStringLiteral(".DPT")), nullptr);
+void LibraryCheck::CheckTemplate(const QString& library, const QString& name, Unit& unit) {
+    // A template object of its own, whatever manager lists it.
+    const CVorDPMDPT dpt(CVorDPMManager::GetVorDPMManager()->GetStorage(), library, name, nullptr);
     CheckFileReport report = ReportFor(library, dpt.GetFilePath(), CheckFileKind::Template, name);
     CheckedFile file(dpt, report);
     ReadEveryTable(file);

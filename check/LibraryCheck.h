@@ -91,7 +91,7 @@ private:
 
     static CVorDPMLibraryManager* LibraryNamed(const QString& name);
     void AddLibraryUnits(CVorDPMLibraryManager& library);
-    void AddTemplateUnits(const QString& library, const QString& folder, const QStringList& names);
+    void AddTemplateUnits(const QString& library, const QStringList& names);
     void AddUnit(std::function<void(Unit&)> run) {
         m_units.emplace_back();
         m_units.back().run = std::move(run);
@@ -101,8 +101,7 @@ private:
     void CheckInfo(const QString& libraryName, Unit& unit);
     void CheckCatalog(const QString& libraryName, const QString& name, Unit& unit);
     void CheckDefinition(const QString& libraryName, const QString& name, Unit& unit);
-    void CheckTemplate(const QString& library, const QString& folder, const QString& name,
-                       Unit& unit);
+    void CheckTemplate(const QString& library, const QString& name, Unit& unit);
     void Decode(std::unique_ptr<CheckPictures> pictures, Unit& unit);
     void RunScripts(std::unique_ptr<CheckScriptRuns> runs, Unit& unit);
     // The report of a file of a library (empty for the root's files).

@@ -1,33 +1,30 @@
 #include "CVorDPMCommonManager.h"
 
-#include <QDir>
-#include <QFile>
+#include "CVorDPMStorage.h"
 
-#include "CVorDPMFileStore.h"
-
-CVorDPMCommonManager::CVorDPMCommonManager(const QString& root) : m_root(root) {}
+CVorDPMCommonManager::CVorDPMCommonManager(CVorDPMStorage* storage) : m_storage(storage) {}
 
 CVorDPMCommonManager::~CVorDPMCommonManager() = default;
 
 template <class T>
-T* CVorDPMCommonManager::Open(std::unique_ptr<T>& slot, const QString& fileName) {
+T* CVorDPMCommonManager::Open(std::unique_ptr<T>& slot) {
     if (slot) return slot.get();
-    auto table = std::make_unique<T>(QDir(m_root).filePath(fileName));
-    if (!QDir().mkpath(m_root) || !table->LoadOrCreate()) return nullptr;
+    auto table = std::make_unique<T>(m_storage);
+    if (!m_storage->Open(true) || !table->LoadOrCreate()) return nullptr;
     slot = std::move(table);
     return slot.get();
 }
 
 CVorDPMDPOProperty* CVorDPMCommonManager::GetPropertyDPO() {
-    return Open(m_property, QStringLiteral("Property.DPO"));
+    return Open(m_property);
 }
 
 CVorDPMDPOUnit* CVorDPMCommonManager::GetUnitDPO() {
-    return Open(m_unit, QStringLiteral("Unit.DPO"));
+    return Open(m_unit);
 }
 
 CVorDPMDPOInnerParam* CVorDPMCommonManager::GetInnerParamDPO() {
-    return Open(m_innerParam, QStringLiteral("InnerParam.DPO"));
+    return Open(m_innerParam);
 }
 
 bool CVorDPMCommonManager::IsChanged() const {
@@ -35,10 +32,8 @@ bool CVorDPMCommonManager::IsChanged() const {
            (m_innerParam && m_innerParam->IsChanged());
 }
 
-bool CVorDPMCommonManager::Save() {
-    bool ok = true;
-    if (m_property) ok = m_property->Save() == VOR::eOk && ok;
-    if (m_unit) ok = m_unit->Save() == VOR::eOk && ok;
-    if (m_innerParam) ok = m_innerParam->Save() == VOR::eOk && ok;
-    return ok;
+void CVorDPMCommonManager::CollectChanged(std::vector<CVorDPMDBBase*>& out) const {
+    for (CVorDPMDBBase* table :
+         std::initializer_list<CVorDPMDBBase*>{m_property.get(), m_unit.get(), m_innerParam.get()})
+        if (table && table->IsChanged()) out.push_back(table);
 }

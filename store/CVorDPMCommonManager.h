@@ -5,14 +5,17 @@
 
 #include <QString>
 #include <memory>
+#include <vector>
 
 #include "CVorDPMDPOInnerParam.h"
 #include "CVorDPMDPOProperty.h"
 #include "CVorDPMDPOUnit.h"
 
+class CVorDPMStorage;
+
 class VORDPM_API CVorDPMCommonManager {
 public:
-    explicit CVorDPMCommonManager(const QString& root);
+    explicit CVorDPMCommonManager(CVorDPMStorage* storage);
     ~CVorDPMCommonManager();
 
     // Null when the file exists but cannot be read (the reason is the store's last error);
@@ -22,13 +25,14 @@ public:
     CVorDPMDPOInnerParam* GetInnerParamDPO();
 
     bool IsChanged() const;
-    bool Save();
+    // Appends every loaded table that has changes.
+    void CollectChanged(std::vector<CVorDPMDBBase*>& out) const;
 
 private:
     template <class T>
-    T* Open(std::unique_ptr<T>& slot, const QString& fileName);
+    T* Open(std::unique_ptr<T>& slot);
 
-    QString m_root;
+    CVorDPMStorage* m_storage;
     std::unique_ptr<CVorDPMDPOProperty> m_property;
     std::unique_ptr<CVorDPMDPOUnit> m_unit;
     std::unique_ptr<CVorDPMDPOInnerParam> m_innerParam;

@@ -1,12 +1,20 @@
 #include "CVorDPMDBBase.h"
 
-#include <QFile>
+#include "CVorDPMStorage.h"
 
-#include "CVorDPMFileStore.h"
-
-CVorDPMDBBase::CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId)
-    : m_name(name), m_path(path), m_applicationId(applicationId) {
+CVorDPMDBBase::CVorDPMDBBase(CVorDPMStorage* storage, const QString& library, const QString& name,
+                             quint32 applicationId)
+    : m_storage(storage),
+      m_library(library),
+      m_name(name),
+      m_path(storage->PathOf(library, applicationId, name)),
+      m_applicationId(applicationId) {
     m_versions = AddTable(CVorDPM_Version::ClassInfo());
+}
+
+void CVorDPMDBBase::Rename(const QString& name) {
+    m_name = name;
+    m_path = m_storage->PathOf(m_library, m_applicationId, name);
 }
 
 CVorDPMDBBase::~CVorDPMDBBase() = default;
@@ -20,7 +28,7 @@ bool CVorDPMDBBase::EnsureLoaded() const {
     if (m_state != NotLoaded) return m_state == Loaded;
     m_state = Loading;  // the rows adopted during the read must not start another read
     auto* self = const_cast<CVorDPMDBBase*>(this);
-    if (CVorDPMFileStore::Load(*self, m_loadError)) {
+    if (m_storage->Load(*self, m_loadError)) {
         m_state = Loaded;
         return true;
     }
@@ -30,10 +38,10 @@ bool CVorDPMDBBase::EnsureLoaded() const {
 }
 
 bool CVorDPMDBBase::LoadOrCreate() {
-    if (QFile::exists(m_path)) return EnsureLoaded();
+    if (m_storage->Exists(*this)) return EnsureLoaded();
     MarkLoaded();
     FillNew();
-    const VOR::ErrorStatus created = CVorDPMFileStore::WriteNew(*this);
+    const VOR::ErrorStatus created = m_storage->WriteNew(*this);
     if (created != VOR::eNameExists) return created == VOR::eOk;
     for (const auto& table : m_tables) table->Clear();
     m_state = NotLoaded;
@@ -48,7 +56,7 @@ bool CVorDPMDBBase::IsChanged() const {
 
 VOR::ErrorStatus CVorDPMDBBase::Save() {
     if (!IsChanged()) return VOR::eOk;
-    return CVorDPMFileStore::WriteChanges(*this) ? VOR::eOk : VOR::eFileError;
+    return m_storage->WriteChanges({this}) ? VOR::eOk : VOR::eFileError;
 }
 
 VOR::ErrorStatus CVorDPMDBBase::GetAllVersion(CKZList<CVorDPM_Version*>& out, int) {

@@ -20,6 +20,8 @@
 #include "CVorDPM_Version.h"
 #include "VorDPMExport.h"
 
+class CVorDPMStorage;
+
 class VORDPM_API CVorDPMDBBase {
 public:
     virtual ~CVorDPMDBBase();
@@ -36,7 +38,11 @@ public:
 
     // File name without folder and extension: the name of the catalog, definition or template.
     const QString& GetName() const { return m_name; }
+    // Where the file is kept: the root, "/" and its place under the root; also the text that
+    // names it in messages.
     const QString& GetFilePath() const { return m_path; }
+    // The library the file belongs to; empty for the root's own templates and common tables.
+    const QString& GetLibraryName() const { return m_library; }
     quint32 GetApplicationId() const { return m_applicationId; }
     bool IsChanged() const;
     // Reads the file on the first use of its tables; false when it cannot be read (the reason
@@ -51,6 +57,8 @@ public:
     bool LoadOrCreate();
     // Writes the changed rows in one transaction; on failure the file stays as it was.
     VOR::ErrorStatus Save();
+    // The storage of the root the file belongs to.
+    CVorDPMStorage* Storage() const { return m_storage; }
     const std::vector<std::unique_ptr<CVorDPMTable>>& Tables() const { return m_tables; }
     // Calls `visit(Row*)` for each live row of the table of that row class, in table order:
     // what the matching GetAll… lists, without building a list of a large table.
@@ -63,7 +71,10 @@ public:
     void CopyContentFrom(const CVorDPMDBBase& source, bool withVersions);
 
 protected:
-    CVorDPMDBBase(const QString& name, const QString& path, quint32 applicationId);
+    // The file `name` of the kind `applicationId` of `library` (empty for the root's own files)
+    // in `storage`.
+    CVorDPMDBBase(CVorDPMStorage* storage, const QString& library, const QString& name,
+                  quint32 applicationId);
     // Puts the rows into a file that LoadOrCreate() is about to write new.
     virtual void FillNew() {}
     CVorDPMTable* AddTable(const CVorDPMClassInfo& info);
@@ -73,13 +84,13 @@ private:
     template <class T>
     friend class CVorDPMFileSet;
     friend class CVorDPMFileStore;
-    void SetLocation(const QString& name, const QString& path) {
-        m_name = name;
-        m_path = path;
-    }
+    // The file now goes by another name.
+    void Rename(const QString& name);
 
     enum LoadState { NotLoaded, Loading, Loaded, Failed };
 
+    CVorDPMStorage* m_storage;
+    QString m_library;
     QString m_name;
     QString m_path;
     mutable LoadState m_state = NotLoaded;

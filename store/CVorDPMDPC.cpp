@@ -3,8 +3,9 @@
 #include "CVorDPMLibraryManager.h"
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPC::CVorDPMDPC(const QString& name, const QString& path, CVorDPMLibraryManager* library)
-    : CVorDPMDBBase(name, path, VorDPMFileKinds::kCatalog), m_library(library) {
+CVorDPMDPC::CVorDPMDPC(CVorDPMStorage* storage, const QString& libraryName, const QString& name,
+                       CVorDPMLibraryManager* library)
+    : CVorDPMDBBase(storage, libraryName, name, VorDPMFileKinds::kCatalog), m_library(library) {
     m_contents = AddTable(CVorDPM_DPC_Content::ClassInfo());
     m_includes = AddTable(CVorDPM_DPC_Include::ClassInfo());
 }

@@ -12,7 +12,10 @@ class CVorDPMLibraryManager;
 
 class VORDPM_API CVorDPMDPC : public CVorDPMDBBase {
 public:
-    CVorDPMDPC(const QString& name, const QString& path, CVorDPMLibraryManager* library);
+    // The catalog `name` of the library `libraryName`, kept by `library` (null for a copy that
+    // no library object holds).
+    CVorDPMDPC(CVorDPMStorage* storage, const QString& libraryName, const QString& name,
+               CVorDPMLibraryManager* library);
 
     const QString& GetDPCName() const { return GetName(); }
     CVorDPMLibraryManager* GetVorDPMLibraryManager() const { return m_library; }

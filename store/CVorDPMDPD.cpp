@@ -3,8 +3,10 @@
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPD::CVorDPMDPD(const QString& name, const QString& path, CVorDPMLibraryManager* library)
-    : CVorDPMDPDBase(name, path, VorDPMFileKinds::kDefinition), m_library(library) {}
+CVorDPMDPD::CVorDPMDPD(CVorDPMStorage* storage, const QString& libraryName, const QString& name,
+                       CVorDPMLibraryManager* library)
+    : CVorDPMDPDBase(storage, libraryName, name, VorDPMFileKinds::kDefinition),
+      m_library(library) {}
 
 int CVorDPMDPD::SetCacheTable() {
     CVorDPMCacheTableMangerCollect::GetInstance()->Rebuild(*this);

@@ -7,7 +7,10 @@ class CVorDPMLibraryManager;
 
 class VORDPM_API CVorDPMDPD : public CVorDPMDPDBase {
 public:
-    CVorDPMDPD(const QString& name, const QString& path, CVorDPMLibraryManager* library);
+    // The definition `name` of the library `libraryName`, kept by `library` (null for a copy
+    // that no library object holds).
+    CVorDPMDPD(CVorDPMStorage* storage, const QString& libraryName, const QString& name,
+               CVorDPMLibraryManager* library);
 
     const QString& GetDPDName() const { return GetName(); }
     const QString& GetDPDFullPath() const { return GetFilePath(); }

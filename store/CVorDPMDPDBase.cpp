@@ -35,8 +35,9 @@ VOR::ErrorStatus CheckRow(const CVorDPMTable* table, const T* row, Texts&& uniqu
 
 }  // namespace
 
-CVorDPMDPDBase::CVorDPMDPDBase(const QString& name, const QString& path, quint32 applicationId)
-    : CVorDPMDBBase(name, path, applicationId) {
+CVorDPMDPDBase::CVorDPMDPDBase(CVorDPMStorage* storage, const QString& library, const QString& name,
+                               quint32 applicationId)
+    : CVorDPMDBBase(storage, library, name, applicationId) {
     m_properties = AddTable(CVorDPM_DPD_Property::ClassInfo());
     m_images = AddTable(CVorDPM_DPD_Image::ClassInfo());
     m_shapes = AddTable(CVorDPM_DPD_Shape::ClassInfo());

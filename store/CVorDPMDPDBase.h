@@ -53,7 +53,8 @@ public:
     using CVorDPMDBBase::IsValid;
 
 protected:
-    CVorDPMDPDBase(const QString& name, const QString& path, quint32 applicationId);
+    CVorDPMDPDBase(CVorDPMStorage* storage, const QString& library, const QString& name,
+                   quint32 applicationId);
 
 private:
     CVorDPMTable* m_properties;

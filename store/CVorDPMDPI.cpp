@@ -2,8 +2,9 @@
 
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPI::CVorDPMDPI(const QString& path)
-    : CVorDPMDBBase(QStringLiteral("library"), path, VorDPMFileKinds::kLibraryInfo) {
+CVorDPMDPI::CVorDPMDPI(CVorDPMStorage* storage, const QString& library)
+    : CVorDPMDBBase(storage, library, VorDPMFileKinds::LibraryInfoName(),
+                    VorDPMFileKinds::kLibraryInfo) {
     m_info = AddTable(CVorDPM_DPI_Info::ClassInfo());
 }
 

@@ -6,7 +6,8 @@
 
 class VORDPM_API CVorDPMDPI : public CVorDPMDBBase {
 public:
-    explicit CVorDPMDPI(const QString& path);
+    // The information file of `library`.
+    CVorDPMDPI(CVorDPMStorage* storage, const QString& library);
 
     // The library's information record; made (empty) when the file has none yet.
     VOR::ErrorStatus GetInfo(CVorDPM_DPI_Info*& out);

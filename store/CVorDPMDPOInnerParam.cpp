@@ -2,5 +2,6 @@
 
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPOInnerParam::CVorDPMDPOInnerParam(const QString& path)
-    : CVorDPMGroupedTable(QStringLiteral("InnerParam"), path, VorDPMFileKinds::kCommonInnerParam) {}
+CVorDPMDPOInnerParam::CVorDPMDPOInnerParam(CVorDPMStorage* storage)
+    : CVorDPMGroupedTable(storage, QStringLiteral("InnerParam"),
+                          VorDPMFileKinds::kCommonInnerParam) {}

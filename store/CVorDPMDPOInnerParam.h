@@ -8,7 +8,7 @@
 class VORDPM_API CVorDPMDPOInnerParam
     : public CVorDPMGroupedTable<CVorDPM_DPOINNERPARAM_Group, CVorDPM_DPOINNERPARAM_Content> {
 public:
-    explicit CVorDPMDPOInnerParam(const QString& path);
+    explicit CVorDPMDPOInnerParam(CVorDPMStorage* storage);
 
     VOR::ErrorStatus GetAllContent(CKZList<CVorDPM_DPOINNERPARAM_Content*>& out, int = 0) {
         return AllRows(out);

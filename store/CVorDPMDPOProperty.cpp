@@ -2,5 +2,5 @@
 
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPOProperty::CVorDPMDPOProperty(const QString& path)
-    : CVorDPMGroupedTable(QStringLiteral("Property"), path, VorDPMFileKinds::kCommonProperty) {}
+CVorDPMDPOProperty::CVorDPMDPOProperty(CVorDPMStorage* storage)
+    : CVorDPMGroupedTable(storage, QStringLiteral("Property"), VorDPMFileKinds::kCommonProperty) {}

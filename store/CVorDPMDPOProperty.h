@@ -8,7 +8,7 @@
 class VORDPM_API CVorDPMDPOProperty
     : public CVorDPMGroupedTable<CVorDPM_DPOPROPERTY_Group, CVorDPM_DPOPROPERTY_Content> {
 public:
-    explicit CVorDPMDPOProperty(const QString& path);
+    explicit CVorDPMDPOProperty(CVorDPMStorage* storage);
 
     VOR::ErrorStatus GetAllContent(CKZList<CVorDPM_DPOPROPERTY_Content*>& out, int = 0) {
         return AllRows(out);

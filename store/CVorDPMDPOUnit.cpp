@@ -2,5 +2,5 @@
 
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPOUnit::CVorDPMDPOUnit(const QString& path)
-    : CVorDPMGroupedTable(QStringLiteral("Unit"), path, VorDPMFileKinds::kCommonUnit) {}
+CVorDPMDPOUnit::CVorDPMDPOUnit(CVorDPMStorage* storage)
+    : CVorDPMGroupedTable(storage, QStringLiteral("Unit"), VorDPMFileKinds::kCommonUnit) {}

@@ -8,7 +8,7 @@
 class VORDPM_API CVorDPMDPOUnit
     : public CVorDPMGroupedTable<CVorDPM_DPOUNIT_Group, CVorDPM_DPOUNIT_Unit> {
 public:
-    explicit CVorDPMDPOUnit(const QString& path);
+    explicit CVorDPMDPOUnit(CVorDPMStorage* storage);
 
     VOR::ErrorStatus GetAllUnit(CKZList<CVorDPM_DPOUNIT_Unit*>& out, int = 0) {
         return AllRows(out);

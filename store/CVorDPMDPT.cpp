@@ -2,5 +2,6 @@
 
 #include "VorDPMFileKinds.h"
 
-CVorDPMDPT::CVorDPMDPT(const QString& name, const QString& path, CVorDPMTemplateManager* manager)
-    : CVorDPMDPDBase(name, path, VorDPMFileKinds::kTemplate), m_manager(manager) {}
+CVorDPMDPT::CVorDPMDPT(CVorDPMStorage* storage, const QString& library, const QString& name,
+                       CVorDPMTemplateManager* manager)
+    : CVorDPMDPDBase(storage, library, name, VorDPMFileKinds::kTemplate), m_manager(manager) {}

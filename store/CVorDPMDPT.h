@@ -7,7 +7,10 @@ class CVorDPMTemplateManager;
 
 class VORDPM_API CVorDPMDPT : public CVorDPMDPDBase {
 public:
-    CVorDPMDPT(const QString& name, const QString& path, CVorDPMTemplateManager* manager);
+    // The template `name` of `library` (empty: of the root), kept by `manager` (null for a copy
+    // that no template manager holds).
+    CVorDPMDPT(CVorDPMStorage* storage, const QString& library, const QString& name,
+               CVorDPMTemplateManager* manager);
 
     const QString& GetDPTName() const { return GetName(); }
     CVorDPMTemplateManager* GetVorDPMTemplateManager() const { return m_manager; }

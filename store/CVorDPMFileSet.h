@@ -1,9 +1,7 @@
-// Internal: the store files of one kind in one folder, listed by name and loaded on first use.
+// Internal: the store files of one kind in one place of the root (a library's catalogs, say),
+// listed by name and loaded on first use. Where and how they are kept is the shelf's business.
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 #include <functional>
@@ -11,32 +9,19 @@
 #include <unordered_map>
 #include <vector>
 
-#include "CVorDPMFileStore.h"
-#include "VorDPMFolderListing.h"
+#include "CVorDPMShelf.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
-#include "VorDPMNoReplace.h"
 #include "VorDPMReasons.h"
-#include "VorDPMRootBoundary.h"
-#include "VorDPMTrash.h"
 #include "VorDPMTypes.h"
 
 template <class T>
 class CVorDPMFileSet {
 public:
-    using Factory = std::function<std::unique_ptr<T>(const QString& name, const QString& path)>;
+    using Factory = std::function<std::unique_ptr<T>(const QString& name)>;
 
-    // A set whose folder is optional (templates) makes it for its first file; a library's
-    // folder is never made again once it is gone.
-    enum FolderUse { FolderMustExist, FolderMadeOnDemand };
-
-    CVorDPMFileSet(const QString& folder, const QString& extension, const QString& root,
-                   FolderUse folderUse, Factory factory)
-        : m_folder(folder),
-          m_extension(extension),
-          m_root(root),
-          m_folderUse(folderUse),
-          m_factory(std::move(factory)) {}
+    CVorDPMFileSet(std::unique_ptr<CVorDPMShelf> shelf, Factory factory)
+        : m_shelf(std::move(shelf)), m_factory(std::move(factory)) {}
 
     // Sorted as every listing of the store (VorDPMNames::Less).
     const QStringList& Names() const {
@@ -44,9 +29,8 @@ public:
         return m_names;
     }
     bool Has(const QString& name) const { return ByFoldedName().contains(name.toCaseFolded()); }
-    QString PathOf(const QString& name) const {
-        return QDir(m_folder).filePath(name + m_extension);
-    }
+    QString PathOf(const QString& name) const { return m_shelf->PathOf(name); }
+    void RemoveLeftovers() { m_shelf->RemoveLeftovers(); }
 
     // The file's object; its tables are read when they are first used.
     VOR::ErrorStatus Get(const QString& name, T*& out) {
@@ -60,24 +44,22 @@ public:
         if (canonical.isEmpty()) return VOR::eNotFound;
         auto loaded = m_loaded.find(canonical);
         if (loaded == m_loaded.end())
-            loaded = m_loaded.emplace(canonical, m_factory(canonical, PathOf(canonical))).first;
+            loaded = m_loaded.emplace(canonical, m_factory(canonical)).first;
         out = loaded->second.get();
         return VOR::eOk;
     }
 
-    // Creates the file on disk at once; with a pattern its rows are copied in.
+    // Creates the file at once; with a pattern its rows are copied in.
     VOR::ErrorStatus Create(const QString& name, T*& out, const CVorDPMDBBase* pattern = nullptr,
                             bool withVersions = false) {
         VorDPMLastError::Clear();
         const VOR::ErrorStatus usable = CheckNewName(name);
         if (usable != VOR::eOk) return usable;
-        const VOR::ErrorStatus folder = CheckFolder(m_folderUse);
-        if (folder != VOR::eOk) return folder;
         if (pattern && !pattern->EnsureLoaded()) return VOR::eFileError;
-        std::unique_ptr<T> file = m_factory(name, PathOf(name));
+        std::unique_ptr<T> file = m_factory(name);
         file->MarkLoaded();
         if (pattern) file->CopyContentFrom(*pattern, withVersions);
-        const VOR::ErrorStatus written = CVorDPMFileStore::WriteNew(*file);
+        const VOR::ErrorStatus written = m_shelf->Create(*file);
         if (written != VOR::eOk) return written;
         out = file.get();
         m_loaded.emplace(name, std::move(file));
@@ -98,9 +80,8 @@ public:
         VorDPMLastError::Clear();
         const QString canonical = Canonical(name);
         if (canonical.isEmpty()) return VorDPMReasons::NotFound(name);
-        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
-        if (folder != VOR::eOk) return folder;
-        if (!VorDPMTrash::Move(PathOf(canonical), m_root)) return VOR::eFileError;
+        const VOR::ErrorStatus removed = m_shelf->Remove(canonical);
+        if (removed != VOR::eOk) return removed;
         Retire(canonical);
         RemoveName(canonical);
         return VOR::eOk;
@@ -113,15 +94,13 @@ public:
         const bool caseOnly = canonical.compare(to, Qt::CaseInsensitive) == 0;
         const VOR::ErrorStatus usable = caseOnly ? VorDPMReasons::CheckName(to) : CheckNewName(to);
         if (usable != VOR::eOk) return usable;
-        const VOR::ErrorStatus folder = CheckFolder(FolderMustExist);
-        if (folder != VOR::eOk) return folder;
-        const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(PathOf(canonical), PathOf(to));
+        const VOR::ErrorStatus moved = m_shelf->Rename(canonical, to);
         if (moved != VOR::eOk) return moved;
         auto loaded = m_loaded.find(canonical);
         if (loaded != m_loaded.end()) {
             std::unique_ptr<T> file = std::move(loaded->second);
             m_loaded.erase(loaded);
-            file->SetLocation(to, PathOf(to));
+            file->Rename(to);
             m_loaded.emplace(to, std::move(file));
         }
         RemoveName(canonical);
@@ -135,11 +114,10 @@ public:
         return false;
     }
 
-    // Saves every loaded file with changes; false when any of them failed.
-    bool Save() {
-        bool ok = true;
-        for (const auto& [name, file] : m_loaded) ok = file->Save() == VOR::eOk && ok;
-        return ok;
+    // Appends every loaded file with changes.
+    void CollectChanged(std::vector<CVorDPMDBBase*>& out) const {
+        for (const auto& [name, file] : m_loaded)
+            if (file->IsChanged()) out.push_back(file.get());
     }
 
     template <class Visitor>
@@ -148,14 +126,17 @@ public:
     }
 
 private:
-    // Lists the folder on the first question about names, not when the set is made: a search
-    // of a library's catalogs never pays for the names of its many definitions. The folder is
-    // read unsorted and sorted once.
+    // Lists the place on the first question about names, not when the set is made: a search
+    // of a library's catalogs never pays for the names of its many definitions. The names are
+    // read unsorted and sorted once; a listing that failed is tried again on the next question.
     void Scan() const {
         if (m_scanned) return;
+        QStringList names;
+        if (!m_shelf->ListNames(names)) return;
         m_scanned = true;
-        m_names = VorDPMFolderListing::FileNames(m_folder, m_extension);
+        m_names = names;
         VorDPMNames::Sort(m_names);
+        m_byFoldedName.clear();
     }
 
     // Names by their case-folded form, made on the first look-up by name: a listing alone
@@ -190,20 +171,8 @@ private:
     VOR::ErrorStatus CheckNewName(const QString& name) const {
         const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
         if (usable != VOR::eOk) return usable;
-        if (!Has(name) && !QFile::exists(PathOf(name))) return VOR::eOk;
+        if (!Has(name) && !m_shelf->Taken(name)) return VOR::eOk;
         return VorDPMReasons::NameExists(name);
-    }
-
-    // Checked before anything in the folder changes: it leads nowhere outside the root (the
-    // files of a linked folder would be moved or written there), and it is still there.
-    VOR::ErrorStatus CheckFolder(FolderUse use) const {
-        if (!VorDPMRootBoundary::Check(m_folder)) return VOR::eFileError;
-        if (QFileInfo(m_folder).isDir()) return VOR::eOk;
-        if (use == FolderMadeOnDemand) {
-            const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(m_folder);
-            return made == VOR::eNameExists && QFileInfo(m_folder).isDir() ? VOR::eOk : made;
-        }
-        return VorDPMReasons::FolderGone(m_folder);
     }
 
     void Retire(const QString& canonical) {
@@ -213,10 +182,7 @@ private:
         m_loaded.erase(loaded);
     }
 
-    QString m_folder;
-    QString m_extension;
-    QString m_root;
-    FolderUse m_folderUse;
+    std::unique_ptr<CVorDPMShelf> m_shelf;
     Factory m_factory;
     mutable bool m_scanned = false;
     mutable QStringList m_names;

@@ -224,8 +224,9 @@ void ClearChanges(CVorDPMDBBase& file) {
 }  // namespace
 
 bool CVorDPMFileStore::OpenForReading(CVorDPMSQLiteConnection& db, const CVorDPMDBBase& file,
-                                      QString& error) {
-    if (!VorDPMRootBoundary::Check(file.GetFilePath())) return Fail(VorDPMLastError::Get(), error);
+                                      const QString& root, QString& error) {
+    if (!VorDPMRootBoundary::Check(file.GetFilePath(), root))
+        return Fail(VorDPMLastError::Get(), error);
     if (!db.Open(file.GetFilePath(), CVorDPMSQLiteConnection::OpenExisting, kBusyTimeoutMs))
         return Fail(db.Error(), error);
     if (!CheckHeader(db, file, error)) return false;
@@ -263,9 +264,9 @@ bool CVorDPMFileStore::ReadRows(CVorDPMSQLiteConnection& db, const CVorDPMClassI
     return rc == SQLITE_DONE || Fail(db.Error(), error);
 }
 
-bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
+bool CVorDPMFileStore::Load(CVorDPMDBBase& file, const QString& root, QString& error) {
     CVorDPMSQLiteConnection db;
-    if (!OpenForReading(db, file, error)) return false;
+    if (!OpenForReading(db, file, root, error)) return false;
     qint64 generation = 0;
     if (!ReadGeneration(db, generation)) return Fail(db.Error(), error);
     for (const auto& table : file.Tables())
@@ -275,7 +276,7 @@ bool CVorDPMFileStore::Load(CVorDPMDBBase& file, QString& error) {
     return true;
 }
 
-bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
+bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file, const QString& root) {
     const QString path = file.GetFilePath();
     // A file that was removed or renamed behind this process (alone or with its library) is
     // not made again.
@@ -284,7 +285,7 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
         VorDPMLastError::Set(Gone(path));
         return false;
     }
-    if (!VorDPMRootBoundary::Check(path)) return false;
+    if (!VorDPMRootBoundary::Check(path, root)) return false;
     CVorDPMSQLiteConnection db;
     QString error;
     const Precondition unchanged = [&](CVorDPMSQLiteConnection& locked, QString& reason) {
@@ -314,9 +315,9 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file) {
     return true;
 }
 
-VOR::ErrorStatus CVorDPMFileStore::WriteNew(CVorDPMDBBase& file) {
+VOR::ErrorStatus CVorDPMFileStore::WriteNew(CVorDPMDBBase& file, const QString& root) {
     const QString target = file.GetFilePath();
-    if (!VorDPMRootBoundary::Check(target)) return VOR::eFileError;
+    if (!VorDPMRootBoundary::Check(target, root)) return VOR::eFileError;
     CVorDPMTempFile temporary(target);
     if (!temporary.IsOpen()) {
         VorDPMLastError::Set(

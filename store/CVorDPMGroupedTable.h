@@ -12,8 +12,8 @@ public:
     VOR::ErrorStatus AddGroup(TGroup* group) { return m_groups->Add(group); }
 
 protected:
-    CVorDPMGroupedTable(const QString& name, const QString& path, quint32 applicationId)
-        : CVorDPMDBBase(name, path, applicationId) {
+    CVorDPMGroupedTable(CVorDPMStorage* storage, const QString& name, quint32 applicationId)
+        : CVorDPMDBBase(storage, QString(), name, applicationId) {
         m_groups = AddTable(TGroup::ClassInfo());
         m_rows = AddTable(TRow::ClassInfo());
     }

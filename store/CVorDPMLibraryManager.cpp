@@ -1,31 +1,29 @@
 #include "CVorDPMLibraryManager.h"
 
-#include <QDir>
-#include <QFile>
 #include <set>
 
 #include "CVorDPMFileSet.h"
 #include "CVorDPMManager.h"
-#include "CVorDPMTempFile.h"
+#include "CVorDPMStorage.h"
+#include "VorDPMFileKinds.h"
 
-CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, const QString& name,
-                                             const QString& folder)
+CVorDPMLibraryManager::CVorDPMLibraryManager(CVorDPMManager* manager, CVorDPMStorage* storage,
+                                             const QString& name)
     : m_manager(manager),
+      m_storage(storage),
       m_name(name),
-      m_folder(folder),
+      m_folder(storage->LibraryPath(name)),
       m_catalogs(std::make_unique<CVorDPMFileSet<CVorDPMDPC>>(
-          folder, QStringLiteral(".DPC"), manager->GetDPMLibraryRootPath(),
-          CVorDPMFileSet<CVorDPMDPC>::FolderMustExist,
-          [this](const QString& dpc, const QString& path) {
-              return std::make_unique<CVorDPMDPC>(dpc, path, this);
+          storage->Shelf(name, VorDPMFileKinds::kCatalog),
+          [this](const QString& dpc) {
+              return std::make_unique<CVorDPMDPC>(m_storage, m_name, dpc, this);
           })),
       m_definitions(std::make_unique<CVorDPMFileSet<CVorDPMDPD>>(
-          folder, QStringLiteral(".DPD"), manager->GetDPMLibraryRootPath(),
-          CVorDPMFileSet<CVorDPMDPD>::FolderMustExist,
-          [this](const QString& dpd, const QString& path) {
-              return std::make_unique<CVorDPMDPD>(dpd, path, this);
+          storage->Shelf(name, VorDPMFileKinds::kDefinition), [this](const QString& dpd) {
+              return std::make_unique<CVorDPMDPD>(m_storage, m_name, dpd, this);
           })) {
-    CVorDPMTempFile::RemoveStale(folder);
+    // Catalogs and definitions share the library's place: one clearing serves both.
+    m_catalogs->RemoveLeftovers();
 }
 
 CVorDPMLibraryManager::~CVorDPMLibraryManager() = default;
@@ -123,18 +121,14 @@ VOR::ErrorStatus CVorDPMLibraryManager::CopyDPDAsDPT(const QString& dpd,
 
 CVorDPMDPI* CVorDPMLibraryManager::GetDPI() {
     if (m_info) return m_info.get();
-    auto info =
-        std::make_unique<CVorDPMDPI>(QDir(m_folder).filePath(QStringLiteral("library.DPI")));
+    auto info = std::make_unique<CVorDPMDPI>(m_storage, m_name);
     if (!info->LoadOrCreate()) return nullptr;
     m_info = std::move(info);
     return m_info.get();
 }
 
 CVorDPMTemplateManager* CVorDPMLibraryManager::GetVorDPMTemplateManager() {
-    if (!m_templates)
-        m_templates = std::make_unique<CVorDPMTemplateManager>(
-            QDir(m_folder).filePath(QStringLiteral("templates")),
-            m_manager->GetDPMLibraryRootPath());
+    if (!m_templates) m_templates = std::make_unique<CVorDPMTemplateManager>(m_storage, m_name);
     return m_templates.get();
 }
 
@@ -183,10 +177,15 @@ bool CVorDPMLibraryManager::IsChanged() const {
            (m_info && m_info->IsChanged()) || (m_templates && m_templates->IsChanged());
 }
 
+void CVorDPMLibraryManager::CollectChanged(std::vector<CVorDPMDBBase*>& out) const {
+    m_catalogs->CollectChanged(out);
+    m_definitions->CollectChanged(out);
+    if (m_info && m_info->IsChanged()) out.push_back(m_info.get());
+    if (m_templates) m_templates->CollectChanged(out);
+}
+
 bool CVorDPMLibraryManager::Save() {
-    bool ok = m_catalogs->Save();
-    ok = m_definitions->Save() && ok;
-    if (m_info) ok = m_info->Save() == VOR::eOk && ok;
-    if (m_templates) ok = m_templates->Save() && ok;
-    return ok;
+    std::vector<CVorDPMDBBase*> changed;
+    CollectChanged(changed);
+    return changed.empty() || m_storage->WriteChanges(changed);
 }

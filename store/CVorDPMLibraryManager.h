@@ -1,10 +1,11 @@
-// One product library: a folder holding its catalogs, product definitions, information file
-// and templates. Owned by the store (see CVorDPMManager for ownership, invalidation and
-// threading); so is every object it hands out.
+// One product library: its catalogs, product definitions, information file and templates (a
+// folder on a folder root). Owned by the store (see CVorDPMManager for ownership, invalidation
+// and threading); so is every object it hands out.
 #pragma once
 
 #include <QStringList>
 #include <memory>
+#include <vector>
 
 #include "CVorDPMDPC.h"
 #include "CVorDPMDPD.h"
@@ -12,15 +13,17 @@
 #include "CVorDPMTemplateManager.h"
 
 class CVorDPMManager;
+class CVorDPMStorage;
 template <class T>
 class CVorDPMFileSet;
 
 class VORDPM_API CVorDPMLibraryManager {
 public:
-    CVorDPMLibraryManager(CVorDPMManager* manager, const QString& name, const QString& folder);
+    CVorDPMLibraryManager(CVorDPMManager* manager, CVorDPMStorage* storage, const QString& name);
     virtual ~CVorDPMLibraryManager();
 
     const QString& GetLibraryName() const { return m_name; }
+    // Where the library is kept: its folder on a folder root.
     const QString& GetFolder() const { return m_folder; }
 
     // Append the catalog or definition names, sorted case-insensitively (see docs/store.md);
@@ -82,10 +85,13 @@ public:
     bool WriteProductCounts();
 
     bool IsChanged() const;
+    // Appends every loaded file of the library that has changes.
+    void CollectChanged(std::vector<CVorDPMDBBase*>& out) const;
     bool Save();
 
 private:
     CVorDPMManager* m_manager;
+    CVorDPMStorage* m_storage;
     QString m_name;
     QString m_folder;
     std::unique_ptr<CVorDPMFileSet<CVorDPMDPC>> m_catalogs;

@@ -2,61 +2,23 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QDirIterator>
-#include <QFile>
 #include <QSettings>
 #include <QStandardPaths>
 
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMCommandManager.h"
-#include "CVorDPMTempFile.h"
+#include "CVorDPMStorage.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
-#include "VorDPMNoReplace.h"
 #include "VorDPMReasons.h"
-#include "VorDPMRootBoundary.h"
-#include "VorDPMTrash.h"
 
 namespace {
 
-const QString kInfoFile = QStringLiteral("library.DPI");
 const QString kTemplatesFolder = QStringLiteral("templates");
 const char* const kRootKey = "Store/LibraryRoot";
 
 QSettings Settings() {
     return QSettings(QStringLiteral("VorDPM"), QStringLiteral("VorDPM"));
-}
-
-QStringList ScanLibraries(const QString& root) {
-    QStringList names;
-    const QStringList folders = QDir(root).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString& folder : folders)
-        if (QFile::exists(QDir(root).filePath(folder + QLatin1Char('/') + kInfoFile)))
-            names.append(folder);
-    VorDPMNames::Sort(names);
-    return names;
-}
-
-// Copies a folder as it is on disk into the existing folder `to`; refuses anything in it that
-// leads outside the root, and anything that is neither a folder nor a file (reading a named
-// pipe would block for ever).
-bool CopyFolder(const QString& from, const QString& to) {
-    if (!VorDPMRootBoundary::Check(from)) return false;
-    QDirIterator it(from,
-                    QDir::Files | QDir::Dirs | QDir::System | QDir::NoDotAndDotDot | QDir::Hidden,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (!VorDPMRootBoundary::Check(path)) return false;
-        if (!it.fileInfo().isDir() && !it.fileInfo().isFile()) {
-            VorDPMLastError::Set(VorDPMReasons::NotARegularFile(path));
-            return false;
-        }
-        const QString target = QDir(to).filePath(QDir(from).relativeFilePath(path));
-        const bool ok = it.fileInfo().isDir() ? QDir().mkpath(target) : QFile::copy(path, target);
-        if (!ok) return false;
-    }
-    return true;
 }
 
 }  // namespace
@@ -79,33 +41,42 @@ QString CVorDPMManager::InitialRootPath() {
 }
 
 CVorDPMManager::CVorDPMManager() {
-    Reset(InitialRootPath());
+    Reset(CVorDPMStorage::ForRoot(InitialRootPath()));
 }
 
-void CVorDPMManager::Reset(const QString& root) {
+CVorDPMManager::~CVorDPMManager() = default;
+
+QString CVorDPMManager::GetDPMLibraryRootPath() const {
+    return m_storage->Root();
+}
+
+void CVorDPMManager::Reset(std::unique_ptr<CVorDPMStorage> storage) {
     CVorDPMCommandManager::GetInstance()->Reset();
     CVorDPMCacheTableMangerCollect::GetInstance()->Clear();
+    // Every loaded object refers to the storage: they go before it does.
     m_libraries.clear();
     m_retired.clear();
     m_templates.reset();
     m_common.reset();
-    m_root = QDir::cleanPath(QDir(root).absolutePath());
-    VorDPMRootBoundary::SetRoot(m_root);
-    // What killed copies of libraries and common tables left behind.
-    CVorDPMTempFile::RemoveStale(m_root);
-    m_libraryNames = ScanLibraries(m_root);
+    if (storage) m_storage = std::move(storage);
+    m_storage->RemoveLeftovers();
+    m_libraryNames.clear();
+    m_storage->ListLibraries(m_libraryNames);
+    VorDPMNames::Sort(m_libraryNames);
 }
 
 int CVorDPMManager::SetDPMLibraryRootPath(const QString& path) {
     VorDPMLastError::Clear();
-    if (path.trimmed().isEmpty() || !QDir().mkpath(path)) {
-        VorDPMLastError::Set(
-            QCoreApplication::translate("VorDPMStore", "%1: 不能用作库根目录").arg(path));
+    std::unique_ptr<CVorDPMStorage> storage = CVorDPMStorage::ForRoot(path);
+    if (path.trimmed().isEmpty() || !storage->Open(true)) {
+        if (VorDPMLastError::Get().isEmpty())
+            VorDPMLastError::Set(
+                QCoreApplication::translate("VorDPMStore", "%1: 不能用作库根目录").arg(path));
         return 0;
     }
-    Reset(path);
+    Reset(std::move(storage));
     QSettings settings = Settings();
-    settings.setValue(kRootKey, m_root);
+    settings.setValue(kRootKey, m_storage->Root());
     return 1;
 }
 
@@ -114,18 +85,13 @@ int CVorDPMManager::GetAllLibraryName(QStringList& out) const {
     return 1;
 }
 
-QString CVorDPMManager::LibraryFolder(const QString& name) const {
-    return QDir(m_root).filePath(name);
-}
-
 VOR::ErrorStatus CVorDPMManager::GetLibrary(const QString& name, CVorDPMLibraryManager*& out) {
     const int index = VorDPMNames::IndexOf(m_libraryNames, name);
     if (index < 0) return VOR::eNotFound;
     const QString canonical = m_libraryNames[index];
     auto& library = m_libraries[canonical];
     if (!library)
-        library =
-            std::make_unique<CVorDPMLibraryManager>(this, canonical, LibraryFolder(canonical));
+        library = std::make_unique<CVorDPMLibraryManager>(this, m_storage.get(), canonical);
     out = library.get();
     return VOR::eOk;
 }
@@ -134,8 +100,7 @@ VOR::ErrorStatus CVorDPMManager::CheckNewLibraryName(const QString& name) const 
     const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
     if (usable != VOR::eOk) return usable;
     if (VorDPMNames::IndexOf(m_libraryNames, name) >= 0 ||
-        name.compare(kTemplatesFolder, Qt::CaseInsensitive) == 0 ||
-        QFileInfo::exists(LibraryFolder(name)))
+        name.compare(kTemplatesFolder, Qt::CaseInsensitive) == 0 || m_storage->LibraryTaken(name))
         return VorDPMReasons::NameExists(name);
     return VOR::eOk;
 }
@@ -144,22 +109,15 @@ VOR::ErrorStatus CVorDPMManager::CreateLibrary(const QString& name, CVorDPMLibra
     VorDPMLastError::Clear();
     const VOR::ErrorStatus usable = CheckNewLibraryName(name);
     if (usable != VOR::eOk) return usable;
-    if (!QDir().mkpath(m_root)) {
-        VorDPMLastError::Set(
-            QCoreApplication::translate("VorDPMStore", "%1: 无法创建文件夹").arg(m_root));
-        return VOR::eFileError;
-    }
-    // Made only when absent, so that of two processes creating one name only one succeeds.
-    const VOR::ErrorStatus made = VorDPMNoReplace::MakeFolder(LibraryFolder(name));
+    const VOR::ErrorStatus made = m_storage->CreateLibrary(name);
     if (made != VOR::eOk) return made;
-    m_libraryNames.append(name);
-    VorDPMNames::Sort(m_libraryNames);
+    VorDPMNames::InsertSorted(m_libraryNames, name);
     GetLibrary(name, out);
     if (out->GetDPI()) return VOR::eOk;
-    m_libraryNames.removeAll(name);
+    VorDPMNames::RemoveSorted(m_libraryNames, name);
     m_libraries.erase(name);
     out = nullptr;
-    QDir(LibraryFolder(name)).removeRecursively();
+    m_storage->DropNewLibrary(name);
     return VOR::eFileError;
 }
 
@@ -178,7 +136,7 @@ int CVorDPMManager::RemoveLibrary(const QString& name) {
         return 0;
     }
     const QString canonical = m_libraryNames[index];
-    if (!VorDPMTrash::Move(LibraryFolder(canonical), m_root)) return 0;
+    if (m_storage->RemoveLibrary(canonical) != VOR::eOk) return 0;
     Retire(canonical);
     m_libraryNames.removeAt(index);
     return 1;
@@ -194,13 +152,11 @@ VOR::ErrorStatus CVorDPMManager::RenameLibrary(const QString& from, const QStrin
         caseOnly ? VorDPMReasons::CheckName(to) : CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
     if (!library->Save()) return VOR::eFileError;
-    const VOR::ErrorStatus moved =
-        VorDPMNoReplace::Rename(LibraryFolder(canonical), LibraryFolder(to));
+    const VOR::ErrorStatus moved = m_storage->RenameLibrary(canonical, to);
     if (moved != VOR::eOk) return moved;
     Retire(canonical);
-    m_libraryNames.removeAll(canonical);
-    m_libraryNames.append(to);
-    VorDPMNames::Sort(m_libraryNames);
+    VorDPMNames::RemoveSorted(m_libraryNames, canonical);
+    VorDPMNames::InsertSorted(m_libraryNames, to);
     return VOR::eOk;
 }
 
@@ -210,43 +166,30 @@ VOR::ErrorStatus CVorDPMManager::CopyLibrary(const QString& source, const QStrin
     if (index < 0) return VorDPMReasons::NotFound(source);
     const VOR::ErrorStatus usable = CheckNewLibraryName(to);
     if (usable != VOR::eOk) return usable;
-    // Built under a hidden name and moved into place whole: a copy that is killed or fails
-    // never shows as a library, and what it left is removed when the root is opened next.
-    CVorDPMTempFile building(LibraryFolder(to), CVorDPMTempFile::Folder);
-    if (!building.IsOpen() || !CopyFolder(LibraryFolder(m_libraryNames[index]), building.Path())) {
-        if (VorDPMLastError::Get().isEmpty())
-            VorDPMLastError::Set(QCoreApplication::translate("VorDPMStore", "%1: 无法复制")
-                                     .arg(LibraryFolder(source)));
-        return VOR::eFileError;
-    }
-    // Of two processes copying to one name, the second finds the first's library there.
-    const VOR::ErrorStatus moved = VorDPMNoReplace::Rename(building.Path(), LibraryFolder(to));
-    if (moved != VOR::eOk) return moved;
-    building.MarkMoved();
-    m_libraryNames.append(to);
-    VorDPMNames::Sort(m_libraryNames);
+    const VOR::ErrorStatus copied = m_storage->CopyLibrary(m_libraryNames[index], to);
+    if (copied != VOR::eOk) return copied;
+    VorDPMNames::InsertSorted(m_libraryNames, to);
     return VOR::eOk;
 }
 
 CVorDPMTemplateManager* CVorDPMManager::GetTemplateManager() {
     if (!m_templates)
-        m_templates = std::make_unique<CVorDPMTemplateManager>(
-            QDir(m_root).filePath(kTemplatesFolder), m_root);
+        m_templates = std::make_unique<CVorDPMTemplateManager>(m_storage.get(), QString());
     return m_templates.get();
 }
 
 CVorDPMCommonManager* CVorDPMManager::GetCommonManager() {
-    if (!m_common) m_common = std::make_unique<CVorDPMCommonManager>(m_root);
+    if (!m_common) m_common = std::make_unique<CVorDPMCommonManager>(m_storage.get());
     return m_common.get();
 }
 
 int CVorDPMManager::SaveWork() {
     VorDPMLastError::Clear();
-    bool ok = true;
-    for (auto& [name, library] : m_libraries) ok = library->Save() && ok;
-    if (m_templates) ok = m_templates->Save() && ok;
-    if (m_common) ok = m_common->Save() && ok;
-    return ok ? 1 : 0;
+    std::vector<CVorDPMDBBase*> changed;
+    for (const auto& [name, library] : m_libraries) library->CollectChanged(changed);
+    if (m_templates) m_templates->CollectChanged(changed);
+    if (m_common) m_common->CollectChanged(changed);
+    return changed.empty() || m_storage->WriteChanges(changed) ? 1 : 0;
 }
 
 bool CVorDPMManager::HasUnsavedChanges() const {
@@ -256,7 +199,7 @@ bool CVorDPMManager::HasUnsavedChanges() const {
 }
 
 void CVorDPMManager::DiscardChanges() {
-    Reset(m_root);
+    Reset();
 }
 
 QString CVorDPMManager::GetLastErrorText() {

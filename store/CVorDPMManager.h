@@ -1,5 +1,6 @@
-// Root of the store: the library root folder, its libraries, the platform templates and the
-// common tables. One per process, reached through GetVorDPMManager().
+// Root of the store: the library root, its libraries, the platform templates and the common
+// tables. One per process, reached through GetVorDPMManager(). What the root holds is read and
+// written through its storage (CVorDPMStorage).
 //
 // The store is single-threaded: every call, and every use of an object it hands out, must come
 // from one thread (the host's GUI thread). It takes no locks.
@@ -19,16 +20,22 @@
 #include "CVorDPMLibraryManager.h"
 #include "CVorDPMTemplateManager.h"
 
+class CVorDPMStorage;
+
 class VORDPM_API CVorDPMManager {
 public:
     // The one store of the process; never null.
     static CVorDPMManager* GetVorDPMManager();
 
-    QString GetDPMLibraryRootPath() const { return m_root; }
+    // The absolute, clean folder of the root.
+    QString GetDPMLibraryRootPath() const;
     // Switches to another root (created when missing), drops everything loaded from the old one
     // (pending changes included: save first) and remembers the choice; 1 on success, 0 when
     // the folder cannot be made, with the old root kept.
     int SetDPMLibraryRootPath(const QString& path);
+    // The storage of the current root, for tools that read containers of their own beside the
+    // store's (the check); valid until the root changes.
+    CVorDPMStorage* GetStorage() const { return m_storage.get(); }
 
     // Appends the names of the root's libraries, sorted case-insensitively; always 1.
     int GetAllLibraryName(QStringList& out) const;
@@ -72,12 +79,14 @@ public:
 
 private:
     CVorDPMManager();
-    void Reset(const QString& root);
-    QString LibraryFolder(const QString& name) const;
+    ~CVorDPMManager();
+    // Drops everything loaded (before `storage`, when given, replaces the current one) and
+    // lists the libraries again.
+    void Reset(std::unique_ptr<CVorDPMStorage> storage = nullptr);
     VOR::ErrorStatus CheckNewLibraryName(const QString& name) const;
     void Retire(const QString& name);
 
-    QString m_root;
+    std::unique_ptr<CVorDPMStorage> m_storage;
     QStringList m_libraryNames;
     std::map<QString, std::unique_ptr<CVorDPMLibraryManager>> m_libraries;
     std::vector<std::unique_ptr<CVorDPMLibraryManager>> m_retired;

@@ -1,8 +1,8 @@
-// One pass over the rows of a store file as it is on disk, without loading the file: for
+// One pass over the rows of a store file as it is stored, without loading the file: for
 // programs that print a large table once. Rows held in memory (unsaved changes) are not seen.
 // Every table is read in one read transaction, so that another process's write shows wholly or
-// not at all; while the object lives, a save of the file (here or elsewhere) waits for it, so
-// keep it no longer than the pass. Single-threaded, as the whole store is.
+// not at all; while the object lives, a save of the file on a folder root (here or elsewhere)
+// waits for it, so keep it no longer than the pass. Single-threaded, as the whole store is.
 #pragma once
 
 #include <QString>
@@ -14,7 +14,7 @@
 class CVorDPMClassInfo;
 class CVorDPMDBBase;
 class CVorDPMObject;
-class CVorDPMSQLiteConnection;
+class CVorDPMRowSource;
 
 class VORDPM_API CVorDPMStoredRows {
 public:
@@ -42,7 +42,7 @@ private:
     bool ForEachObject(const CVorDPMClassInfo& info,
                        const std::function<void(const CVorDPMObject&)>& visit);
 
-    std::unique_ptr<CVorDPMSQLiteConnection> m_db;
-    QString m_path;
+    // Before the row source: opening it sets the error.
     QString m_error;
+    std::unique_ptr<CVorDPMRowSource> m_rows;
 };

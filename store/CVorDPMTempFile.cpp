@@ -119,10 +119,10 @@ CVorDPMTempFile::~CVorDPMTempFile() {
     if (m_fd >= 0) ::close(m_fd);
 }
 
-void CVorDPMTempFile::RemoveStale(const QString& folder) {
+void CVorDPMTempFile::RemoveStale(const QString& folder, const QString& root) {
     const QStringList names = CandidateNames(folder);
     // A folder that leads out of the root is none of the store's business.
-    if (names.isEmpty() || !VorDPMRootBoundary::Check(folder)) return;
+    if (names.isEmpty() || !VorDPMRootBoundary::Check(folder, root)) return;
     const QDir dir(folder);
     for (const QString& name : names) {
         if (IsTemporaryName(name)) {

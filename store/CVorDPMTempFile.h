@@ -27,8 +27,8 @@ public:
     void MarkMoved() { m_moved = true; }
 
     // Removes the temporary files (with their journals) and folders in `folder` that no live
-    // writer holds.
-    static void RemoveStale(const QString& folder);
+    // writer holds; nothing when the folder leads out of the library root `root`.
+    static void RemoveStale(const QString& folder, const QString& root);
 
 private:
     QString m_path;

@@ -1,15 +1,16 @@
 #include "CVorDPMTemplateManager.h"
 
 #include "CVorDPMFileSet.h"
-#include "CVorDPMTempFile.h"
+#include "CVorDPMStorage.h"
+#include "VorDPMFileKinds.h"
 
-CVorDPMTemplateManager::CVorDPMTemplateManager(const QString& folder, const QString& root)
+CVorDPMTemplateManager::CVorDPMTemplateManager(CVorDPMStorage* storage, const QString& library)
     : m_templates(std::make_unique<CVorDPMFileSet<CVorDPMDPT>>(
-          folder, QStringLiteral(".DPT"), root, CVorDPMFileSet<CVorDPMDPT>::FolderMadeOnDemand,
-          [this](const QString& name, const QString& path) {
-              return std::make_unique<CVorDPMDPT>(name, path, this);
+          storage->Shelf(library, VorDPMFileKinds::kTemplate),
+          [this, storage, library](const QString& name) {
+              return std::make_unique<CVorDPMDPT>(storage, library, name, this);
           })) {
-    CVorDPMTempFile::RemoveStale(folder);
+    m_templates->RemoveLeftovers();
 }
 
 CVorDPMTemplateManager::~CVorDPMTemplateManager() = default;
@@ -52,6 +53,6 @@ bool CVorDPMTemplateManager::IsChanged() const {
     return m_templates->IsChanged();
 }
 
-bool CVorDPMTemplateManager::Save() {
-    return m_templates->Save();
+void CVorDPMTemplateManager::CollectChanged(std::vector<CVorDPMDBBase*>& out) const {
+    m_templates->CollectChanged(out);
 }

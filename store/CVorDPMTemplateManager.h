@@ -4,15 +4,18 @@
 
 #include <QStringList>
 #include <memory>
+#include <vector>
 
 #include "CVorDPMDPT.h"
 
+class CVorDPMStorage;
 template <class T>
 class CVorDPMFileSet;
 
 class VORDPM_API CVorDPMTemplateManager {
 public:
-    CVorDPMTemplateManager(const QString& folder, const QString& root);
+    // The templates of `library`, or of the root for an empty name.
+    CVorDPMTemplateManager(CVorDPMStorage* storage, const QString& library);
     ~CVorDPMTemplateManager();
 
     // Appends the template names, sorted case-insensitively; always 1.
@@ -36,7 +39,8 @@ public:
     VOR::ErrorStatus CopyDPT(const QString& from, const QString& to);
 
     bool IsChanged() const;
-    bool Save();
+    // Appends every loaded template that has changes.
+    void CollectChanged(std::vector<CVorDPMDBBase*>& out) const;
 
 private:
     std::unique_ptr<CVorDPMFileSet<CVorDPMDPT>> m_templates;

@@ -1,6 +1,8 @@
-// Internal: the application ids and schema version written into every store file.
+// Internal: the kinds of store container (each with the application id written into its file),
+// the schema version, and where each kind lies under the library root.
 #pragma once
 
+#include <QString>
 #include <QtGlobal>
 
 namespace VorDPMFileKinds {
@@ -20,5 +22,16 @@ constexpr quint32 kCommonInnerParam = MakeId('V', 'O', 'I', 'P');
 
 // Files with a higher schema version come from a newer program and are refused.
 constexpr int kSchemaVersion = 1;
+
+// The name of a library's information container ("library.DPI").
+QString LibraryInfoName();
+// The extension of a kind's files, with its dot: ".DPC", ".DPD", ".DPT", ".DPI", ".DPO".
+QString Extension(quint32 kind);
+// The folder, relative to the root, that holds the containers of a kind of `library` (empty
+// for the root's own templates and common tables): "<library>", "<library>/templates",
+// "templates" or "".
+QString Folder(const QString& library, quint32 kind);
+// Folder(library, kind) and "<name><extension>", joined.
+QString RelativePath(const QString& library, quint32 kind, const QString& name);
 
 }  // namespace VorDPMFileKinds

@@ -9,11 +9,6 @@
 
 namespace {
 
-QString& Root() {
-    static QString root;
-    return root;
-}
-
 // The real location of `path`; for a name that does not exist yet, its folder's real location
 // with the name appended. Empty when not even the folder exists.
 QString Resolved(const QString& path) {
@@ -25,11 +20,7 @@ QString Resolved(const QString& path) {
 
 }  // namespace
 
-void VorDPMRootBoundary::SetRoot(const QString& root) {
-    Root() = root;
-}
-
-bool VorDPMRootBoundary::Check(const QString& path) {
+bool VorDPMRootBoundary::Check(const QString& path, const QString& root) {
     const QString resolved = Resolved(path);
     if (resolved.isEmpty()) {
         // The folder was there when the store listed it: someone has taken it away since.
@@ -37,11 +28,11 @@ bool VorDPMRootBoundary::Check(const QString& path) {
         return false;
     }
     // The root itself may be reached through a link; compare real locations on both sides.
-    const QString root = QFileInfo(Root()).canonicalFilePath();
-    if (!root.isEmpty() && (resolved == root || resolved.startsWith(root + QLatin1Char('/'))))
+    const QString real = QFileInfo(root).canonicalFilePath();
+    if (!real.isEmpty() && (resolved == real || resolved.startsWith(real + QLatin1Char('/'))))
         return true;
     VorDPMLastError::Set(
         QCoreApplication::translate("VorDPMStore", "%1: 已拒绝，它指向库根目录 %2 之外")
-            .arg(path, Root()));
+            .arg(path, root));
     return false;
 }

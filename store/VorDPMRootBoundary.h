@@ -6,11 +6,9 @@
 
 namespace VorDPMRootBoundary {
 
-// The library root that store paths must stay inside.
-void SetRoot(const QString& root);
 // True when `path` (an existing file or folder, or a new name in an existing folder) resolves
-// inside the root; otherwise false with the last error naming the path, or naming its folder
-// when that is gone.
-bool Check(const QString& path);
+// inside the library root `root`; otherwise false with the last error naming the path, or
+// naming its folder when that is gone.
+bool Check(const QString& path, const QString& root);
 
 }  // namespace VorDPMRootBoundary

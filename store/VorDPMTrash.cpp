@@ -37,7 +37,7 @@ bool InUserTrash(const QString& trashed) {
 // A recycle folder that leads out of the root takes nothing.
 bool Recycle(const QString& path, const QString& root) {
     const QString folder = QDir(root).filePath(QStringLiteral(".recycle"));
-    if (!VorDPMRootBoundary::Check(folder)) return false;
+    if (!VorDPMRootBoundary::Check(folder, root)) return false;
     const QString stamp =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmsszzz"));
     const QString target =

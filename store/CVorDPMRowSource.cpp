@@ -1,0 +1,3 @@
+#include "CVorDPMRowSource.h"
+
+CVorDPMRowSource::~CVorDPMRowSource() = default;
