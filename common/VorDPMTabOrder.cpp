@@ -108,6 +108,18 @@ std::vector<QWidget*> Chain(QWidget* container, QWidget* window) {
     return chain;
 }
 
+// A widget of pages (tab or stacked widget) as one piece: `first`, then the controls of every
+// page in turn.
+template <typename Pages>
+Placed PagesPiece(Pages* pages, QWidget* window, std::vector<QWidget*> first) {
+    Placed piece{QRect(pages->mapTo(window, QPoint()), pages->size()), std::move(first)};
+    for (int page = 0; page < pages->count(); ++page) {
+        const std::vector<QWidget*> chain = Chain(pages->widget(page), window);
+        piece.chain.insert(piece.chain.end(), chain.begin(), chain.end());
+    }
+    return piece;
+}
+
 // A tab widget is one piece: its tab bar, then every page in turn; only the shown page's
 // controls take the focus, so the pages can follow one another in the chain. The tab widget
 // itself leaves the chain: it would pass Tab on to its tab bar from its place of creation.
@@ -116,21 +128,7 @@ Placed TabPiece(QTabWidget* tabs, QWidget* window) {
     const Qt::FocusPolicy barPolicy = tabs->tabBar()->focusPolicy();
     tabs->setFocusPolicy(Qt::NoFocus);
     tabs->tabBar()->setFocusPolicy(barPolicy);
-    Placed piece{QRect(tabs->mapTo(window, QPoint()), tabs->size()), {tabs->tabBar()}};
-    for (int page = 0; page < tabs->count(); ++page) {
-        const std::vector<QWidget*> chain = Chain(tabs->widget(page), window);
-        piece.chain.insert(piece.chain.end(), chain.begin(), chain.end());
-    }
-    return piece;
-}
-
-Placed StackPiece(QStackedWidget* stack, QWidget* window) {
-    Placed piece{QRect(stack->mapTo(window, QPoint()), stack->size()), {}};
-    for (int page = 0; page < stack->count(); ++page) {
-        const std::vector<QWidget*> chain = Chain(stack->widget(page), window);
-        piece.chain.insert(piece.chain.end(), chain.begin(), chain.end());
-    }
-    return piece;
+    return PagesPiece(tabs, window, {tabs->tabBar()});
 }
 
 // The controls inside `container`: a widget that takes the focus by Tab is one control, its
@@ -145,7 +143,7 @@ std::vector<Placed> Collect(QWidget* container, QWidget* window) {
         if (auto* tabs = qobject_cast<QTabWidget*>(child)) {
             pieces.push_back(TabPiece(tabs, window));
         } else if (auto* stack = qobject_cast<QStackedWidget*>(child)) {
-            pieces.push_back(StackPiece(stack, window));
+            pieces.push_back(PagesPiece(stack, window, {}));
         } else if (child->focusPolicy() & Qt::TabFocus && !qobject_cast<QGroupBox*>(child)) {
             pieces.push_back({Extent(child, window), {child}});
         } else {

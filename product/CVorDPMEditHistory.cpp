@@ -1,32 +1,15 @@
 #include "CVorDPMEditHistory.h"
 
 #include <QUndoStack>
-#include <QVariant>
 #include <algorithm>
 #include <memory>
 
 #include "CVorDPMCommandManager.h"
-#include "CVorDPMFiler.h"
+#include "CVorDPMMemoryFiler.h"
 #include "CVorDPMObject.h"
 #include "CVorDPMTable.h"
 
 namespace {
-
-// The fields of a row as it writes them out, in order; only written, never read back.
-class FieldValues : public CVorDPMFiler {
-public:
-    int ReadInt() override { return 0; }
-    double ReadDouble() override { return 0; }
-    QString ReadString() override { return QString(); }
-    QByteArray ReadBytes() override { return QByteArray(); }
-
-    void WriteInt(int value) override { values.emplace_back(value); }
-    void WriteDouble(double value) override { values.emplace_back(value); }
-    void WriteString(const QString& value) override { values.emplace_back(value); }
-    void WriteBytes(const QByteArray& value) override { values.emplace_back(value); }
-
-    std::vector<QVariant> values;
-};
 
 // One row touched by a step; `before` is null for a row the step created.
 struct TouchedRow {
@@ -111,9 +94,9 @@ void CVorDPMEditHistory::Clear() {
 }
 
 bool CVorDPMEditHistory::SameFields(const CVorDPMObject& one, const CVorDPMObject& other) {
-    FieldValues first;
-    FieldValues second;
+    CVorDPMMemoryFiler first;
+    CVorDPMMemoryFiler second;
     one.VorDPMOutFields(&first);
     other.VorDPMOutFields(&second);
-    return one.IsDeleted() == other.IsDeleted() && first.values == second.values;
+    return one.IsDeleted() == other.IsDeleted() && first.Values() == second.Values();
 }

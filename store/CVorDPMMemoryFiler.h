@@ -18,6 +18,9 @@ public:
     void WriteString(const QString& value) override { m_values.emplace_back(value); }
     void WriteBytes(const QByteArray& value) override { m_values.emplace_back(value); }
 
+    // The values written so far, in order.
+    const std::vector<QVariant>& Values() const { return m_values; }
+
 private:
     QVariant Next() { return m_read < m_values.size() ? m_values[m_read++] : QVariant(); }
 
