@@ -11,7 +11,10 @@ packages=(build-essential cmake ninja-build pkg-config qt6-base-dev qt6-base-dev
           # translations: lupdate/lrelease, their CMake support, Qt's own catalogs
           qt6-l10n-tools qt6-tools-dev qt6-translations-l10n
           # Debian packages and their checks
-          dpkg-dev file desktop-file-utils appstream lintian)
+          dpkg-dev file desktop-file-utils appstream lintian
+          # team libraries on a database server: the client library, and a throwaway server
+          # for the tests
+          postgresql libpq-dev)
 
 missing=()
 for package in "${packages[@]}"; do
