@@ -8,6 +8,7 @@
 #include "CVorDPMManager.h"
 #include "CVorDPMUiService.h"
 #include "VorDPMSaveWork.h"
+#include "VorDPMServerRoot.h"
 #include "common/VorDPMControlId.h"
 #include "common/VorDPMDialogFrame.h"
 
@@ -62,8 +63,9 @@ void CVorDPMSetLibRoot::OnBrowse() {
 void CVorDPMSetLibRoot::OnOK() {
     QString path = m_pathEdit->text();
     if (path.isEmpty()) return;
-    // A mistyped path would otherwise become a new, empty root without a word.
-    if (!QDir(path).exists()) {
+    // A mistyped path would otherwise become a new, empty root without a word. A server root
+    // (a postgresql:// URI) is no folder: the store says itself when it cannot be used.
+    if (!VorDPMServerRoot::IsServerRoot(path) && !QDir(path).exists()) {
         const QString question = tr("文件夹\"%1\"不存在，是否创建？").arg(QDir::cleanPath(path));
         if (!CVorDPMUiService::Instance()->Confirm(this, question)) return;
     }

@@ -84,6 +84,7 @@ private:
     template <class T>
     friend class CVorDPMFileSet;
     friend class CVorDPMFileStore;
+    friend class CVorDPMPgStorage;
     // The file now goes by another name.
     void Rename(const QString& name);
 

@@ -16,6 +16,7 @@
 #include "VorDPMFileKinds.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNoReplace.h"
+#include "VorDPMReasons.h"
 #include "VorDPMRootBoundary.h"
 
 namespace {
@@ -138,15 +139,6 @@ qint64 NewGeneration() {
     while (generation == 0)
         generation = static_cast<qint64>(QRandomGenerator::system()->generate64() >> 1);
     return generation;
-}
-
-QString Changed(const QString& path) {
-    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户修改").arg(path);
-}
-
-QString Gone(const QString& path) {
-    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户删除或重命名")
-        .arg(path);
 }
 
 bool WriteRow(sqlite3_stmt* upsert, sqlite3_stmt* remove, const CVorDPMTable& table,
@@ -282,7 +274,7 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file, const QString& root) {
     // not made again.
     struct stat opened {};
     if (!Identity(path, opened)) {
-        VorDPMLastError::Set(Gone(path));
+        VorDPMLastError::Set(VorDPMReasons::GoneElsewhere(path));
         return false;
     }
     if (!VorDPMRootBoundary::Check(path, root)) return false;
@@ -292,7 +284,7 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file, const QString& root) {
         struct stat now {};
         qint64 generation = 0;
         if (!Identity(path, now) || now.st_ino != opened.st_ino || now.st_dev != opened.st_dev) {
-            reason = Gone(path);
+            reason = VorDPMReasons::GoneElsewhere(path);
             return false;
         }
         if (!ReadGeneration(locked, generation)) {
@@ -300,7 +292,7 @@ bool CVorDPMFileStore::WriteChanges(CVorDPMDBBase& file, const QString& root) {
             return false;
         }
         if (generation == file.m_generation) return true;
-        reason = Changed(path);
+        reason = VorDPMReasons::ChangedElsewhere(path);
         return false;
     };
     const qint64 generation = NewGeneration();

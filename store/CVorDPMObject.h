@@ -33,6 +33,7 @@ protected:
 private:
     friend class CVorDPMTable;
     friend class CVorDPMFileStore;
+    friend class CVorDPMPgStorage;
     // Packed into 16 bytes after the vtable: a large table holds a row object per row.
     CVorDPMTable* m_table = nullptr;
     int m_objectId = 0;

@@ -1,11 +1,14 @@
 #include "CVorDPMStorage.h"
 
 #include "CVorDPMFolderStorage.h"
+#include "CVorDPMPgStorage.h"
 #include "VorDPMFileKinds.h"
+#include "VorDPMServerRoot.h"
 
 CVorDPMStorage::~CVorDPMStorage() = default;
 
 std::unique_ptr<CVorDPMStorage> CVorDPMStorage::ForRoot(const QString& root) {
+    if (VorDPMServerRoot::IsServerRoot(root)) return std::make_unique<CVorDPMPgStorage>(root);
     return std::make_unique<CVorDPMFolderStorage>(root);
 }
 

@@ -22,10 +22,12 @@ public:
     CVorDPMStorage(const CVorDPMStorage&) = delete;
     CVorDPMStorage& operator=(const CVorDPMStorage&) = delete;
 
-    // The storage that `root` names. Nothing is touched before Open().
+    // The storage that `root` names: a database server for a "postgresql:" or "postgres:" URI,
+    // else a folder. Nothing is touched before Open().
     static std::unique_ptr<CVorDPMStorage> ForRoot(const QString& root);
 
-    // The root as the store reports it: the absolute, clean folder.
+    // The root as the store reports and remembers it: the absolute, clean folder, or the URI
+    // without its password.
     const QString& Root() const { return m_root; }
     // Where a container is kept, for paths and messages: the root, "/" and its place under it
     // ("<library>/<name>.DPD", "templates/<name>.DPT", ...).

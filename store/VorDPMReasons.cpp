@@ -42,6 +42,15 @@ VOR::ErrorStatus VorDPMReasons::FolderGone(const QString& folder) {
         VOR::eFileError);
 }
 
+QString VorDPMReasons::ChangedElsewhere(const QString& path) {
+    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户修改").arg(path);
+}
+
+QString VorDPMReasons::GoneElsewhere(const QString& path) {
+    return QCoreApplication::translate("VorDPMStore", "%1: 自加载以来已被其他用户删除或重命名")
+        .arg(path);
+}
+
 QString VorDPMReasons::NotARegularFile(const QString& path) {
     return QCoreApplication::translate("VorDPMStore", "%1: 不是普通文件").arg(path);
 }

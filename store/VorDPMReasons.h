@@ -29,6 +29,10 @@ VOR::ErrorStatus NameExists(const QString& name);
 VOR::ErrorStatus NotFound(const QString& name);
 // eFileError: a folder the store listed is gone (another process removed or renamed it).
 VOR::ErrorStatus FolderGone(const QString& folder);
+// A container changed by another process since this one read it.
+QString ChangedElsewhere(const QString& path);
+// A container removed or renamed by another process since this one read it.
+QString GoneElsewhere(const QString& path);
 // Something other than a regular file (a folder, a named pipe) where a store file is expected.
 QString NotARegularFile(const QString& path);
 

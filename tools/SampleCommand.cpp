@@ -1,7 +1,6 @@
 #include "SampleCommand.h"
 
-#include <QDir>
-
+#include "CVorDPMManager.h"
 #include "sample/SampleLibrary.h"
 
 namespace {
@@ -31,9 +30,9 @@ int SampleCommand::Execute(const QCommandLineParser& parser, ToolConsole& consol
         return console.Fail(ToolConsole::BadUsage,
                             QStringLiteral("--scale needs a whole number of at least 1"));
     QString error;
-    if (!SampleLibrary::Create(QDir(root).absolutePath(), scale, error))
+    if (!SampleLibrary::Create(root, scale, error))
         return console.Fail(ToolConsole::NotFound,
                             QStringLiteral("cannot create the sample: %1").arg(error));
-    console.WriteRecord({QDir(root).absolutePath()});
+    console.WriteRecord({CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath()});
     return ToolConsole::Success;
 }

@@ -3,6 +3,8 @@
 #include <QDir>
 
 #include "CVorDPMManager.h"
+#include "CVorDPMStorage.h"
+#include "VorDPMServerRoot.h"
 
 namespace {
 
@@ -26,7 +28,10 @@ QString ToolCommand::Usage() const {
 }
 
 QString ToolCommand::RootArgument(const QCommandLineParser& parser) {
-    return parser.value(kRootOption);
+    const QString root = parser.value(kRootOption);
+    // A server root is a connection URI, which a folder path would spoil.
+    if (root.isEmpty() || VorDPMServerRoot::IsServerRoot(root)) return root;
+    return QDir(root).absolutePath();
 }
 
 int ToolCommand::Run(const QStringList& arguments, ToolConsole& console) {
@@ -57,13 +62,17 @@ int ToolCommand::Run(const QStringList& arguments, ToolConsole& console) {
 // environment instead of the user's remembered choice, which stays as it was.
 int ToolCommand::UseRoot(const QCommandLineParser& parser, ToolConsole& console) const {
     if (parser.isSet(kRootOption)) {
-        const QString root = parser.value(kRootOption);
-        if (root.trimmed().isEmpty())
+        if (parser.value(kRootOption).trimmed().isEmpty())
             return console.Fail(ToolConsole::BadUsage, QStringLiteral("--root needs a folder"));
-        qputenv("VORDPM_ROOT", QDir(root).absolutePath().toUtf8());
+        qputenv("VORDPM_ROOT", RootArgument(parser).toUtf8());
     }
     if (!ReadsRoot()) return ToolConsole::Success;
-    const QString path = CVorDPMManager::GetVorDPMManager()->GetDPMLibraryRootPath();
+    CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
+    const QString path = store->GetDPMLibraryRootPath();
+    if (VorDPMServerRoot::IsServerRoot(path)) {
+        if (store->GetStorage()->Open(false)) return ToolConsole::Success;
+        return console.Fail(ToolConsole::NotFound, CVorDPMManager::GetLastErrorText());
+    }
     if (!QDir(path).exists())
         return console.Fail(ToolConsole::NotFound,
                             QStringLiteral("library root not found: %1").arg(path));

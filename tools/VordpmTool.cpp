@@ -7,6 +7,7 @@
 #include "LsCommand.h"
 #include "NamesCommand.h"
 #include "SampleCommand.h"
+#include "ServerCommand.h"
 #include "ShowCommand.h"
 
 VordpmTool::VordpmTool() {
@@ -18,6 +19,7 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<ImportCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
     m_commands.push_back(std::make_unique<CheckCommand>());
+    m_commands.push_back(std::make_unique<ServerCommand>());
 }
 
 QString VordpmTool::Usage() const {

@@ -2452,6 +2452,34 @@
         <source>%1: 已被移到 %2</source>
         <translation>%1: moved to %2</translation>
     </message>
+    <message>
+        <source>%1: 无法连接数据库服务器(%2)</source>
+        <translation>%1: cannot connect to the database server (%2)</translation>
+    </message>
+    <message>
+        <source>%1: 与数据库服务器的连接已断开，未写入任何内容；请稍后重试</source>
+        <translation>%1: the connection to the database server was lost; nothing was written, try again later</translation>
+    </message>
+    <message>
+        <source>%1: 当前数据库角色只能读取，不能保存或修改产品库</source>
+        <translation>%1: this database role may only read; it cannot save or change the libraries</translation>
+    </message>
+    <message>
+        <source>%1: 数据库服务器报告错误 %2(%3)</source>
+        <translation>%1: the database server reported error %2 (%3)</translation>
+    </message>
+    <message>
+        <source>%1: 表 %3 的第 %2 行已损坏，无法读取</source>
+        <translation>%1: row %2 of table %3 is damaged and cannot be read</translation>
+    </message>
+    <message>
+        <source>%1: 不是 VorDPM 产品库根目录；请先运行 vordpm server init %1</source>
+        <translation>%1: not a VorDPM library root; run vordpm server init %1</translation>
+    </message>
+    <message>
+        <source>%1: 由较新的 vordpm 建立(结构版本 %2)；本程序只认识版本 %3</source>
+        <translation>%1: made by a newer vordpm, schema %2; this one knows %3</translation>
+    </message>
 </context>
 <context>
     <name>VorDPMTemplateTree</name>

@@ -59,20 +59,7 @@ protected:
         return products.IsEmpty() ? nullptr : products.GetAt(0);
     }
 
-    // Runs the child to the end; its last line of output.
-    QString RunChild(const QStringList& arguments) {
-        QProcess child;
-        child.start(StoreWriter(), QStringList{root.Path()} + arguments);
-        child.waitForStarted();
-        QByteArray output;
-        while (child.state() != QProcess::NotRunning) {
-            child.waitForReadyRead(100);
-            output += child.readAllStandardOutput();
-        }
-        output += child.readAllStandardOutput();
-        const QStringList lines = QString::fromUtf8(output).split('\n', Qt::SkipEmptyParts);
-        return lines.isEmpty() ? QString() : lines.last();
-    }
+    QString RunChild(const QStringList& arguments) { return RunWriter(root.Path(), arguments); }
 
     QString PathOf(const QString& dpd) const {
         return root.File(QStringLiteral("QXMaterial/%1.DPD").arg(dpd));

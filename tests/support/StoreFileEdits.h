@@ -70,6 +70,21 @@ inline QString StoreWriter() {
     return qEnvironmentVariable("VORDPM_BUILD_DIR") + QStringLiteral("/tests/store_writer");
 }
 
+// Runs store_writer on the root to the end; its last line of output.
+inline QString RunWriter(const QString& root, const QStringList& arguments) {
+    QProcess child;
+    child.start(StoreWriter(), QStringList{root} + arguments);
+    child.waitForStarted();
+    QByteArray output;
+    while (child.state() != QProcess::NotRunning) {
+        child.waitForReadyRead(100);
+        output += child.readAllStandardOutput();
+    }
+    output += child.readAllStandardOutput();
+    const QStringList lines = QString::fromUtf8(output).split('\n', Qt::SkipEmptyParts);
+    return lines.isEmpty() ? QString() : lines.last();
+}
+
 // Starts store_writer on the root and waits for its first line: it has loaded what it changes.
 // False when it did not start.
 inline bool StartWriter(QProcess& child, const QString& root, const QStringList& arguments) {

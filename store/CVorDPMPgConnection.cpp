@@ -1,0 +1,129 @@
+#include "CVorDPMPgConnection.h"
+
+#include <QCoreApplication>
+#include <QtEndian>
+
+CVorDPMPgConnection::CVorDPMPgConnection(QByteArray conninfo, QString shown)
+    : m_conninfo(std::move(conninfo)), m_shown(std::move(shown)) {}
+
+CVorDPMPgConnection::~CVorDPMPgConnection() {
+    if (m_conn) PQfinish(m_conn);
+}
+
+bool CVorDPMPgConnection::Ensure() {
+    if (m_conn && PQstatus(m_conn) == CONNECTION_OK) return true;
+    // A connection that was lost is dropped and made anew, so that the next call works once
+    // the server is back.
+    if (m_conn) PQfinish(m_conn);
+    m_conn = PQconnectdb(m_conninfo.constData());
+    if (PQstatus(m_conn) == CONNECTION_OK) return true;
+    m_sqlState.clear();
+    m_error = QCoreApplication::translate("VorDPMStore", "%1: 无法连接数据库服务器(%2)")
+                  .arg(m_shown, QString::fromUtf8(PQerrorMessage(m_conn)).trimmed());
+    return false;
+}
+
+PgResult CVorDPMPgConnection::Exec(const char* sql, const std::vector<PgParam>& params,
+                                   bool binaryResult) {
+    if (!Ensure()) return nullptr;
+    std::vector<const char*> values;
+    std::vector<int> lengths;
+    std::vector<int> formats;
+    for (const PgParam& param : params) {
+        values.push_back(param.null ? nullptr : param.value.constData());
+        lengths.push_back(static_cast<int>(param.value.size()));
+        formats.push_back(param.binary ? 1 : 0);
+    }
+    PgResult result(PQexecParams(m_conn, sql, static_cast<int>(params.size()), nullptr,
+                                 values.data(), lengths.data(), formats.data(),
+                                 binaryResult ? 1 : 0));
+    const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
+    if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return result;
+    Fail(result.get());
+    return nullptr;
+}
+
+bool CVorDPMPgConnection::Run(const char* sql, const std::vector<PgParam>& params) {
+    return Exec(sql, params) != nullptr;
+}
+
+bool CVorDPMPgConnection::RunScript(const char* sql) {
+    if (!Ensure()) return false;
+    PgResult result(PQexec(m_conn, sql));
+    if (result && PQresultStatus(result.get()) == PGRES_COMMAND_OK) return true;
+    return Fail(result.get());
+}
+
+void CVorDPMPgConnection::Rollback() {
+    if (m_conn && PQstatus(m_conn) == CONNECTION_OK) PQclear(PQexec(m_conn, "ROLLBACK"));
+}
+
+bool CVorDPMPgConnection::Fail(const PGresult* result) {
+    const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
+    m_sqlState = state ? QByteArray(state) : QByteArray();
+    if (PQstatus(m_conn) != CONNECTION_OK || m_sqlState.startsWith("08")) {
+        m_error = QCoreApplication::translate(
+                      "VorDPMStore", "%1: 与数据库服务器的连接已断开，未写入任何内容；请稍后重试")
+                      .arg(m_shown);
+        return false;
+    }
+    if (m_sqlState == "42501") {
+        m_error = QCoreApplication::translate("VorDPMStore",
+                                              "%1: 当前数据库角色只能读取，不能保存或修改产品库")
+                      .arg(m_shown);
+        return false;
+    }
+    const char* primary = result ? PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY) : nullptr;
+    m_error = QCoreApplication::translate("VorDPMStore", "%1: 数据库服务器报告错误 %2(%3)")
+                  .arg(m_shown, QString::fromLatin1(m_sqlState),
+                       QString::fromUtf8(primary ? primary : PQerrorMessage(m_conn)).trimmed());
+    return false;
+}
+
+namespace PgBinary {
+
+qint32 ReadInt4(const char* bytes) {
+    return qFromBigEndian<qint32>(bytes);
+}
+
+qint64 ReadInt8(const char* bytes) {
+    return qFromBigEndian<qint64>(bytes);
+}
+
+namespace {
+
+void AppendInt4(QByteArray& out, qint32 value) {
+    char bytes[4];
+    qToBigEndian(value, bytes);
+    out.append(bytes, 4);
+}
+
+// The header of a one-dimensional array without nulls of `count` elements of type `oid`.
+QByteArray ArrayHeader(qint32 oid, size_t count) {
+    QByteArray out;
+    for (qint32 word : {1, 0, oid, static_cast<qint32>(count), 1}) AppendInt4(out, word);
+    return out;
+}
+
+}  // namespace
+
+QByteArray Int4Array(const std::vector<qint32>& values) {
+    QByteArray out = ArrayHeader(23, values.size());
+    out.reserve(out.size() + static_cast<qsizetype>(values.size()) * 8);
+    for (qint32 value : values) {
+        AppendInt4(out, 4);
+        AppendInt4(out, value);
+    }
+    return out;
+}
+
+QByteArray ByteaArray(const std::vector<QByteArray>& values) {
+    QByteArray out = ArrayHeader(17, values.size());
+    for (const QByteArray& value : values) {
+        AppendInt4(out, static_cast<qint32>(value.size()));
+        out.append(value);
+    }
+    return out;
+}
+
+}  // namespace PgBinary

@@ -1,0 +1,77 @@
+// Internal: one connection to a PostgreSQL library root through libpq. It connects on first use
+// and again after the connection was lost; every statement goes with its values as parameters,
+// never spliced into the SQL text. Failures become the store's own reasons, naming the root.
+#pragma once
+
+#include <libpq-fe.h>
+
+#include <QByteArray>
+#include <QString>
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+// A statement's result; cleared when it goes.
+struct PgResultDeleter {
+    void operator()(PGresult* result) const { PQclear(result); }
+};
+using PgResult = std::unique_ptr<PGresult, PgResultDeleter>;
+
+// One parameter of a statement: text, or binary with its type (an int4 in network order, an
+// array built by PgBinaryArray, a bytea).
+struct PgParam {
+    QByteArray value;
+    bool binary = false;
+    bool null = false;
+
+    static PgParam Text(const QString& text) { return {text.toUtf8(), false, false}; }
+    static PgParam Number(qint64 number) { return {QByteArray::number(number), false, false}; }
+    static PgParam Binary(QByteArray bytes) { return {std::move(bytes), true, false}; }
+};
+
+class CVorDPMPgConnection {
+public:
+    // `conninfo` is what libpq connects with (it may hold a password); `shown` names the root in
+    // messages and never holds one.
+    CVorDPMPgConnection(QByteArray conninfo, QString shown);
+    ~CVorDPMPgConnection();
+    CVorDPMPgConnection(const CVorDPMPgConnection&) = delete;
+    CVorDPMPgConnection& operator=(const CVorDPMPgConnection&) = delete;
+
+    // Connects when there is no live connection; false with Error() set.
+    bool Ensure();
+    // Runs one statement; null with Error() and SqlState() set when it failed. `binaryResult`
+    // asks for the columns in binary form.
+    PgResult Exec(const char* sql, const std::vector<PgParam>& params = {},
+                  bool binaryResult = false);
+    // Runs a statement that returns no rows; false on failure.
+    bool Run(const char* sql, const std::vector<PgParam>& params = {});
+    // Runs several statements without parameters (the schema script); false on failure.
+    bool RunScript(const char* sql);
+    // Ends a transaction that failed; the connection is usable afterwards.
+    void Rollback();
+
+    // The reason of the last failure, in the store's words, naming the root.
+    const QString& Error() const { return m_error; }
+    // The SQLSTATE of the last failed statement; empty when the connection failed.
+    const QByteArray& SqlState() const { return m_sqlState; }
+    bool UniqueViolation() const { return m_sqlState == "23505"; }
+
+private:
+    bool Fail(const PGresult* result);
+
+    QByteArray m_conninfo;
+    QString m_shown;
+    PGconn* m_conn = nullptr;
+    QString m_error;
+    QByteArray m_sqlState;
+};
+
+// Binary forms of values for parameters and results (network byte order).
+namespace PgBinary {
+qint32 ReadInt4(const char* bytes);
+qint64 ReadInt8(const char* bytes);
+// A one-dimensional array of int4 (`oid` 23) or bytea (17) elements.
+QByteArray Int4Array(const std::vector<qint32>& values);
+QByteArray ByteaArray(const std::vector<QByteArray>& values);
+}  // namespace PgBinary

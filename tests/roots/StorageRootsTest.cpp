@@ -1,0 +1,283 @@
+// The store's behaviour on both kinds of library root, a folder and a database server: the same
+// calls must give the same names, rows, codes and messages. Server tests skip when no cluster
+// runs (PostgreSQL not installed).
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QProcess>
+#include <functional>
+#include <memory>
+
+#include "ServerDatabase.h"
+#include "support/StoreFileEdits.h"
+#include "support/StoreTestBase.h"
+
+namespace {
+
+enum class Root { Folder, Server };
+
+std::string RootName(const ::testing::TestParamInfo<Root>& info) {
+    return info.param == Root::Folder ? "Folder" : "Server";
+}
+
+const QString kLibrary = QStringLiteral("QXMaterial");
+
+}  // namespace
+
+class StorageRootTest : public StoreTestBase, public ::testing::WithParamInterface<Root> {
+protected:
+    void SetUp() override {
+        if (GetParam() == Root::Server) {
+            m_server = std::make_unique<ServerDatabase>();
+            if (!m_server->Ready()) GTEST_SKIP() << m_server->Reason().toStdString();
+        }
+        ASSERT_EQ(Manager()->SetDPMLibraryRootPath(RootPath()), 1)
+            << CVorDPMManager::GetLastErrorText().toStdString();
+    }
+
+    void TearDown() override {
+        // The server's database goes first; the store must not hold it then.
+        Manager()->SetDPMLibraryRootPath(root.Path());
+    }
+
+    QString RootPath() const { return m_server ? m_server->Uri() : root.Path(); }
+    QString PathOf(const QString& definition) const {
+        return Manager()->GetDPMLibraryRootPath() + QStringLiteral("/QXMaterial/") + definition +
+               QStringLiteral(".DPD");
+    }
+
+    // Puts a removed definition back from the root's trash.
+    bool Restore(const QString& name) {
+        if (m_server)
+            return m_server
+                ->Exec(QStringLiteral("UPDATE vordpm.containers SET trashed_at = NULL "
+                                      "WHERE name = '%1'")
+                           .arg(name))
+                .isEmpty();
+        // Removed files go to the desktop trash under the test's data folder, or .recycle.
+        for (const QString& folder : {root.Home() + QStringLiteral("/data/Trash/files"),
+                                      root.File(QStringLiteral(".recycle"))}) {
+            // Name filters ignore case; the test removes names that differ only in case.
+            QDirIterator it(folder, QDir::Files);
+            while (it.hasNext()) {
+                const QString path = it.next();
+                if (it.fileName().startsWith(name + QStringLiteral(".DPD")))
+                    return QFile::rename(path, root.File(kLibrary + QLatin1Char('/') + name +
+                                                         QStringLiteral(".DPD")));
+            }
+        }
+        return false;
+    }
+
+    std::unique_ptr<ServerDatabase> m_server;
+};
+
+INSTANTIATE_TEST_SUITE_P(Roots, StorageRootTest, ::testing::Values(Root::Folder, Root::Server),
+                         RootName);
+
+TEST_P(StorageRootTest, NamesFollowOneRuleAndAreUniqueWithoutRegardToCase) {
+    CVorDPMLibraryManager* library = MakeLibrary(kLibrary);
+    ASSERT_NE(library, nullptr);
+    CVorDPMDPD* dpd = nullptr;
+    CVorDPMDPC* dpc = nullptr;
+    CVorDPMDPT* dpt = nullptr;
+    CVorDPMLibraryManager* other = nullptr;
+    CVorDPMTemplateManager* templates = library->GetVorDPMTemplateManager();
+    struct Case {
+        const char* what;
+        std::function<VOR::ErrorStatus()> act;
+        VOR::ErrorStatus expected;
+    };
+    const Case cases[] = {
+        {"definition", [&] { return library->CreateDPD(QStringLiteral("Bolt"), dpd); }, VOR::eOk},
+        {"same name, other case", [&] { return library->CreateDPD(QStringLiteral("bOLT"), dpd); },
+         VOR::eNameExists},
+        {"catalog of the same name",
+         [&] { return library->CreateDPC(QStringLiteral("Bolt"), dpc); }, VOR::eOk},
+        {"slash", [&] { return library->CreateDPD(QStringLiteral("a/b"), dpd); },
+         VOR::eInvalidName},
+        {"leading dot", [&] { return library->CreateDPD(QStringLiteral(".x"), dpd); },
+         VOR::eInvalidName},
+        {"device name", [&] { return library->CreateDPC(QStringLiteral("CON"), dpc); },
+         VOR::eInvalidName},
+        {"library in other case",
+         [&] { return Manager()->CreateLibrary(QStringLiteral("qxMATERIAL"), other); },
+         VOR::eNameExists},
+        {"template", [&] { return templates->CreateDPT(QStringLiteral("T螺栓"), dpt); }, VOR::eOk},
+        {"template in other case",
+         [&] { return templates->CreateDPT(QStringLiteral("t螺栓"), dpt); }, VOR::eNameExists},
+        {"rename changing only case",
+         [&] { return library->RenameDPD(QStringLiteral("Bolt"), QStringLiteral("BOLT")); },
+         VOR::eOk},
+        {"rename onto another name",
+         [&] { return library->RenameDPC(QStringLiteral("Bolt"), QStringLiteral("bolt")); },
+         VOR::eOk},
+    };
+    for (const Case& c : cases) EXPECT_EQ(c.act(), c.expected) << c.what;
+
+    Reopen();
+    QStringList definitions, catalogs, dpts;
+    Library(kLibrary)->GetAllDPDName(definitions);
+    Library(kLibrary)->GetAllDPCName(catalogs);
+    Library(kLibrary)->GetVorDPMTemplateManager()->GetAllDPTName(dpts);
+    EXPECT_EQ(definitions, QStringList{QStringLiteral("BOLT")});
+    EXPECT_EQ(catalogs, QStringList{QStringLiteral("bolt")});
+    EXPECT_EQ(dpts, QStringList{QStringLiteral("T螺栓")});
+}
+
+TEST_P(StorageRootTest, ListingsAreSortedWithoutRegardToCase) {
+    CVorDPMLibraryManager* library = MakeLibrary(kLibrary);
+    for (const char* name : {"b", "C", "a", "B2", "阀门", "A1"})
+        MakeDefinition(library, QString::fromUtf8(name));
+    MakeLibrary(QStringLiteral("alpha"));
+    Reopen();
+    QStringList definitions, libraries;
+    Library(kLibrary)->GetAllDPDName(definitions);
+    Manager()->GetAllLibraryName(libraries);
+    EXPECT_EQ(definitions, QString::fromUtf8("a,A1,b,B2,C,阀门").split(QLatin1Char(',')));
+    EXPECT_EQ(libraries, (QStringList{QStringLiteral("alpha"), kLibrary}));
+}
+
+TEST_P(StorageRootTest, SavedRowsComeBackWithTheirIdsValuesAndBlobs) {
+    CVorDPMDPD* dpd = MakeDefinition(MakeLibrary(kLibrary), QStringLiteral("Bolt"));
+    ASSERT_NE(dpd, nullptr);
+    // Ids, not rows: reopening the root drops the rows made before.
+    const int length = AddProperty(dpd, QStringLiteral("L"))->GetObjectId();
+    const int note = AddProperty(dpd, QStringLiteral("N"))->GetObjectId();
+    AddProduct(dpd, QStringLiteral("gone"))->SetDeleted(1);
+    CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("M8"), QStringLiteral("M8x{L}"));
+    const int productId = product->GetObjectId();
+    const QByteArray blob("\0\x01\xff\x7fPNG\n\\", 9);
+    auto* image = new CVorDPM_DPD_Image;
+    image->SetName(QStringLiteral("图"));
+    image->SetImage(CBinaryData(blob));
+    image->SetIsUsingBlock(1);
+    ASSERT_EQ(dpd->AddImage(image), VOR::eOk);
+    const QString tricky = QStringLiteral("a\\b\nc=d");
+    for (int i = 0; i < 3; ++i) {
+        CVorDPM_DPD_Serial* serial = AddSerial(dpd, product);
+        serial->SetValue(QString::number(10 * i), length);
+        if (i == 1) serial->SetValue(tricky, note);
+    }
+    auto* version = new CVorDPM_Version;
+    version->SetVersion(1.5);
+    version->SetAuthor(QStringLiteral("张三"));
+    ASSERT_EQ(dpd->AddVersion(version), VOR::eOk);
+    ASSERT_EQ(Manager()->SaveWork(), 1) << CVorDPMManager::GetLastErrorText().toStdString();
+
+    Reopen();
+    dpd = Definition(QStringLiteral("Bolt"));
+    ASSERT_NE(dpd, nullptr);
+    CKZList<CVorDPM_DPD_Product*> products;
+    CKZList<CVorDPM_DPD_Image*> images;
+    CKZList<CVorDPM_DPD_Serial*> serials;
+    CKZList<CVorDPM_Version*> versions;
+    dpd->GetAllProduct(products);
+    dpd->GetAllImage(images);
+    dpd->GetAllSerial(serials);
+    dpd->GetAllVersion(versions);
+    ASSERT_EQ(products.GetCount(), 1);
+    EXPECT_EQ(products.GetAt(0)->GetObjectId(), productId);
+    EXPECT_EQ(products.GetAt(0)->GetNameRule(), QStringLiteral("M8x{L}"));
+    ASSERT_EQ(images.GetCount(), 1);
+    EXPECT_EQ(images.GetAt(0)->GetImage().Bytes(), blob);
+    EXPECT_EQ(images.GetAt(0)->GetIsUsingBlock(), 1);
+    ASSERT_EQ(serials.GetCount(), 3);
+    EXPECT_EQ(serials.GetAt(2)->GetValue(length), QStringLiteral("20"));
+    EXPECT_EQ(serials.GetAt(1)->GetValue(note), tricky);
+    EXPECT_EQ(serials.GetAt(1)->GetProductId(), productId);
+    ASSERT_EQ(versions.GetCount(), 1);
+    EXPECT_EQ(versions.GetAt(0)->GetVersion(), 1.5);
+    EXPECT_EQ(versions.GetAt(0)->GetAuthor(), QStringLiteral("张三"));
+
+    // A change and a deletion reach the store; untouched rows stay.
+    serials.GetAt(0)->SetDeleted(1);
+    serials.GetAt(2)->SetValue(QStringLiteral("99"), length);
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    Reopen();
+    serials.RemoveAll();
+    Definition(QStringLiteral("Bolt"))->GetAllSerial(serials);
+    ASSERT_EQ(serials.GetCount(), 2);
+    EXPECT_EQ(serials.GetAt(0)->GetValue(note), tricky);
+    EXPECT_EQ(serials.GetAt(1)->GetValue(length), QStringLiteral("99"));
+}
+
+TEST_P(StorageRootTest, ARemovedDefinitionCanBeRestoredFromTheTrash) {
+    CVorDPMLibraryManager* library = MakeLibrary(kLibrary);
+    AddProduct(MakeDefinition(library, QStringLiteral("Bolt")), QStringLiteral("M8"));
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    ASSERT_EQ(library->RemoveDPD(QStringLiteral("Bolt")), VOR::eOk);
+    // Its name is free at once.
+    CVorDPMDPD* again = nullptr;
+    EXPECT_EQ(library->CreateDPD(QStringLiteral("bolt"), again), VOR::eOk);
+    ASSERT_EQ(Library(kLibrary)->RemoveDPD(QStringLiteral("bolt")), VOR::eOk);
+    Reopen();
+    QStringList names;
+    Library(kLibrary)->GetAllDPDName(names);
+    EXPECT_TRUE(names.isEmpty());
+
+    ASSERT_TRUE(Restore(QStringLiteral("Bolt")));
+    Reopen();
+    CKZList<CVorDPM_DPD_Product*> products;
+    ASSERT_NE(Definition(QStringLiteral("Bolt")), nullptr);
+    Definition(QStringLiteral("Bolt"))->GetAllProduct(products);
+    ASSERT_EQ(products.GetCount(), 1);
+    EXPECT_EQ(products.GetAt(0)->GetName(), QStringLiteral("M8"));
+}
+
+TEST_P(StorageRootTest, ASaveOverAnotherProcesssChangeWritesNothingAndKeepsTheEdits) {
+    struct Case {
+        QStringList child;
+        const char* conflict;
+        QString productAfter;  // of Shared, as stored after both saves; empty: gone
+    };
+    const Case cases[] = {
+        {{"product-name", "QXMaterial", "Shared", "child"},
+         ": 自加载以来已被其他用户修改",
+         QStringLiteral("child")},
+        {{"remove-dpd", "QXMaterial", "Shared"}, ": 自加载以来已被其他用户删除或重命名", {}},
+        {{"rename-dpd", "QXMaterial", "Shared", "Moved"},
+         ": 自加载以来已被其他用户删除或重命名",
+         {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.child.join(QLatin1Char(' ')).toStdString());
+        Reopen();
+        CVorDPMLibraryManager* library = Library(kLibrary);
+        if (!library) library = MakeLibrary(kLibrary);
+        for (const QString& name : {QStringLiteral("Shared"), QStringLiteral("Other")}) {
+            library->RemoveDPD(name);
+            AddProduct(MakeDefinition(library, name), QStringLiteral("p1"));
+        }
+        ASSERT_EQ(Manager()->SaveWork(), 1);
+        Reopen();
+        CVorDPMDPD* shared = Definition(QStringLiteral("Shared"));
+        CVorDPMDPD* other = Definition(QStringLiteral("Other"));
+        CKZList<CVorDPM_DPD_Product*> products;
+        shared->GetAllProduct(products);
+        other->GetAllProduct(products);
+        ASSERT_EQ(products.GetCount(), 2);
+
+        ASSERT_EQ(RunWriter(RootPath(), c.child), QStringLiteral("ok"));
+        products.GetAt(0)->SetName(QStringLiteral("parent"));
+        products.GetAt(1)->SetName(QStringLiteral("parent too"));
+        EXPECT_EQ(Manager()->SaveWork(), 0);
+        EXPECT_EQ(CVorDPMManager::GetLastErrorText(),
+                  PathOf(QStringLiteral("Shared")) + QString::fromUtf8(c.conflict));
+        EXPECT_TRUE(Manager()->HasUnsavedChanges());
+        EXPECT_EQ(products.GetAt(0)->GetName(), QStringLiteral("parent"));
+        EXPECT_EQ(Manager()->SaveWork(), 0);
+
+        Reopen();
+        CVorDPMDPD* stored = Definition(QStringLiteral("Shared"));
+        CKZList<CVorDPM_DPD_Product*> after;
+        if (stored) stored->GetAllProduct(after);
+        EXPECT_EQ(after.IsEmpty() ? QString() : after.GetAt(0)->GetName(), c.productAfter);
+        // A folder root writes each file on its own; a server root writes all or nothing.
+        after.RemoveAll();
+        Definition(QStringLiteral("Other"))->GetAllProduct(after);
+        EXPECT_EQ(after.GetAt(0)->GetName(),
+                  GetParam() == Root::Folder ? QStringLiteral("parent too") : QStringLiteral("p1"));
+    }
+}
