@@ -14,9 +14,9 @@
 
 class CheckCommonTables {
 public:
-    // Checks the three common table files under `root` and reads the properties and units;
-    // returns how many of the files the root has.
-    int Read(const QString& root, QVector<CheckFinding>& findings);
+    // Checks the three common tables of the store's root and reads the properties and units;
+    // returns how many of them the root has.
+    int Read(QVector<CheckFinding>& findings);
 
     // UNKNOWN when the common property table has no such row (or could not be read).
     emVorDPM_VALUETYPE TypeOf(int propertyId) const {

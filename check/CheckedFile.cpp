@@ -2,13 +2,21 @@
 
 #include "CVorDPMDBBase.h"
 #include "CVorDPMSQL.h"
+#include "CVorDPMStorage.h"
+#include "VorDPMServerRoot.h"
 
 CheckedFile::CheckedFile(const CVorDPMDBBase& file, CheckFileReport& report) : m_report(report) {
     auto rows = std::make_unique<CVorDPMStoredRows>(file);
     if (!rows->Error().isEmpty())
         ReportUnreadable(rows->Error());
-    else if (PassesIntegrityCheck(file.GetFilePath()))
+    else if (!IsFile(file) || PassesIntegrityCheck(file.GetFilePath()))
         m_rows = std::move(rows);
+}
+
+// A container on a server root is no SQLite file: the server keeps its pages whole, and a row
+// that cannot be read is reported when the rows are read.
+bool CheckedFile::IsFile(const CVorDPMDBBase& file) {
+    return !VorDPMServerRoot::IsServerRoot(file.Storage()->Root());
 }
 
 void CheckedFile::ReportUnreadable(CheckFileReport& report, const QString& reason) {

@@ -37,6 +37,7 @@ public:
 private:
     void ReportUnreadable(const QString& reason) { ReportUnreadable(m_report, reason); }
     // SQLite's integrity check of the file; false, reported, when it finds damage.
+    static bool IsFile(const CVorDPMDBBase& file);
     bool PassesIntegrityCheck(const QString& path);
 
     CheckFileReport& m_report;

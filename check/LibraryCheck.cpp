@@ -1,6 +1,5 @@
 #include "LibraryCheck.h"
 
-#include <QDir>
 #include <QEventLoop>
 #include <algorithm>
 
@@ -54,7 +53,7 @@ bool LibraryCheck::Prepare(QString& error) {
     CVorDPMManager* store = CVorDPMManager::GetVorDPMManager();
     m_root = store->GetDPMLibraryRootPath();
     m_units.clear();
-    AddUnit([this](Unit& unit) { m_summary.files += m_common.Read(m_root, unit.findings); });
+    AddUnit([this](Unit& unit) { m_summary.files += m_common.Read(unit.findings); });
     if (m_scope.library.isEmpty()) {
         QStringList templates;
         store->GetTemplateManager()->GetAllDPTName(templates);
@@ -119,7 +118,10 @@ void LibraryCheck::AddTemplateUnits(const QString& library, const QStringList& n
 CheckFileReport LibraryCheck::ReportFor(const QString& library, const QString& path,
                                         CheckFileKind kind, const QString& name) {
     ++m_summary.files;
-    return CheckFileReport({library, QDir(m_root).relativeFilePath(path), kind, name});
+    // Under the root's own text: a server root's URI is no folder to take a path relative to.
+    const QString prefix = m_root.endsWith(QLatin1Char('/')) ? m_root : m_root + QLatin1Char('/');
+    const QString relative = path.startsWith(prefix) ? path.mid(prefix.size()) : path;
+    return CheckFileReport({library, relative, kind, name});
 }
 
 void LibraryCheck::CheckInfo(const QString& libraryName, Unit& unit) {

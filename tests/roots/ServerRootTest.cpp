@@ -176,3 +176,23 @@ TEST_F(ServerRootTest, CopiedAndRenamedLibrariesKeepTheirRows) {
     ASSERT_EQ(products.GetCount(), 1);
     EXPECT_EQ(products.GetAt(0)->GetName(), QStringLiteral("M8"));
 }
+
+TEST_F(ServerRootTest, TheToolReadsAndChecksAServerRoot) {
+    MakeBolt();
+    auto [code, output] = RunTool({QStringLiteral("show"), QStringLiteral("--root"), m_db.Uri(),
+                                   QStringLiteral("QXMaterial"), QStringLiteral("Bolt")});
+    EXPECT_EQ(code, 0) << output.toStdString();
+    EXPECT_TRUE(
+        output.contains(QStringLiteral("[products]\nid\tName\tNameRule\tDescription\n1\tM8\t")))
+        << output.toStdString();
+    // The definition's one finding (its product has no naming rule), named under the root, and
+    // no file-level complaint: a container on the server is no SQLite file.
+    std::tie(code, output) =
+        RunTool({QStringLiteral("check"), QStringLiteral("--root"), m_db.Uri()});
+    EXPECT_EQ(code, 1) << output.toStdString();
+    EXPECT_TRUE(output.startsWith(QStringLiteral("QXMaterial/Bolt.DPD:product#1: error: ")))
+        << output.toStdString();
+    EXPECT_TRUE(
+        output.endsWith(QStringLiteral("checked 2 files, 0 script runs: 1 errors, 0 warnings\n")))
+        << output.toStdString();
+}
