@@ -13,7 +13,7 @@ const char* CVorDPMPackedFiler::Take(char tag, qsizetype length) {
     return value;
 }
 
-QByteArray CVorDPMPackedFiler::TakeSized(char tag) {
+QByteArrayView CVorDPMPackedFiler::TakeSized(char tag) {
     const char* header = Take(tag, 4);
     if (!header) return {};
     const qint64 length = qFromBigEndian<quint32>(header);
@@ -21,7 +21,7 @@ QByteArray CVorDPMPackedFiler::TakeSized(char tag) {
         m_intact = false;
         return {};
     }
-    const QByteArray bytes(m_data + m_next, static_cast<qsizetype>(length));
+    const QByteArrayView bytes(m_data + m_next, static_cast<qsizetype>(length));
     m_next += static_cast<qsizetype>(length);
     return bytes;
 }
@@ -45,7 +45,7 @@ QString CVorDPMPackedFiler::ReadString() {
 }
 
 QByteArray CVorDPMPackedFiler::ReadBytes() {
-    return TakeSized('b');
+    return TakeSized('b').toByteArray();
 }
 
 void CVorDPMPackedFiler::WriteInt(int value) {

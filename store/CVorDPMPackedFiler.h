@@ -4,6 +4,8 @@
 // many fields it has, and reads back exactly as written (texts, blobs and packed values alike).
 #pragma once
 
+#include <QByteArrayView>
+
 #include "CVorDPMFiler.h"
 
 class CVorDPMPackedFiler : public CVorDPMFiler {
@@ -31,8 +33,8 @@ public:
 private:
     // The `length` bytes of a field tagged `tag`; null (and not intact) when they are not there.
     const char* Take(char tag, qsizetype length);
-    // The bytes of a text or bytes field tagged `tag`.
-    QByteArray TakeSized(char tag);
+    // The bytes of a text or bytes field tagged `tag`, in the packed row.
+    QByteArrayView TakeSized(char tag);
     void PutSized(char tag, const char* bytes, qsizetype size);
 
     QByteArray m_packed;
