@@ -7,8 +7,9 @@
 #include <QByteArrayView>
 
 #include "CVorDPMFiler.h"
+#include "VorDPMExport.h"
 
-class CVorDPMPackedFiler : public CVorDPMFiler {
+class VORDPM_API CVorDPMPackedFiler : public CVorDPMFiler {
 public:
     // Writing: the fields are appended to Packed().
     CVorDPMPackedFiler() = default;

@@ -138,21 +138,22 @@ VOR::ErrorStatus CVorDPMPgStorage::CopyLibrary(const QString& from, const QStrin
         m_db.Exec("INSERT INTO vordpm.libraries (name, name_key) VALUES ($1, $2) RETURNING id",
                   {PgParam::Text(to), PgParam::Text(Key(to))});
     PgResult copied =
-        made ? m_db.Exec(
-                   "WITH source AS (SELECT id, kind, name, name_key FROM vordpm.containers "
-                   "WHERE library_id = " VORDPM_LIBRARY
-                   " AND trashed_at IS NULL), "
-                   "copy AS (INSERT INTO vordpm.containers "
-                   "(library_id, kind, name, name_key, generation) "
-                   "SELECT $2, kind, name, name_key, nextval('vordpm.generations') "
-                   "FROM source ORDER BY id RETURNING id, kind, name_key) "
-                   "INSERT INTO vordpm.container_rows "
-                   "SELECT copy.id, r.table_name, r.object_id, r.fields FROM copy "
-                   "JOIN source s ON s.kind = copy.kind AND s.name_key = copy.name_key "
-                   "JOIN vordpm.container_rows r ON r.container_id = s.id",
-                   {PgParam::Text(Key(from)),
-                    PgParam::Text(QString::fromUtf8(PQgetvalue(made.get(), 0, 0)))})
-             : nullptr;
+        made
+            ? m_db.Exec(
+                  "WITH source AS (SELECT id, kind, name, name_key FROM vordpm.containers "
+                  "WHERE library_id = " VORDPM_LIBRARY
+                  " AND trashed_at IS NULL), "
+                  "copy AS (INSERT INTO vordpm.containers "
+                  "(library_id, kind, name, name_key, generation) "
+                  "SELECT $2, kind, name, name_key, nextval('vordpm.generations') "
+                  "FROM source ORDER BY id RETURNING id, kind, name_key) "
+                  "INSERT INTO vordpm.container_rows (container_id, table_name, object_id, fields) "
+                  "SELECT copy.id, r.table_name, r.object_id, r.fields FROM copy "
+                  "JOIN source s ON s.kind = copy.kind AND s.name_key = copy.name_key "
+                  "JOIN vordpm.container_rows r ON r.container_id = s.id",
+                  {PgParam::Text(Key(from)),
+                   PgParam::Text(QString::fromUtf8(PQgetvalue(made.get(), 0, 0)))})
+            : nullptr;
     if (copied && m_db.Run("COMMIT")) return VOR::eOk;
     const bool exists = m_db.UniqueViolation();
     const VOR::ErrorStatus status = exists ? VorDPMReasons::NameExists(to) : Failed();

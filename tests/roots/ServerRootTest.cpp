@@ -2,7 +2,9 @@
 // read, a connection that can be lost, and URIs that may carry a password.
 
 #include <QProcess>
+#include <tuple>
 
+#include "CVorDPMPackedFiler.h"
 #include "ServerDatabase.h"
 #include "VorDPMServerRoot.h"
 #include "support/StoreTestBase.h"
@@ -43,6 +45,34 @@ TEST(ServerRootUri, PasswordsAreNeverShownAndTheTrailingSeparatorGoes) {
             << c.root;
     EXPECT_TRUE(VorDPMServerRoot::IsServerRoot(QStringLiteral("PostgreSQL://h/d")));
     EXPECT_FALSE(VorDPMServerRoot::IsServerRoot(QStringLiteral("/srv/postgresql:/x")));
+}
+
+TEST(PackedRow, ReadsBackWhatWasWrittenAndRefusesEveryDamagedForm) {
+    CVorDPMPackedFiler out;
+    out.WriteInt(-7);
+    out.WriteDouble(2.5);
+    out.WriteString(QStringLiteral("螺栓\n"));
+    out.WriteBytes(QByteArray("\0\xff", 2));
+    const QByteArray packed = out.Packed();
+    const auto read = [](const QByteArray& bytes) {
+        CVorDPMPackedFiler in(bytes.constData(), bytes.size());
+        const int number = in.ReadInt();
+        const double real = in.ReadDouble();
+        const QString text = in.ReadString();
+        const QByteArray blob = in.ReadBytes();
+        return std::make_tuple(in.Intact(), number, real, text, blob);
+    };
+    EXPECT_EQ(read(packed),
+              std::make_tuple(true, -7, 2.5, QStringLiteral("螺栓\n"), QByteArray("\0\xff", 2)));
+    // Every cut of the row, a field of another type and a length beyond the row are damage.
+    for (qsizetype size = 0; size < packed.size(); ++size)
+        EXPECT_FALSE(std::get<0>(read(packed.left(size)))) << size;
+    QByteArray retagged = packed;
+    retagged[0] = 'd';
+    EXPECT_FALSE(std::get<0>(read(retagged)));
+    QByteArray overlong = packed;
+    overlong[5 + 9 + 1] = '\x7f';
+    EXPECT_FALSE(std::get<0>(read(overlong)));
 }
 
 class ServerRootTest : public StoreTestBase {
