@@ -76,9 +76,10 @@ int CopyRootCommand::Execute(const QCommandLineParser& parser, ToolConsole& cons
             return ToolConsole::Success;
         case CVorDPMRootCopy::Incomplete:
             console.Out() << Totals(copy.GetCounts(), timer.elapsed());
-            return console.Fail(ToolConsole::NotFound, QStringLiteral("%1 of %2 not copied")
-                                                           .arg(copy.GetCounts().failed)
-                                                           .arg(copy.From()));
+            return console.Fail(ToolConsole::NotFound,
+                                QStringLiteral("%1 not copied from %2 (see the warnings)")
+                                    .arg(copy.GetCounts().failed)
+                                    .arg(copy.From()));
         case CVorDPMRootCopy::TargetNotEmpty:
             return console.Fail(ToolConsole::NotFound,
                                 QStringLiteral("%1 holds data already, nothing copied (--merge "
