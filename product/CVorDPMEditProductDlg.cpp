@@ -119,6 +119,25 @@ std::unique_ptr<CVorDPMDefinitionList> MakeTable(int table, const VorDPMDefiniti
     return std::make_unique<CVorDPMDefinitionListOf<CVorDPM_DPD_Serial>>(context, list, buttons);
 }
 
+// Selects `rows` (ascending) of the list, runs of adjacent rows as one range each so that a pasted
+// block is one, makes the first current in `column` and scrolls to it.
+void SelectRows(CVorDPMListCtrlEx& list, const std::vector<int>& rows, int column) {
+    const bool several = list.selectionMode() != QAbstractItemView::SingleSelection;
+    QItemSelection chosen;
+    for (size_t first = 0; first < rows.size();) {
+        size_t last = first;
+        while (several && last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
+        chosen.select(list.model()->index(rows[first], 0), list.model()->index(rows[last], 0));
+        if (!several) break;
+        first = last + 1;
+    }
+    const QModelIndex current = list.model()->index(rows.front(), column);
+    QItemSelectionModel* selection = list.selectionModel();
+    selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    selection->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    list.scrollTo(current);
+}
+
 }  // namespace
 
 CVorDPMEditProductDlg::CVorDPMEditProductDlg(CVorDPMDPDBase* dpd, PreviewDrawCallback draw,
@@ -253,24 +272,7 @@ void CVorDPMEditProductDlg::ReloadAfterStep(const std::vector<CVorDPMObject*>& t
     Reload();
     for (size_t table = 0; table < m_tables.size(); ++table) {
         const std::vector<int> rows = m_tables[table]->RowsOf(touched);
-        if (rows.empty()) continue;
-        CVorDPMListCtrlEx* list = m_tables[table]->GetList();
-        QItemSelectionModel* selection = list->selectionModel();
-        const bool several = list->selectionMode() != QAbstractItemView::SingleSelection;
-        QItemSelection chosen;
-        // Runs of adjacent rows are one range each: a pasted block is one.
-        for (size_t first = 0; first < rows.size();) {
-            size_t last = first;
-            while (several && last + 1 < rows.size() && rows[last + 1] == rows[last] + 1) ++last;
-            chosen.select(list->model()->index(rows[first], 0),
-                          list->model()->index(rows[last], 0));
-            if (!several) break;
-            first = last + 1;
-        }
-        const QModelIndex current = list->model()->index(rows.front(), columns[table]);
-        selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-        selection->select(chosen, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        list->scrollTo(current);
+        if (!rows.empty()) SelectRows(*m_tables[table]->GetList(), rows, columns[table]);
     }
 }
 

@@ -320,7 +320,11 @@ VOR::ErrorStatus CVorDPMFileStore::WriteNew(CVorDPMDBBase& file, const QString& 
     {
         CVorDPMSQLiteConnection db;
         QString error;
+        // The temporary file needs no journal on disk: a write that fails or is killed leaves
+        // it to be removed, never under the target's name. Its commit still syncs it before it
+        // is moved into place. This saves three of the four syncs of a new file.
         if (!db.Open(temporary.Path(), CVorDPMSQLiteConnection::CreateNew, kBusyTimeoutMs) ||
+            !db.Execute("PRAGMA journal_mode = MEMORY") ||
             !WriteTransaction(db, file, true, generation, nullptr, error)) {
             VorDPMLastError::Set(error.isEmpty() ? db.Error() : error);
             return VOR::eFileError;

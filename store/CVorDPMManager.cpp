@@ -8,13 +8,13 @@
 #include "CVorDPMCacheTableMangerCollect.h"
 #include "CVorDPMCommandManager.h"
 #include "CVorDPMStorage.h"
+#include "VorDPMFileKinds.h"
 #include "VorDPMLastError.h"
 #include "VorDPMNames.h"
 #include "VorDPMReasons.h"
 
 namespace {
 
-const QString kTemplatesFolder = QStringLiteral("templates");
 const char* const kRootKey = "Store/LibraryRoot";
 
 QSettings Settings() {
@@ -100,7 +100,9 @@ VOR::ErrorStatus CVorDPMManager::CheckNewLibraryName(const QString& name) const 
     const VOR::ErrorStatus usable = VorDPMReasons::CheckName(name);
     if (usable != VOR::eOk) return usable;
     if (VorDPMNames::IndexOf(m_libraryNames, name) >= 0 ||
-        name.compare(kTemplatesFolder, Qt::CaseInsensitive) == 0 || m_storage->LibraryTaken(name))
+        name.compare(VorDPMFileKinds::Folder(QString(), VorDPMFileKinds::kTemplate),
+                     Qt::CaseInsensitive) == 0 ||
+        m_storage->LibraryTaken(name))
         return VorDPMReasons::NameExists(name);
     return VOR::eOk;
 }

@@ -6,12 +6,13 @@
 #include <QString>
 #include <QStringList>
 
+#include "VorDPMExport.h"
 #include "VorDPMTypes.h"
 
 class CVorDPMDBBase;
 class CVorDPMStorage;
 
-class CVorDPMShelf {
+class VORDPM_API CVorDPMShelf {
 public:
     // The containers of `kind` of `library` (empty: of the root) in `storage`.
     CVorDPMShelf(const CVorDPMStorage& storage, const QString& library, quint32 kind);

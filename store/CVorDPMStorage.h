@@ -10,13 +10,14 @@
 #include <memory>
 #include <vector>
 
+#include "VorDPMExport.h"
 #include "VorDPMTypes.h"
 
 class CVorDPMDBBase;
 class CVorDPMRowSource;
 class CVorDPMShelf;
 
-class CVorDPMStorage {
+class VORDPM_API CVorDPMStorage {
 public:
     virtual ~CVorDPMStorage();
     CVorDPMStorage(const CVorDPMStorage&) = delete;

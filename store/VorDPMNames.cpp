@@ -52,8 +52,10 @@ bool VorDPMNames::ContainsAny(const QString& text, const QString& characters) {
 }
 
 int VorDPMNames::MaxNameBytes() {
-    // The longest file name made from a name is the journal of a new file's temporary copy,
-    // "<name>.DPD.new-<32 hex digits>-journal"; a library copy's temporary folder
+    // The longest file name made from a name is a new file's temporary copy,
+    // "<name>.DPD.new-<32 hex digits>", with room kept for a journal beside it ("-journal"):
+    // that copy keeps its journal in memory today, and the limit stays what it always was, so
+    // that no name accepted once is refused later. A library copy's temporary folder
     // (".<name>.new-<32 hex digits>") and removed files ("<name>.DPD.<time>") are shorter.
     constexpr int kExtension = 4;  // ".DPD"
     constexpr int kJournal = 8;    // "-journal", SQLite's

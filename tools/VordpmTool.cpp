@@ -1,6 +1,7 @@
 #include "VordpmTool.h"
 
 #include "CheckCommand.h"
+#include "CopyRootCommand.h"
 #include "ExportCommand.h"
 #include "FindCommand.h"
 #include "ImportCommand.h"
@@ -19,6 +20,7 @@ VordpmTool::VordpmTool() {
     m_commands.push_back(std::make_unique<ImportCommand>());
     m_commands.push_back(std::make_unique<SampleCommand>());
     m_commands.push_back(std::make_unique<CheckCommand>());
+    m_commands.push_back(std::make_unique<CopyRootCommand>());
     m_commands.push_back(std::make_unique<ServerCommand>());
 }
 

@@ -16,8 +16,8 @@ const QStringList kBadNames = {
     // One byte over the limit, in ASCII and in Chinese (3 bytes a character).
     QString(207, QLatin1Char('n')), QString(69, QChar(0x87BA))};
 
-// The longest name: its longest derived file name, the journal of a new file's temporary copy
-// ("<name>.DPD.new-<32 hex digits>-journal"), is as long as a file name can be.
+// The longest name: its longest derived file name, a new file's temporary copy with room for a
+// journal ("<name>.DPD.new-<32 hex digits>-journal"), is as long as a file name can be.
 const QString kLongest = QStringLiteral("ab") + QString(68, QChar(0x87BA));
 
 QStringList FilesUnder(const QString& root) {

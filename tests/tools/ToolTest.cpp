@@ -66,6 +66,11 @@ TEST_F(ToolTest, BadUsageExitsWithTwoAndOneLine) {
         {"sample", "--scale", "2"},
         {"sample", "--scale", "0", "--root", "elsewhere"},
         {"sample", "--scale", "x", "--root", "elsewhere"},
+        {"copy-root", "a"},
+        {"copy-root", "a", "b", "c"},
+        {"copy-root", "a", "b", "--overwrite"},
+        {"copy-root", " ", "b"},
+        {"copy-root", root.Path(), root.Path() + "/"},
     };
     for (const QStringList& arguments : cases) {
         const ToolRun run = ToolRunner::Run(arguments);
@@ -76,7 +81,7 @@ TEST_F(ToolTest, BadUsageExitsWithTwoAndOneLine) {
 }
 
 TEST_F(ToolTest, EveryCommandExplainsItself) {
-    for (const char* command : {"ls", "find", "names", "show", "sample"}) {
+    for (const char* command : {"ls", "find", "names", "show", "sample", "copy-root"}) {
         const ToolRun run = ToolRunner::Run({QString::fromUtf8(command), "--help"});
         EXPECT_EQ(run.exitCode, 0) << command;
         EXPECT_TRUE(run.out.startsWith(QStringLiteral("usage: vordpm ") + command)) << command;
@@ -85,7 +90,7 @@ TEST_F(ToolTest, EveryCommandExplainsItself) {
     }
     const ToolRun overview = ToolRunner::Run({"--help"});
     EXPECT_EQ(overview.exitCode, 0);
-    for (const char* command : {"ls", "find", "names", "show", "sample"})
+    for (const char* command : {"ls", "find", "names", "show", "sample", "copy-root"})
         EXPECT_TRUE(overview.out.contains(QStringLiteral("vordpm ") + command)) << command;
 }
 
