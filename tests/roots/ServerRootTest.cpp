@@ -3,10 +3,13 @@
 
 #include <QProcess>
 #include <tuple>
+#include <utility>
 
 #include "CVorDPMPackedFiler.h"
+#include "CVorDPMRootCopy.h"
 #include "ServerDatabase.h"
 #include "VorDPMServerRoot.h"
+#include "support/RootComparison.h"
 #include "support/StoreTestBase.h"
 
 namespace {
@@ -225,4 +228,28 @@ TEST_F(ServerRootTest, TheToolReadsAndChecksAServerRoot) {
     EXPECT_TRUE(
         output.endsWith(QStringLiteral("checked 2 files, 0 script runs: 1 errors, 0 warnings\n")))
         << output.toStdString();
+}
+
+TEST_F(ServerRootTest, ARootCopiedOntoTheServerAndBackKeepsEveryRow) {
+    CVorDPMLibraryManager* library = MakeLibrary();
+    CVorDPMDPD* dpd = MakeDefinition(library, QStringLiteral("螺栓"));
+    AddSerial(dpd, AddProduct(dpd, QStringLiteral("M8")))
+        ->SetValue(QStringLiteral("a\\b\nc"), AddProperty(dpd, QStringLiteral("L"))->GetObjectId());
+    auto* image = new CVorDPM_DPD_Image;
+    image->SetName(QStringLiteral("图"));
+    image->SetImage(CBinaryData(QByteArray("\0\x01\xff", 3)));
+    ASSERT_EQ(dpd->AddImage(image), VOR::eOk);
+    auto* version = new CVorDPM_Version;
+    version->SetVersion(2.0);
+    ASSERT_EQ(dpd->AddVersion(version), VOR::eOk);
+    MakeEntry(MakeCatalog(library, QStringLiteral("标准件")), QStringLiteral("螺栓"),
+              QStringLiteral("紧固件"));
+    SaveAndReopen();
+    const QString back = root.Home() + QStringLiteral("/back");
+    for (const auto& [from, to] :
+         {std::pair{root.Path(), m_db.Uri()}, std::pair{m_db.Uri(), back}}) {
+        CVorDPMRootCopy copy(from, to);
+        EXPECT_EQ(copy.Run(), CVorDPMRootCopy::Copied) << to.toStdString();
+        EXPECT_EQ(RootComparison::Differences(from, to), QStringList()) << to.toStdString();
+    }
 }
