@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "ServerDatabase.h"
 #include "support/StoreFileEdits.h"
@@ -279,5 +280,34 @@ TEST_P(StorageRootTest, ASaveOverAnotherProcesssChangeWritesNothingAndKeepsTheEd
         Definition(QStringLiteral("Other"))->GetAllProduct(after);
         EXPECT_EQ(after.GetAt(0)->GetName(),
                   GetParam() == Root::Folder ? QStringLiteral("parent too") : QStringLiteral("p1"));
+    }
+}
+
+TEST_P(StorageRootTest, TenWritersOfOneLibraryNeitherBlockNorLoseASave) {
+    constexpr int kWriters = 10;
+    constexpr int kSaves = 20;
+    CVorDPMLibraryManager* library = MakeLibrary(kLibrary);
+    for (int i = 0; i < kWriters; ++i)
+        AddProduct(MakeDefinition(library, QStringLiteral("D%1").arg(i)), QStringLiteral("p"));
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    std::vector<std::unique_ptr<QProcess>> writers;
+    for (int i = 0; i < kWriters; ++i) {
+        writers.push_back(std::make_unique<QProcess>());
+        writers.back()->start(StoreWriter(),
+                              {RootPath(), QStringLiteral("renames"), kLibrary,
+                               QStringLiteral("D%1").arg(i), QString::number(kSaves)});
+    }
+    for (auto& writer : writers) {
+        ASSERT_TRUE(writer->waitForFinished(120000));
+        const QStringList lines =
+            QString::fromUtf8(writer->readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+        EXPECT_EQ(lines.value(lines.size() - 1), QStringLiteral("ok"));
+    }
+    Reopen();
+    for (int i = 0; i < kWriters; ++i) {
+        CKZList<CVorDPM_DPD_Product*> products;
+        Definition(QStringLiteral("D%1").arg(i))->GetAllProduct(products);
+        ASSERT_EQ(products.GetCount(), 1) << i;
+        EXPECT_EQ(products.GetAt(0)->GetName(), QString::number(kSaves)) << i;
     }
 }

@@ -6,6 +6,8 @@
 //   store_writer ROOT product-name LIBRARY DEFINITION NAME   renames the first product
 //   store_writer ROOT delete-product LIBRARY DEFINITION      deletes the first product
 //   store_writer ROOT add-product LIBRARY DEFINITION NAME    adds a product
+//   store_writer ROOT renames LIBRARY DEFINITION COUNT  renames the first product "1" to COUNT,
+//                                                      saving after each
 //   store_writer ROOT remove-dpd|rename-dpd|copy-dpd LIBRARY DEFINITION [NEW NAME]
 //   store_writer ROOT remove-library|rename-library|copy-library LIBRARY [NEW NAME]
 //   store_writer ROOT open LIBRARY   reads every file of the library, its templates and the
@@ -118,6 +120,14 @@ const std::map<std::string, Command>& Commands() {
              product->SetName(name);
              dpd->AddProduct(product);
              return Save();
+         })},
+        {"renames", OnDefinition([](CVorDPMLibraryManager*, CVorDPMDPD* dpd, const QString& count) {
+             int status = VOR::eOk;
+             for (int i = 1; i <= count.toInt() && status == VOR::eOk; ++i) {
+                 FirstProduct(dpd)->SetName(QString::number(i));
+                 status = Save();
+             }
+             return status;
          })},
         {"remove-dpd",
          OnDefinition([](CVorDPMLibraryManager* library, CVorDPMDPD* dpd, const QString&) {
