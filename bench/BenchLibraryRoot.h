@@ -1,6 +1,7 @@
 // The library root of a benchmark. VORDPM_BENCH_ROOT names a folder kept between runs (writing
 // a large library takes a while); without it a temporary folder is used. The user's settings
-// are kept below the same folder.
+// are kept below the same folder. VORDPM_BENCH_SERVER_ROOT names a server root to run on instead,
+// filled beforehand (by `vordpm copy-root` of a kept folder root, say).
 #pragma once
 
 #include <QDir>
@@ -20,8 +21,9 @@ public:
         const QString kept = qEnvironmentVariable("VORDPM_BENCH_ROOT");
         const QString home = kept.isEmpty() ? m_dir.path() : kept;
         BenchScratch::RedirectUserFolders(home);
-        CVorDPMManager::GetVorDPMManager()->SetDPMLibraryRootPath(home + QLatin1Char('/') +
-                                                                  rootName);
+        const QString server = qEnvironmentVariable("VORDPM_BENCH_SERVER_ROOT");
+        CVorDPMManager::GetVorDPMManager()->SetDPMLibraryRootPath(
+            server.isEmpty() ? home + QLatin1Char('/') + rootName : server);
     }
 
     // True when the root holds `library` already (written by an earlier run).
