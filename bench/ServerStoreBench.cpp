@@ -5,7 +5,6 @@
 // database VORDPM_BENCH_PG_URI names.
 #include <benchmark/benchmark.h>
 #include <libpq-fe.h>
-#include <malloc.h>
 #include <unistd.h>
 
 #include <QProcess>
@@ -158,15 +157,3 @@ void BM_ListLibraryOf10000Definitions(benchmark::State& state) {
 BENCHMARK(BM_ListLibraryOf10000Definitions)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    // As in StoreBench: freed memory stays with the process, so that each load reuses what the
-    // one before it had and neither root pays page faults that the other does not.
-    mallopt(M_TRIM_THRESHOLD, 1 << 30);
-    mallopt(M_MMAP_THRESHOLD, 1 << 30);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
