@@ -32,7 +32,7 @@ bool CVorDPMDBBase::EnsureLoaded() const {
         m_state = Loaded;
         return true;
     }
-    m_state = Failed;
+    m_state = m_storage->LoadMayBeRetried() ? NotLoaded : Failed;
     for (const auto& table : m_tables) table->Clear();
     return false;
 }

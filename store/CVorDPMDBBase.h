@@ -47,7 +47,8 @@ public:
     bool IsChanged() const;
     // Reads the file on the first use of its tables; false when it cannot be read (the reason
     // is GetLoadError() and the store's last error). The tables of such a file stay empty and
-    // take no rows, so nothing can be written over it.
+    // take no rows, so nothing can be written over it; one that failed because its server was
+    // unreachable is read again on its next use.
     bool EnsureLoaded() const;
     const QString& GetLoadError() const { return m_loadError; }
     // For a file made new in memory: there is nothing to read.

@@ -11,6 +11,7 @@ CVorDPMPgConnection::~CVorDPMPgConnection() {
 }
 
 bool CVorDPMPgConnection::Ensure() {
+    m_lost = false;
     if (m_conn && PQstatus(m_conn) == CONNECTION_OK) return true;
     // A connection that was lost is dropped and made anew, so that the next call works once
     // the server is back.
@@ -18,6 +19,7 @@ bool CVorDPMPgConnection::Ensure() {
     m_conn = PQconnectdb(m_conninfo.constData());
     if (PQstatus(m_conn) == CONNECTION_OK) return true;
     m_sqlState.clear();
+    m_lost = true;
     m_error = QCoreApplication::translate("VorDPMStore", "%1: 无法连接数据库服务器(%2)")
                   .arg(m_shown, QString::fromUtf8(PQerrorMessage(m_conn)).trimmed());
     return false;
@@ -61,7 +63,8 @@ void CVorDPMPgConnection::Rollback() {
 bool CVorDPMPgConnection::Fail(const PGresult* result) {
     const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
     m_sqlState = state ? QByteArray(state) : QByteArray();
-    if (PQstatus(m_conn) != CONNECTION_OK || m_sqlState.startsWith("08")) {
+    m_lost = PQstatus(m_conn) != CONNECTION_OK || m_sqlState.startsWith("08");
+    if (m_lost) {
         m_error = QCoreApplication::translate(
                       "VorDPMStore", "%1: 与数据库服务器的连接已断开，未写入任何内容；请稍后重试")
                       .arg(m_shown);

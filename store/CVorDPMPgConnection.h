@@ -56,6 +56,9 @@ public:
     // The SQLSTATE of the last failed statement; empty when the connection failed.
     const QByteArray& SqlState() const { return m_sqlState; }
     bool UniqueViolation() const { return m_sqlState == "23505"; }
+    // True when the last statement failed because the server was unreachable or the connection
+    // was lost.
+    bool Lost() const { return m_lost; }
 
 private:
     bool Fail(const PGresult* result);
@@ -65,6 +68,7 @@ private:
     PGconn* m_conn = nullptr;
     QString m_error;
     QByteArray m_sqlState;
+    bool m_lost = false;
 };
 
 // Binary forms of values for parameters and results (network byte order).

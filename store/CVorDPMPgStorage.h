@@ -30,6 +30,7 @@ public:
     std::unique_ptr<CVorDPMShelf> Shelf(const QString& library, quint32 kind) override;
 
     bool Load(CVorDPMDBBase& file, QString& error) override;
+    bool LoadMayBeRetried() const override { return m_db.Lost(); }
     bool Exists(const CVorDPMDBBase& file) override;
     VOR::ErrorStatus WriteNew(CVorDPMDBBase& file) override;
     bool WriteChanges(const std::vector<CVorDPMDBBase*>& files) override;

@@ -63,6 +63,9 @@ public:
     // Reads every table of the container into `file`; false with the reason in `error` when it
     // cannot be used as it is stored.
     virtual bool Load(CVorDPMDBBase& file, QString& error) = 0;
+    // True when the last Load failed only because the storage could not be reached (a server
+    // that is down): the container is read again on its next use instead of staying unusable.
+    virtual bool LoadMayBeRetried() const { return false; }
     // True when the container is stored.
     virtual bool Exists(const CVorDPMDBBase& file) = 0;
     // Stores a container made in memory, every live row; eNameExists when one of its name
