@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include "BenchData.h"
+#include "BenchSaves.h"
 #include "BenchScratch.h"
 #include "CVorDPMManager.h"
 #include "VorDPMServerRoot.h"
@@ -128,17 +129,7 @@ BENCHMARK(BM_LoadDefinitionOf100kRows)->Arg(0)->Arg(1)->Unit(benchmark::kMillise
 void BM_SaveOneChangedRowOf100kRows(benchmark::State& state) {
     UseRoot(state);
     Manager()->DiscardChanges();
-    CVorDPMDPD* dpd = Definition(QStringLiteral("Large"));
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd->GetAllProperty(properties);
-    CKZList<CVorDPM_DPD_Serial*> rows;
-    dpd->GetAllSerial(rows);
-    CVorDPM_DPD_Serial* row = rows.GetAt(rows.GetCount() / 2);
-    int round = 0;
-    for (auto _ : state) {
-        row->SetValue(QString::number(++round), properties.GetAt(0)->GetObjectId());
-        if (Manager()->SaveWork() != 1) state.SkipWithError("save failed");
-    }
+    BenchSaves::SaveOneChangedRow(state, *Definition(QStringLiteral("Large")));
 }
 BENCHMARK(BM_SaveOneChangedRowOf100kRows)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 

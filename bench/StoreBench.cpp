@@ -11,6 +11,7 @@
 
 #include "BenchData.h"
 #include "BenchLibraryRoot.h"
+#include "BenchSaves.h"
 #include "CVorDPMManager.h"
 #include "VorDPMNames.h"
 
@@ -234,17 +235,7 @@ BENCHMARK(BM_PlainSQLiteRead)->Arg(kSeries)->Arg(kHugeSeries)->Unit(benchmark::k
 void SaveOneChangedRow(benchmark::State& state, const QString& name) {
     BenchRoot::Get();
     Manager()->DiscardChanges();
-    CVorDPMDPD* dpd = Definition(name);
-    CKZList<CVorDPM_DPD_Property*> properties;
-    dpd->GetAllProperty(properties);
-    CKZList<CVorDPM_DPD_Serial*> rows;
-    dpd->GetAllSerial(rows);
-    CVorDPM_DPD_Serial* row = rows.GetAt(rows.GetCount() / 2);
-    int round = 0;
-    for (auto _ : state) {
-        row->SetValue(QString::number(++round), properties.GetAt(0)->GetObjectId());
-        if (Manager()->SaveWork() != 1) state.SkipWithError("save failed");
-    }
+    BenchSaves::SaveOneChangedRow(state, *Definition(name));
 }
 
 void BM_SaveOneRowOf100kRows(benchmark::State& state) {

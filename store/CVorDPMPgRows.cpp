@@ -7,11 +7,7 @@
 
 bool CVorDPMPgRows::Open(const QString& library, quint32 kind, const QString& name,
                          QString& error) {
-    if (!m_db.Run("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY")) {
-        error = m_db.Error();
-        return false;
-    }
-    m_container = CVorDPMPgStorage::FindContainer(m_db, library, kind, name);
+    m_container = CVorDPMPgStorage::BeginSnapshot(m_db, library, kind, name);
     if (m_container > 0) return true;
     error = m_container < 0 ? m_db.Error() : VorDPMReasons::GoneElsewhere(m_path);
     return false;

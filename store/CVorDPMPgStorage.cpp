@@ -25,6 +25,11 @@ QString Key(const QString& name) {
 #define VORDPM_LIBRARY \
     "(SELECT id FROM vordpm.libraries WHERE name_key = $1 AND trashed_at IS NULL)"
 
+// The live container of library $1, kind $2 and key $3, with its generation.
+#define VORDPM_FIND_CONTAINER                                                         \
+    "SELECT id, generation FROM vordpm.containers WHERE library_id = " VORDPM_LIBRARY \
+    " AND kind = $2 AND name_key = $3 AND trashed_at IS NULL"
+
 // Rows go to the server in batches of this many, each one statement.
 constexpr size_t kBatchRows = 5000;
 
@@ -208,18 +213,18 @@ qint64 CVorDPMPgStorage::FindContainer(CVorDPMPgConnection& db, const QString& l
                                        quint32 kind, const QString& name, qint64* generation,
                                        bool lock) {
     PgResult result =
-        db.Exec(lock ? "SELECT id, generation FROM vordpm.containers "
-                       "WHERE library_id = " VORDPM_LIBRARY
-                       " AND kind = $2 AND name_key = $3 AND trashed_at IS NULL "
-                       "FOR UPDATE"
-                     : "SELECT id, generation FROM vordpm.containers "
-                       "WHERE library_id = " VORDPM_LIBRARY
-                       " AND kind = $2 AND name_key = $3 AND trashed_at IS NULL",
+        db.Exec(lock ? VORDPM_FIND_CONTAINER " FOR UPDATE" : VORDPM_FIND_CONTAINER,
                 {PgParam::Text(Key(library)), PgParam::Number(kind), PgParam::Text(Key(name))});
     if (!result) return -1;
     if (PQntuples(result.get()) == 0) return 0;
     if (generation) *generation = QByteArray(PQgetvalue(result.get(), 0, 1)).toLongLong();
     return QByteArray(PQgetvalue(result.get(), 0, 0)).toLongLong();
+}
+
+qint64 CVorDPMPgStorage::BeginSnapshot(CVorDPMPgConnection& db, const QString& library,
+                                       quint32 kind, const QString& name, qint64* generation) {
+    if (!db.Run("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY")) return -1;
+    return FindContainer(db, library, kind, name, generation);
 }
 
 bool CVorDPMPgStorage::ReadRows(CVorDPMPgConnection& db, qint64 id, const CVorDPMClassInfo& info,
@@ -253,11 +258,8 @@ bool CVorDPMPgStorage::ReadRows(CVorDPMPgConnection& db, qint64 id, const CVorDP
 
 bool CVorDPMPgStorage::Load(CVorDPMDBBase& file, QString& error) {
     if (!Ready()) return ReadFailed(VorDPMLastError::Get(), error);
-    // One snapshot: a concurrent save is seen whole or not at all.
-    if (!m_db.Run("BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY"))
-        return ReadFailed(m_db.Error(), error);
     qint64 generation = 0;
-    const qint64 id = FindContainer(m_db, file.GetLibraryName(), file.GetApplicationId(),
+    const qint64 id = BeginSnapshot(m_db, file.GetLibraryName(), file.GetApplicationId(),
                                     file.GetName(), &generation);
     bool ok = id > 0;
     if (!ok)

@@ -48,6 +48,10 @@ public:
     static qint64 FindContainer(CVorDPMPgConnection& db, const QString& library, quint32 kind,
                                 const QString& name, qint64* generation = nullptr,
                                 bool lock = false);
+    // Begins a read-only snapshot, in which a concurrent save is seen whole or not at all, and
+    // finds the container in it as FindContainer does.
+    static qint64 BeginSnapshot(CVorDPMPgConnection& db, const QString& library, quint32 kind,
+                                const QString& name, qint64* generation = nullptr);
     // Reads the rows of the table of `info` of container `id` in id order (see
     // CVorDPMRowSource::ReadRows).
     static bool ReadRows(CVorDPMPgConnection& db, qint64 id, const CVorDPMClassInfo& info,
