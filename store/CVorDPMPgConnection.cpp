@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QtEndian>
+#include <cstring>
 
 CVorDPMPgConnection::CVorDPMPgConnection(QByteArray conninfo, QString shown)
     : m_conninfo(std::move(conninfo)), m_shown(std::move(shown)) {}
@@ -47,6 +48,26 @@ PgResult CVorDPMPgConnection::Exec(const char* sql, const std::vector<PgParam>& 
 
 bool CVorDPMPgConnection::Run(const char* sql, const std::vector<PgParam>& params) {
     return Exec(sql, params) != nullptr;
+}
+
+bool CVorDPMPgConnection::CopyOut(const char* sql,
+                                  const std::function<bool(QByteArrayView)>& message) {
+    if (!Ensure()) return false;
+    PgResult started(PQexec(m_conn, sql));
+    if (!started || PQresultStatus(started.get()) != PGRES_COPY_OUT) return Fail(started.get());
+    bool wanted = true;
+    char* data = nullptr;
+    int size = 0;
+    while ((size = PQgetCopyData(m_conn, &data, 0)) > 0) {
+        if (wanted) wanted = message(QByteArrayView(data, size));
+        PQfreemem(data);
+    }
+    // The copy is over (or the connection failed): its outcome is the next result.
+    PgResult finished(PQgetResult(m_conn));
+    while (PgResult rest{PQgetResult(m_conn)}) {
+    }
+    if (finished && PQresultStatus(finished.get()) == PGRES_COMMAND_OK) return true;
+    return Fail(finished.get());
 }
 
 bool CVorDPMPgConnection::RunScript(const char* sql) {
@@ -127,6 +148,42 @@ QByteArray ByteaArray(const std::vector<QByteArray>& values) {
         out.append(value);
     }
     return out;
+}
+
+CopyRows::Kind CopyRows::Read(QByteArrayView message) {
+    qsizetype at = 0;
+    if (!m_headerRead) {
+        if (!SkipHeader(message, at)) return Kind::Broken;
+        m_headerRead = true;
+        if (at == message.size()) return Kind::Header;
+    }
+    if (message.size() - at < 2) return Kind::Broken;
+    const qint16 count = qFromBigEndian<qint16>(message.data() + at);
+    at += 2;
+    if (count == -1) return at == message.size() ? Kind::End : Kind::Broken;
+    m_fields.clear();
+    for (qint16 i = 0; i < count; ++i) {
+        if (message.size() - at < 4) return Kind::Broken;
+        const qint32 length = qFromBigEndian<qint32>(message.data() + at);
+        at += 4;
+        // -1 is a null, which no column the store reads may hold.
+        if (length < 0 || length > message.size() - at) return Kind::Broken;
+        m_fields.emplace_back(message.data() + at, length);
+        at += length;
+    }
+    return at == message.size() ? Kind::Row : Kind::Broken;
+}
+
+bool CopyRows::SkipHeader(QByteArrayView message, qsizetype& at) const {
+    // The signature with its final zero byte, the flags, and the length of the extension area.
+    static constexpr char kSignature[] = "PGCOPY\n\377\r\n";
+    constexpr qsizetype kFixed = sizeof kSignature + 4 + 4;
+    if (message.size() < kFixed || std::memcmp(message.data(), kSignature, sizeof kSignature) != 0)
+        return false;
+    const qint32 extension = qFromBigEndian<qint32>(message.data() + kFixed - 4);
+    if (extension < 0 || extension > message.size() - kFixed) return false;
+    at = kFixed + extension;
+    return true;
 }
 
 }  // namespace PgBinary

@@ -6,10 +6,14 @@
 #include <libpq-fe.h>
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <vector>
+
+#include "VorDPMExport.h"
 
 // A statement's result; cleared when it goes.
 struct PgResultDeleter {
@@ -46,6 +50,11 @@ public:
                   bool binaryResult = false);
     // Runs a statement that returns no rows; false on failure.
     bool Run(const char* sql, const std::vector<PgParam>& params = {});
+    // Runs `sql`, a COPY ... TO STDOUT, and hands each message of its data to `message` as it
+    // arrives, so that a large table is never held whole. Once `message` returns false the rest
+    // is read and dropped, leaving the connection ready for the next statement. False with
+    // Error() set when the statement or the connection failed.
+    bool CopyOut(const char* sql, const std::function<bool(QByteArrayView)>& message);
     // Runs several statements without parameters (the schema script); false on failure.
     bool RunScript(const char* sql);
     // Ends a transaction that failed; the connection is usable afterwards.
@@ -78,4 +87,22 @@ qint64 ReadInt8(const char* bytes);
 // A one-dimensional array of int4 (`oid` 23) or bytea (17) elements.
 QByteArray Int4Array(const std::vector<qint32>& values);
 QByteArray ByteaArray(const std::vector<QByteArray>& values);
+
+// Splits the messages of a COPY ... TO STDOUT (FORMAT binary) into fields. The server sends one
+// row per message: the stream's header comes first (before the first row, or alone), and the
+// end mark alone.
+class VORDPM_API CopyRows {
+public:
+    enum class Kind { Header, Row, End, Broken };
+    // Reads the next message; a Row's fields are then Fields(), views into the message.
+    Kind Read(QByteArrayView message);
+    const std::vector<QByteArrayView>& Fields() const { return m_fields; }
+
+private:
+    // Skips the header at `at`; false when it is not there.
+    bool SkipHeader(QByteArrayView message, qsizetype& at) const;
+
+    bool m_headerRead = false;
+    std::vector<QByteArrayView> m_fields;
+};
 }  // namespace PgBinary

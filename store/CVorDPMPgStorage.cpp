@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <optional>
 #include <tuple>
 
 #include "CVorDPMDBBase.h"
@@ -32,6 +33,26 @@ QString Key(const QString& name) {
 
 // Rows go to the server in batches of this many, each one statement.
 constexpr size_t kBatchRows = 5000;
+
+// COPY takes no parameters, so the container and table of a read go in as settings of its
+// transaction, set by a parameterised statement, and the COPY's text is always the same. The
+// planner is held to the key's index for the rest of the transaction: right after a bulk write,
+// before the server has statistics of the rows, it would rather read them in heap order and
+// sort all of them, on disk when they are many.
+bool ChooseRows(CVorDPMPgConnection& db, qint64 container, const QString& table) {
+    return db.Run(
+        "SELECT set_config('vordpm.read_container', $1, true), "
+        "set_config('vordpm.read_table', $2, true), set_config('enable_sort', 'off', true), "
+        "set_config('enable_seqscan', 'off', true), set_config('enable_bitmapscan', 'off', true)",
+        {PgParam::Number(container), PgParam::Text(table)});
+}
+
+// The rows that ChooseRows chose, in id order, in binary.
+const char* const kCopyChosenRows =
+    "COPY (SELECT object_id, fields FROM vordpm.container_rows "
+    "WHERE container_id = current_setting('vordpm.read_container')::bigint "
+    "AND table_name = current_setting('vordpm.read_table') ORDER BY object_id) "
+    "TO STDOUT (FORMAT binary)";
 
 bool ReadFailed(const QString& reason, QString& error) {
     error = reason;
@@ -231,28 +252,45 @@ bool CVorDPMPgStorage::ReadRows(CVorDPMPgConnection& db, qint64 id, const CVorDP
                                 const QString& path, const std::function<CVorDPMObject&()>& nextRow,
                                 const std::function<void(CVorDPMObject&, int)>& take,
                                 QString& error) {
-    // The whole table in one statement, in binary: one round trip however many rows it has.
-    PgResult result = db.Exec(
-        "SELECT object_id, fields FROM vordpm.container_rows "
-        "WHERE container_id = $1 AND table_name = $2 ORDER BY object_id",
-        {PgParam::Number(id), PgParam::Text(QString::fromLatin1(info.tableName))}, true);
-    if (!result) return ReadFailed(db.Error(), error);
-    PGresult* rows = result.get();
-    for (int i = 0; i < PQntuples(rows); ++i) {
-        const int objectId = PgBinary::ReadInt4(PQgetvalue(rows, i, 0));
-        CVorDPMPackedFiler filer(PQgetvalue(rows, i, 1), PQgetlength(rows, i, 1));
+    const QString table = QString::fromLatin1(info.tableName);
+    if (!ChooseRows(db, id, table)) return ReadFailed(db.Error(), error);
+    // The rows stream in, in binary, and each is made into its object as it arrives: the
+    // server reads on while this process decodes, and no copy of the whole table is held.
+    PgBinary::CopyRows copy;
+    bool ended = false;
+    std::optional<int> damaged;
+    const bool read = db.CopyOut(kCopyChosenRows, [&](QByteArrayView message) {
+        const PgBinary::CopyRows::Kind kind = copy.Read(message);
+        if (kind == PgBinary::CopyRows::Kind::Header) return true;
+        ended = kind == PgBinary::CopyRows::Kind::End;
+        if (kind != PgBinary::CopyRows::Kind::Row) return false;
+        const std::vector<QByteArrayView>& fields = copy.Fields();
+        if (fields.size() != 2 || fields[0].size() != 4) return false;
+        const int objectId = PgBinary::ReadInt4(fields[0].data());
+        CVorDPMPackedFiler filer(fields[1].data(), fields[1].size());
         CVorDPMObject& row = nextRow();
         row.VorDPMInFields(&filer);
-        if (!filer.Intact())
-            return ReadFailed(
-                QCoreApplication::translate("VorDPMStore", "%1: 表 %3 的第 %2 行已损坏，无法读取")
-                    .arg(path)
-                    .arg(objectId)
-                    .arg(QString::fromLatin1(info.tableName)),
-                error);
+        if (!filer.Intact()) {
+            damaged = objectId;
+            return false;
+        }
         row.m_objectId = objectId;
         take(row, objectId);
-    }
+        return true;
+    });
+    if (!read) return ReadFailed(db.Error(), error);
+    if (damaged)
+        return ReadFailed(
+            QCoreApplication::translate("VorDPMStore", "%1: 表 %3 的第 %2 行已损坏，无法读取")
+                .arg(path)
+                .arg(*damaged)
+                .arg(table),
+            error);
+    if (!ended)
+        return ReadFailed(QCoreApplication::translate(
+                              "VorDPMStore", "%1: 数据库服务器发来的表 %2 不完整，无法读取")
+                              .arg(path, table),
+                          error);
     return true;
 }
 

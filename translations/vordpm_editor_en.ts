@@ -2480,6 +2480,10 @@
         <source>%1: 由较新的 vordpm 建立(结构版本 %2)；本程序只认识版本 %3</source>
         <translation>%1: made by a newer vordpm, schema %2; this one knows %3</translation>
     </message>
+    <message>
+        <source>%1: 数据库服务器发来的表 %2 不完整，无法读取</source>
+        <translation>%1: table %2 came from the database server incomplete and cannot be read</translation>
+    </message>
 </context>
 <context>
     <name>VorDPMTemplateTree</name>
