@@ -11,10 +11,6 @@
 
 namespace {
 
-QStringList Entries(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-}
-
 const QString kOutsideTheRoot = QStringLiteral("指向库根目录");
 
 }  // namespace

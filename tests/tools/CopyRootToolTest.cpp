@@ -5,15 +5,13 @@
 #include "CVorDPMShelf.h"
 #include "CVorDPMStorage.h"
 #include "CVorDPMTemplateManager.h"
-#include "CVorDPM_DPD_Dps.h"
-#include "CVorDPM_DPD_Image.h"
 #include "CVorDPM_DPOUNIT_Unit.h"
-#include "ToolRunner.h"
 #include "VorDPMContainers.h"
 #include "VorDPMFileKinds.h"
 #include "support/RootComparison.h"
 #include "support/StoreFileEdits.h"
 #include "support/StoreTestBase.h"
+#include "support/ToolRunner.h"
 
 using namespace VorDPMFileKinds;
 
@@ -40,28 +38,6 @@ protected:
         unit->SetConversion(0.001);
         ASSERT_EQ(Manager()->GetCommonManager()->GetUnitDPO()->AddUnit(unit), VOR::eOk);
         SaveAndReopen();
-    }
-
-    static void FillDefinition(CVorDPMDPDBase* dpd) {
-        const int d = AddProperty(dpd, QStringLiteral("d"))->GetObjectId();
-        const CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("螺栓"));
-        auto* picture = new CVorDPM_DPD_Image;
-        picture->SetName(QStringLiteral("front"));
-        picture->SetImage(CBinaryData(QByteArray("\x89PNG\0\1\2", 7)));
-        EXPECT_EQ(dpd->AddImage(picture), VOR::eOk);
-        auto* script = new CVorDPM_DPD_Dps;
-        script->SetName(QStringLiteral("shape"));
-        script->SetContent(CBinaryData(QByteArray("draw()")));
-        EXPECT_EQ(dpd->AddDps(script), VOR::eOk);
-        for (const char* size : {"M10", "M12", "M16"})
-            AddSerial(dpd, product)->SetValue(QString::fromLatin1(size), d);
-        CKZList<CVorDPM_DPD_Serial*> rows;
-        dpd->GetAllSerial(rows);
-        rows.GetAt(1)->SetDeleted(1);
-        auto* version = new CVorDPM_Version;
-        version->SetVersion(1.5);
-        version->SetAuthor(QStringLiteral("keeper"));
-        EXPECT_EQ(dpd->AddVersion(version), VOR::eOk);
     }
 
     // Writes a container into the root at `path` behind the store's managers; `fill` puts rows
@@ -104,14 +80,6 @@ TEST_F(CopyRootToolTest, CopiesEveryContainerWithIdsBlobsAndVersions) {
         EXPECT_EQ(RootComparison::Differences(source, target), QStringList())
             << source.toStdString();
     }
-    // The comparison itself sees a changed value, a renumbered row and a missing template.
-    const QString copy = root.Path() + QStringLiteral("-copy");
-    Exec(copy + QStringLiteral("/QXMaterial/HexBolt.DPD"),
-         "UPDATE serial SET vals = replace(vals, 'M16', 'M20')");
-    Exec(copy + QStringLiteral("/QXMEP/Pipe.DPD"), "UPDATE property SET id = 7");
-    QFile::remove(copy + QStringLiteral("/templates/Flange.DPT"));
-    EXPECT_EQ(RootComparison::Differences(root.Path(), copy).size(), 3)
-        << RootComparison::Differences(root.Path(), copy).join('\n').toStdString();
 }
 
 TEST_F(CopyRootToolTest, RefusesATargetHoldingDataUnlessMerging) {
