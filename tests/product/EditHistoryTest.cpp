@@ -3,11 +3,7 @@
 // paste, in-place edit and delete alike; a save writes the state reached and starts anew.
 #include <QClipboard>
 
-#include "CVorDPMDPD.h"
-#include "controls/CVorDPMListCtrlEx.h"
-#include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMDefinitionList.h"
-#include "product/CVorDPMSeriesSheet.h"
 #include "product/ProductTestBase.h"
 
 namespace {
@@ -27,35 +23,17 @@ void PrintTo(const State& state, std::ostream* out) {
          << state.products.join(',').toStdString();
 }
 
-struct EditHistoryTest : ProductTestBase {
+struct EditHistoryTest : CreateProductDlgTestBase {
     void SetUp() override {
-        ProductTestBase::SetUp();
-        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        series = List(CVorDPMEditProductDlg::IDC_SERIES_LIST);
+        CreateProductDlgTestBase::SetUp();
+        series = SeriesList();
         undo = dialog->findChild<QToolButton*>(QStringLiteral("undoEdit"));
         redo = dialog->findChild<QToolButton*>(QStringLiteral("redoEdit"));
         ASSERT_TRUE(series && undo && redo);
-        length = m_length->GetObjectId();
     }
 
-    void TearDown() override {
-        dialog.reset();
-        ProductTestBase::TearDown();
-    }
-
-    CVorDPMListCtrlEx* List(int id) const {
-        return dialog->findChild<CVorDPMListCtrlEx*>(QString::number(id));
-    }
-
-    void SelectRow(CVorDPMListCtrlEx* list, int row, int column) const {
-        const QModelIndex index = list->model()->index(row, column);
-        list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        list->selectionModel()->select(
-            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        list->setFocus();
+    static void SelectRow(CVorDPMListCtrlEx* list, int row, int column) {
+        SelectRows(list, row, row, column);
     }
 
     void ClickButton(int table, int command) const {
@@ -64,12 +42,10 @@ struct EditHistoryTest : ProductTestBase {
                           Qt::LeftButton);
     }
 
-    // The store's state, checked against what the series list shows.
+    // The store's state, checked against what the series list shows while the dialog is open.
     State Now() const {
-        State state;
-        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-            state.lengths.append(row->GetValue(length));
-        state.products = ProductNames(m_dpd);
+        const State state{Lengths(), ProductNames(m_dpd)};
+        if (!dialog) return state;
         QStringList shown;
         for (int row = 0; row < series->model()->rowCount(); ++row)
             shown.append(series->model()->index(row, kLengthColumn).data().toString());
@@ -85,15 +61,9 @@ struct EditHistoryTest : ProductTestBase {
         return rows;
     }
 
-    QLineEdit* CellEditor() const {
-        return series->findChild<QLineEdit*>(CVorDPMSeriesSheet::kEditorName);
-    }
-
-    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
     CVorDPMListCtrlEx* series = nullptr;
     QToolButton* undo = nullptr;
     QToolButton* redo = nullptr;
-    int length = 0;
 };
 
 TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
@@ -158,11 +128,7 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     EXPECT_FALSE(redo->isEnabled());
     dialog.reset();
     Reload();
-    State saved;
-    for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-        saved.lengths.append(row->GetValue(length));
-    saved.products = ProductNames(m_dpd);
-    EXPECT_EQ(saved, expected[3]);
+    EXPECT_EQ(Now(), expected[3]);
 }
 
 // Undo and redo belong to the dialog's unsaved edits: leaving without a save drops a redone
