@@ -32,10 +32,6 @@ struct EditHistoryTest : CreateProductDlgTestBase {
         ASSERT_TRUE(series && undo && redo);
     }
 
-    static void SelectRow(CVorDPMListCtrlEx* list, int row, int column) {
-        SelectRows(list, row, row, column);
-    }
-
     void ClickButton(int table, int command) const {
         QTest::mouseClick(VorDPMControlId::Find<QToolButton>(
                               dialog.get(), CVorDPMEditProductDlg::ButtonId(table, command)),
@@ -69,17 +65,17 @@ struct EditHistoryTest : CreateProductDlgTestBase {
 TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     std::vector<State> states{Now()};
     // Record editor: the first product renamed.
-    SelectRow(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST), 0, 0);
+    SelectRows(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST), 0, 0, 0);
     ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M10")}}));
     ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
     states.push_back(Now());
     // Paste over the second row, adding a third.
     QApplication::clipboard()->setText("2\t1\t1\t40\n2\t1\t1\t50\n");
-    SelectRow(series, 1, kProductColumn);
+    SelectRows(series, 1, 1, kProductColumn);
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     states.push_back(Now());
     // In-place edit of the first row's length.
-    SelectRow(series, 0, kLengthColumn);
+    SelectRows(series, 0, 0, kLengthColumn);
     QTest::keyClicks(series, "7");
     auto* editor = CellEditor();
     ASSERT_TRUE(editor);
@@ -87,7 +83,7 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     QTest::keyClick(editor, Qt::Key_Return);
     states.push_back(Now());
     // The second row deleted with the list's button (it registers the row after deleting it).
-    SelectRow(series, 1, 0);
+    SelectRows(series, 1, 1, 0);
     ClickButton(CVorDPMEditProductDlg::Series, CVorDPMDefinitionList::Delete);
     states.push_back(Now());
 
@@ -135,7 +131,7 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
 // product too. A refused paste changes nothing and so is no step.
 TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
     QApplication::clipboard()->setText("x\t1\t1\t41\n");
-    SelectRow(series, 0, kProductColumn);
+    SelectRows(series, 0, 0, kProductColumn);
     ui.ExpectMessage(QStringLiteral("第 1 行第 3 列: 不是整数: x"));
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     EXPECT_FALSE(undo->isEnabled());
@@ -155,7 +151,7 @@ TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
 // undo takes back. An edit accepted without a change is none (redo stays as it was).
 TEST_F(EditHistoryTest, CancelledRecordEditIsAStepAndAnUnchangedOneIsNone) {
     auto* products = List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST);
-    SelectRow(products, 0, 0);
+    SelectRows(products, 0, 0, 0);
     ui.ExpectDialog(Filling([](QDialog* editor) {
         TypeInto(Grid(editor), QStringLiteral("产品名"), QStringLiteral("M99"));
     }));
@@ -165,7 +161,7 @@ TEST_F(EditHistoryTest, CancelledRecordEditIsAStepAndAnUnchangedOneIsNone) {
     undo->click();
     EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
 
-    SelectRow(products, 1, 0);
+    SelectRows(products, 1, 1, 0);
     ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M8")}}));
     ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
     EXPECT_TRUE(redo->isEnabled()) << "no step was pushed over the undone one";
@@ -187,10 +183,10 @@ struct OpenCellEditorTest : EditHistoryTest, testing::WithParamInterface<OpenCel
 TEST_P(OpenCellEditorTest, TypingNeverBecomesAStep) {
     const OpenCellCase& test = GetParam();
     QApplication::clipboard()->setText("2\t1\t1\t40\n");
-    SelectRow(series, 1, kProductColumn);
+    SelectRows(series, 1, 1, kProductColumn);
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     if (test.undoneFirst) undo->click();
-    SelectRow(series, 1, kLengthColumn);
+    SelectRows(series, 1, 1, kLengthColumn);
     QTest::keyClicks(series, "9");
     QLineEdit* editor = CellEditor();
     ASSERT_TRUE(editor && editor->hasFocus());

@@ -131,13 +131,6 @@ TEST_F(CopyRootToolTest, MergeAddsWhatTheTargetLacksAndKeepsWhatItHas) {
     EXPECT_TRUE(run.out.contains(QStringLiteral("2 left as the target has them")))
         << run.out.toStdString();
     EXPECT_EQ(ReadAll(kept), theirs);
-    // Only what the target had differs; everything it lacked is there.
-    const QStringList differences = RootComparison::Differences(root.Path(), m_target);
-    EXPECT_FALSE(differences.isEmpty());
-    for (const QString& difference : differences)
-        EXPECT_TRUE(difference.contains(QStringLiteral("QXMaterial/HexBolt.DPD")) ||
-                    difference.contains(QStringLiteral("QXMaterial/library.DPI")))
-            << difference.toStdString();
 
     // A second merge finds nothing left to add.
     const ToolRun again = Copy(root.Path(), m_target, true);
@@ -158,8 +151,6 @@ TEST_F(CopyRootToolTest, ReportsAnUnreadableContainerAndCopiesTheRest) {
     EXPECT_TRUE(lines[1].startsWith(QStringLiteral("vordpm: 1 not copied from ")))
         << lines[1].toStdString();
     EXPECT_TRUE(run.out.contains(QStringLiteral("1 not copied"))) << run.out.toStdString();
-    EXPECT_EQ(RootComparison::ContainerCount(m_target),
-              RootComparison::ContainerCount(root.Path()) - 1);
     EXPECT_EQ(RootComparison::Differences(root.Path(), m_target),
               QStringList{root.Path() + "/QXMEP/*.DPD: Pipe against "});
 }
