@@ -1,5 +1,7 @@
 #include "CVorDPMPgConnection.h"
 
+#include <poll.h>
+
 #include <QCoreApplication>
 #include <QtEndian>
 #include <cstring>
@@ -79,6 +81,15 @@ bool CVorDPMPgConnection::RunScript(const char* sql) {
 
 void CVorDPMPgConnection::Rollback() {
     if (m_conn && PQstatus(m_conn) == CONNECTION_OK) PQclear(PQexec(m_conn, "ROLLBACK"));
+}
+
+bool CVorDPMPgConnection::Reusable() const {
+    if (!m_conn || PQstatus(m_conn) != CONNECTION_OK || PQtransactionStatus(m_conn) != PQTRANS_IDLE)
+        return false;
+    // The server sends an idle session nothing unasked but the notice that ends it: anything
+    // waiting to be read means the session is gone.
+    pollfd waiting{PQsocket(m_conn), POLLIN, 0};
+    return poll(&waiting, 1, 0) == 0;
 }
 
 bool CVorDPMPgConnection::Fail(const PGresult* result) {

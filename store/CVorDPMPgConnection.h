@@ -68,6 +68,9 @@ public:
     // True when the last statement failed because the server was unreachable or the connection
     // was lost.
     bool Lost() const { return m_lost; }
+    // True when connected and outside any transaction, so that another pass may use it; false
+    // too when the server has ended the session meanwhile (a restart).
+    bool Reusable() const;
 
 private:
     bool Fail(const PGresult* result);

@@ -64,8 +64,9 @@ bool ReadFailed(const QString& reason, QString& error) {
 
 CVorDPMPgStorage::CVorDPMPgStorage(const QString& root)
     : CVorDPMStorage(VorDPMServerRoot::Shown(root)),
-      m_uri(VorDPMServerRoot::ConnectionUri(root)),
-      m_db(m_uri, Root()) {}
+      m_db(VorDPMServerRoot::ConnectionUri(root), Root()),
+      m_spares(std::make_shared<CVorDPMPgSpareConnections>(VorDPMServerRoot::ConnectionUri(root),
+                                                           Root())) {}
 
 bool CVorDPMPgStorage::Ready() {
     if (!m_db.Ensure()) return Fail();
@@ -462,7 +463,7 @@ std::unique_ptr<CVorDPMRowSource> CVorDPMPgStorage::OpenRows(const CVorDPMDBBase
         error = VorDPMLastError::Get();
         return nullptr;
     }
-    auto rows = std::make_unique<CVorDPMPgRows>(m_uri, Root(), file.GetFilePath());
+    auto rows = std::make_unique<CVorDPMPgRows>(m_spares, file.GetFilePath());
     if (rows->Open(file.GetLibraryName(), file.GetApplicationId(), file.GetName(), error))
         return rows;
     VorDPMLastError::Set(error);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "CVorDPMPgConnection.h"
+#include "CVorDPMPgSpareConnections.h"
 #include "CVorDPMStorage.h"
 
 class CVorDPMClassInfo;
@@ -72,7 +73,8 @@ private:
     // changes; the new generation, or 0 with the reason set.
     qint64 WriteChangedFile(CVorDPMDBBase& file);
 
-    QByteArray m_uri;
     CVorDPMPgConnection m_db;
+    // Connections for row passes, which each hold a snapshot of their own beside m_db.
+    std::shared_ptr<CVorDPMPgSpareConnections> m_spares;
     bool m_schemaChecked = false;
 };

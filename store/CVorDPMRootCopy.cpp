@@ -1,5 +1,8 @@
 #include "CVorDPMRootCopy.h"
 
+#include <algorithm>
+#include <span>
+
 #include "CVorDPMDBBase.h"
 #include "CVorDPMShelf.h"
 #include "CVorDPMStorage.h"
@@ -18,17 +21,19 @@ constexpr quint32 kLibraryPlaces[] = {VorDPMFileKinds::kCatalog, VorDPMFileKinds
 constexpr quint32 kCommonTables[] = {VorDPMFileKinds::kCommonProperty, VorDPMFileKinds::kCommonUnit,
                                      VorDPMFileKinds::kCommonInnerParam};
 
+bool OneOf(std::span<const quint32> kinds, quint32 kind) {
+    return std::ranges::find(kinds, kind) != kinds.end();
+}
+
 bool IsCommonTable(quint32 kind) {
-    return kind == VorDPMFileKinds::kCommonProperty || kind == VorDPMFileKinds::kCommonUnit ||
-           kind == VorDPMFileKinds::kCommonInnerParam;
+    return OneOf(kCommonTables, kind);
 }
 
 // Kinds whose new containers are made on their shelf (which may have to make their place, such
 // as a library's templates); the library information and the common tables are written straight
 // by the storage, as the store makes them on first use.
 bool LivesOnShelf(quint32 kind) {
-    return kind == VorDPMFileKinds::kCatalog || kind == VorDPMFileKinds::kDefinition ||
-           kind == VorDPMFileKinds::kTemplate;
+    return OneOf(kLibraryPlaces, kind);
 }
 
 qint64 LiveRows(const CVorDPMDBBase& file) {

@@ -1,7 +1,5 @@
 // Adding included products: the dialog opened from the catalog page, its tree, series list and
 // picture, its deliberately placed classification fields, and what OK enters into the store.
-#include <QBuffer>
-#include <QImage>
 #include <QLineEdit>
 #include <QSignalSpy>
 
@@ -12,6 +10,7 @@
 #include "catalog/CVorDPMContentAdder.h"
 #include "controls/CVorDPMListCtrlEx.h"
 #include "controls/CVorDPMPictureCtrl.h"
+#include "support/Pictures.h"
 
 namespace {
 
@@ -41,16 +40,6 @@ QStringList ClassTexts(const QDialog* dialog) {
     return texts;
 }
 
-QByteArray Png() {
-    QImage image(8, 6, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
 }  // namespace
 
 class AddProductDlgTest : public CatalogFixture {
@@ -69,7 +58,6 @@ TEST_F(AddProductDlgTest, TickedProductsGoUnderTheNodesClassificationsAndDuplica
     QSignalSpy modified(page.get(), &CDPMContentPage::Modified);
     QStringList shownClasses;
     OpenFromPage(Node({"紧固件", "螺母类"}), [&](QDialog* dialog) {
-        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("添加包含产品"));
         shownClasses = ClassTexts(dialog);
         Tick(dialog, {"QXMaterial", "标准件", "钢板"});
         Tick(dialog, {"QXMaterial", "标准件", "紧固件", "螺母类", "螺母"});
@@ -96,7 +84,7 @@ TEST_F(AddProductDlgTest, FromTheCatalogNodeTheProductsGoWithoutClassification) 
         Tick(dialog, {"QXMaterial", "标准件", "紧固件", "螺栓类", "六角", "螺栓"});
         Click(dialog, VorDPMControlId::IDOK);
     });
-    EXPECT_EQ(Column(page->GetContentReport(), CDPMContentPage::ContProduct),
+    EXPECT_EQ(ColumnTexts(page->GetContentReport(), CDPMContentPage::ContProduct),
               (QStringList{"钢板", "螺栓"}));
     EXPECT_TRUE(Contents(kLibrary, kCatalog).contains(QStringLiteral("螺栓://")));
 }
@@ -118,7 +106,8 @@ TEST_F(AddProductDlgTest, SeriesRowsShowTheirPicturesAndAnEmptyPictureKeepsTheLa
         AddProperty(washer, QStringLiteral("d"), QStringLiteral("公称直径"));
     CVorDPM_DPD_Product* product =
         AddProduct(washer, QStringLiteral("垫圈"), QStringLiteral("垫圈%d"));
-    const QByteArray pictures[] = {Png(), QByteArray(), QByteArray("no picture")};
+    const QByteArray pictures[] = {Encoded(Solid(8, 6, Qt::red)), QByteArray(),
+                                   QByteArray("no picture")};
     for (int i = 0; i < 3; ++i) {
         auto* image = new CVorDPM_DPD_Image;
         image->SetImage(CBinaryData(pictures[i]));

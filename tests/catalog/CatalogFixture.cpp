@@ -21,7 +21,8 @@ void CatalogFixture::SetUp() {
 
     CVorDPMDPC* standard = MakeCatalog(material, kCatalog);
     MakeEntry(standard, QStringLiteral("螺栓"), QStringLiteral("紧固件"), QStringLiteral("螺栓类"),
-              QStringLiteral("六角"));
+              QStringLiteral("六角"))
+        ->SetDescription(QStringLiteral("外六角"));
     MakeEntry(standard, QStringLiteral("螺母"), QStringLiteral("紧固件"), QStringLiteral("螺母类"));
     MakeEntry(standard, QStringLiteral("垫圈"), QStringLiteral("紧固件"));
     MakeEntry(standard, QStringLiteral("缺失"), QStringLiteral("紧固件"));
@@ -109,12 +110,8 @@ QTreeWidgetItem* CatalogFixture::Node(const QStringList& path) const {
 
 void CatalogFixture::SelectNode(QTreeWidgetItem* node) {
     ASSERT_TRUE(node);
-    CVorDPMTreeCtrlEx* tree = page->GetTreeCtrl();
-    for (QTreeWidgetItem* parent = node->parent(); parent; parent = parent->parent())
-        parent->setExpanded(true);
-    tree->scrollToItem(node);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(node).center());
-    ASSERT_EQ(tree->currentItem(), node);
+    ClickNode(page->GetTreeCtrl(), node);
+    ASSERT_EQ(page->GetTreeCtrl()->currentItem(), node);
 }
 
 void CatalogFixture::SelectRows(CVorDPMReportCtrlBase* report, const std::vector<int>& rows) {
@@ -124,14 +121,6 @@ void CatalogFixture::SelectRows(CVorDPMReportCtrlBase* report, const std::vector
         QTest::mouseClick(report->viewport(), Qt::LeftButton, Qt::ControlModifier,
                           report->visualRect(index).center());
     }
-}
-
-QStringList CatalogFixture::Column(const CVorDPMReportCtrlBase* report, int column) {
-    QStringList texts;
-    const QAbstractItemModel* model = report->model();
-    for (int row = 0; row < model->rowCount(); ++row)
-        texts << model->index(row, column).data().toString();
-    return texts;
 }
 
 std::vector<int> CatalogFixture::Icons(const CVorDPMReportCtrlBase* report) {

@@ -2,9 +2,10 @@
 // shown for one catalog, driven through its real widgets.
 //
 // QXMaterial: definitions 螺栓 (version 1.1), 螺母, 垫圈, 钢板; catalog 标准件 with
-//   螺栓 under 紧固件/螺栓类/六角, 螺母 under 紧固件/螺母类, 垫圈 and 缺失 (no file) under 紧固件,
-//   钢板 without classification, 扁钢 under 型材/螺母类 (same level-2 text elsewhere);
-//   references QXMEP/管道, QXMEP/阀门, 已删除库/目录, QXMEP/保温; an empty catalog 板材.
+//   螺栓 under 紧固件/螺栓类/六角 (described "外六角"), 螺母 under 紧固件/螺母类, 垫圈 and 缺失 (no
+//   file) under 紧固件, 钢板 without classification, 扁钢 under 型材/螺母类 (same level-2 text
+//   elsewhere); references QXMEP/管道, QXMEP/阀门, 已删除库/目录, QXMEP/保温; an empty catalog
+//   板材.
 // QXMEP: catalogs 管道 (version 1.5 "初版") and 阀门 (no version).
 #pragma once
 
@@ -43,7 +44,6 @@ protected:
     void SelectNode(QTreeWidgetItem* node);
     // Clicks the rows of a report, keeping the rows clicked before (Ctrl).
     static void SelectRows(CVorDPMReportCtrlBase* report, const std::vector<int>& rows);
-    static QStringList Column(const CVorDPMReportCtrlBase* report, int column);
     // Icon index of the contents report's rows.
     static std::vector<int> Icons(const CVorDPMReportCtrlBase* report);
 

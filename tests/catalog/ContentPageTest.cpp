@@ -20,12 +20,12 @@ class ContentPageTest : public CatalogFixture {};
 
 TEST_F(ContentPageTest, ReferencesShowTheirStatusVersionAndDescription) {
     const CVorDPMReportCtrlBase* report = Page().GetReferenceReport();
-    EXPECT_EQ(Column(report, Page::RefNumber), QStringList({"1", "2", "3", "4"}));
-    EXPECT_EQ(Column(report, Page::RefCatalog),
+    EXPECT_EQ(ColumnTexts(report, Page::RefNumber), QStringList({"1", "2", "3", "4"}));
+    EXPECT_EQ(ColumnTexts(report, Page::RefCatalog),
               QStringList({"QXMEP/管道", "QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
-    EXPECT_EQ(Column(report, Page::RefVersion), QStringList({"1.50", "0.00", "0.00", "0.00"}));
-    EXPECT_EQ(Column(report, Page::RefDescription), QStringList({"初版", "", "", ""}));
-    EXPECT_EQ(Column(report, Page::RefStatus),
+    EXPECT_EQ(ColumnTexts(report, Page::RefVersion), QStringList({"1.50", "0.00", "0.00", "0.00"}));
+    EXPECT_EQ(ColumnTexts(report, Page::RefDescription), QStringList({"初版", "", "", ""}));
+    EXPECT_EQ(ColumnTexts(report, Page::RefStatus),
               QStringList({"有效", "有效", "产品库无效", "产品目录无效"}));
     EXPECT_EQ(report->model()->headerData(Page::RefCatalog, Qt::Horizontal).toString(),
               QStringLiteral("外部目录"));
@@ -42,25 +42,26 @@ TEST_F(ContentPageTest, TreeHoldsTheClassificationsAndTheReportTheProductsOfANod
     // The root is selected first and shows the products without classification.
     const CVorDPMReportCtrlBase* report = page->GetContentReport();
     EXPECT_EQ(page->GetCurrentNode(), Node({}));
-    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"钢板"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContProduct), QStringList({"钢板"}));
 
     SelectNode(Node(QStringList({"紧固件"})));
-    EXPECT_EQ(Column(report, Page::ContNumber), QStringList({"1", "2"}));
-    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"垫圈", "缺失"}));
-    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"0.00", "0.00"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContNumber), QStringList({"1", "2"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContProduct), QStringList({"垫圈", "缺失"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContVersion), QStringList({"0.00", "0.00"}));
     EXPECT_THAT(Icons(report), ElementsAre(0, 1));
     EXPECT_EQ(page->GetSelectedNodePath(), QStringLiteral("标准件/紧固件/"));
 
     SelectNode(Node(QStringList({"紧固件", "螺栓类", "六角"})));
-    EXPECT_EQ(Column(report, Page::ContProduct), QStringList({"螺栓"}));
-    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"1.10"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContProduct), QStringList({"螺栓"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContVersion), QStringList({"1.10"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContDescription), QStringList({"外六角"}));
     // Read from the file while the definition is unchanged; from memory once it has changes.
     CVorDPMDPD* bolt = nullptr;
     Catalog(kLibrary, kCatalog)->GetVorDPMLibraryManager()->GetDPD(QStringLiteral("螺栓"), bolt);
     AddVersion(bolt, 2.5, QString());
     SelectNode(Node(QStringList({"紧固件"})));
     SelectNode(Node(QStringList({"紧固件", "螺栓类", "六角"})));
-    EXPECT_EQ(Column(report, Page::ContVersion), QStringList({"2.50"}));
+    EXPECT_EQ(ColumnTexts(report, Page::ContVersion), QStringList({"2.50"}));
 }
 
 TEST_F(ContentPageTest, APathWithoutACatalogEmptiesThePageAndDisablesItsCatalogCommands) {
@@ -84,7 +85,7 @@ TEST_F(ContentPageTest, RemovingReferencesMarksThemAndReachesTheFileOnlyOnSaving
     SelectRows(page->GetReferenceReport(), {1, 2});
     Click(page.get(), Page::IDC_REMOVE_REFERENCE);
 
-    EXPECT_EQ(Column(page->GetReferenceReport(), Page::RefCatalog),
+    EXPECT_EQ(ColumnTexts(page->GetReferenceReport(), Page::RefCatalog),
               QStringList({"QXMEP/管道", "QXMEP/保温"}));
     EXPECT_EQ(modified.count(), 0);
     Reopen();
@@ -99,7 +100,7 @@ TEST_F(ContentPageTest, RemovingReferencesMarksThemAndReachesTheFileOnlyOnSaving
 
 TEST_F(ContentPageTest, RemovingReferencesStopsAtOneThatCannotBeFound) {
     Page();
-    const QStringList before = Column(page->GetReferenceReport(), Page::RefCatalog);
+    const QStringList before = ColumnTexts(page->GetReferenceReport(), Page::RefCatalog);
     // The first selected row's reference goes away behind the page's back.
     CVorDPM_DPC_Include* gone = nullptr;
     Catalog(kLibrary, kCatalog)->GetInclude(QStringLiteral("QXMEP"), QStringLiteral("管道"), gone);
@@ -109,7 +110,7 @@ TEST_F(ContentPageTest, RemovingReferencesStopsAtOneThatCannotBeFound) {
     SelectRows(page->GetReferenceReport(), {0, 1});
     Click(page.get(), Page::IDC_REMOVE_REFERENCE);
 
-    EXPECT_EQ(Column(page->GetReferenceReport(), Page::RefCatalog), before) << "not reloaded";
+    EXPECT_EQ(ColumnTexts(page->GetReferenceReport(), Page::RefCatalog), before) << "not reloaded";
     EXPECT_EQ(References(kLibrary, kCatalog),
               QStringList({"QXMEP/阀门", "已删除库/目录", "QXMEP/保温"}));
 }
@@ -187,8 +188,16 @@ TEST_F(ContentPageTest, RenamingToASiblingsNameAsksAgainOnTheSameNode) {
     EXPECT_TRUE(Contents(kLibrary, kCatalog).contains(QStringLiteral("螺栓:紧固件/六角类/六角")));
 }
 
-TEST_F(ContentPageTest, RenameActsOnTheSelectedNodeNotTheOneRightClicked) {
+// Rename acts on the selected node, not the one right-clicked; the root, selected first, has no
+// rename.
+TEST_F(ContentPageTest, RenameActsOnTheSelectedNodeNotTheOneRightClickedNorOnTheRoot) {
     Page();
+    EXPECT_FALSE(
+        RightClickNode(Node({}), QStringLiteral("重命名分类")).at(QStringLiteral("重命名分类")));
+    EXPECT_TRUE(page->OnCommand(Page::ID_RENAME_CLASS));
+    EXPECT_FALSE(LabelEditor());
+    EXPECT_EQ(Node({})->text(0), kCatalog);
+
     SelectNode(Node(QStringList({"型材"})));
     const std::map<QString, bool> entries =
         RightClickNode(Node(QStringList({"紧固件"})), QStringLiteral("重命名分类"));
@@ -197,15 +206,6 @@ TEST_F(ContentPageTest, RenameActsOnTheSelectedNodeNotTheOneRightClicked) {
     FinishLabelEdit(QStringLiteral("钢材"));
     EXPECT_EQ(ChildTexts(Node({})), QStringList({"紧固件", "钢材"}));
     EXPECT_TRUE(Contents(kLibrary, kCatalog).contains(QStringLiteral("扁钢:钢材/螺母类/")));
-}
-
-TEST_F(ContentPageTest, TheRootCannotBeRenamed) {
-    Page();
-    const std::map<QString, bool> entries = RightClickNode(Node({}), QStringLiteral("重命名分类"));
-    EXPECT_FALSE(entries.at(QStringLiteral("重命名分类")));
-    EXPECT_TRUE(page->OnCommand(Page::ID_RENAME_CLASS));
-    EXPECT_FALSE(LabelEditor());
-    EXPECT_EQ(Node({})->text(0), kCatalog);
 }
 
 TEST_F(ContentPageTest, VersionButtonOpensTheCatalogsVersionHistory) {
@@ -230,7 +230,7 @@ TEST_F(ContentPageTest, AddReferenceReloadsTheReferencesWhateverTheDialogReturns
         Click(dialog, VorDPMControlId::IDOK);
     }));
     Click(page.get(), Page::IDC_ADD_REFERENCE);
-    EXPECT_EQ(Column(page->GetReferenceReport(), Page::RefCatalog).last(),
+    EXPECT_EQ(ColumnTexts(page->GetReferenceReport(), Page::RefCatalog).last(),
               QStringLiteral("QXMaterial/板材"));
 }
 

@@ -3,7 +3,6 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QBuffer>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -16,17 +15,10 @@
 #include "controls/CVorDPMListCtrlEx.h"
 #include "controls/CVorDPMListRowDelegate.h"
 #include "controls/CVorDPMPictureCtrl.h"
+#include "support/Pictures.h"
 #include "support/StoreFileEdits.h"
 
 namespace {
-
-QByteArray Encoded(const QImage& image, const char* format) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
-}
 
 // Two pixels side by side: red on the left, blue on the right.
 QImage RedBlue() {
@@ -155,7 +147,7 @@ protected:
 // A buffer's picture is stretched smoothly over the whole window; an empty buffer leaves the
 // picture as it was, and bytes that are no picture clear it.
 TEST_F(PictureCtrlTest, BufferPicturesAreStretchedOverTheWholeWindow) {
-    CBinaryData png(Encoded(RedBlue(), "PNG"));
+    CBinaryData png(Encoded(RedBlue()));
     EXPECT_EQ(m_picture.LoadFromBuffer(png), 1);
     ASSERT_TRUE(m_picture.HasImage());
     const QImage shown = Shown();

@@ -4,9 +4,7 @@
 // "Z41H DN PN", two pictures and two series rows, the first with the second picture.
 #pragma once
 
-#include <QBuffer>
 #include <QColor>
-#include <QImage>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
@@ -16,6 +14,7 @@
 #include "CVorDPMTreeCtrlEx.h"
 #include "product/CDPMDataPage.h"
 #include "support/GuiTestBase.h"
+#include "support/Pictures.h"
 
 class DataPageTest : public GuiTestBase {
 protected:
@@ -57,15 +56,9 @@ protected:
 
     // Adds a picture of one colour; returns its object id.
     static int AddImage(CVorDPMDPDBase* dpd, Qt::GlobalColor color) {
-        QImage image(4, 4, QImage::Format_RGB32);
-        image.fill(color);
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "PNG");
         auto* row = new CVorDPM_DPD_Image;
         row->SetName(QColor(color).name());
-        row->SetImage(CBinaryData(bytes));
+        row->SetImage(CBinaryData(Encoded(Solid(4, 4, color))));
         EXPECT_EQ(dpd->AddImage(row), VOR::eOk);
         return row->GetObjectId();
     }

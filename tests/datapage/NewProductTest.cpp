@@ -169,11 +169,9 @@ TEST_F(NewProductTest, EditingAnExistingDefinitionKeepsItAsSavedLast) {
             Tree()->setFocus();
             QTest::keyClick(Tree(), Qt::Key_Return);
         } else {
-            QTreeWidgetItem* node = Tree()->currentItem();
-            Tree()->scrollToItem(node);
-            const QPoint center = Tree()->visualItemRect(node).center();
-            QTest::mouseClick(Tree()->viewport(), Qt::LeftButton, {}, center);
-            QTest::mouseDClick(Tree()->viewport(), Qt::LeftButton, {}, center);
+            ClickNode(Tree(), Tree()->currentItem());
+            QTest::mouseDClick(Tree()->viewport(), Qt::LeftButton, {},
+                               Tree()->visualItemRect(Tree()->currentItem()).center());
         }
         ui.VerifyAllUsed();
         EXPECT_EQ(ProductTestBase::ProductNames(Definition(QStringLiteral("阀门A"))), path.saved);

@@ -3,9 +3,7 @@
 // tables are filled through the record editor (the shape's script picked in the script editor,
 // with a preview), "保存关闭" saves it, and the catalog and the file on disk hold every value.
 #include <QComboBox>
-#include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QToolButton>
 
 #include "CDPMSheet.h"
@@ -23,6 +21,8 @@
 #include "query/CVorDPMData.h"
 #include "script/CVorDPMScriptEdit.h"
 #include "support/GuiTestBase.h"
+#include "support/Pictures.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -51,10 +51,8 @@ protected:
         ASSERT_EQ(pattern->AddDps(script), VOR::eOk);
         ASSERT_EQ(Manager()->SaveWork(), 1);
 
-        QImage picture(8, 8, QImage::Format_RGB32);
-        picture.fill(Qt::green);
         picturePath = root.Home() + QStringLiteral("/正视图.png");
-        ASSERT_TRUE(picture.save(picturePath));
+        ASSERT_TRUE(Solid(8, 8, Qt::green).save(picturePath));
         g_previews = 0;
     }
 
@@ -167,10 +165,8 @@ TEST_F(TypicalEditTest, AProductAddedFromATemplateAndFilledIsInTheCatalogAndOnDi
     ASSERT_EQ((std::vector<size_t>{images.size(), shapes.size(), size_t(scripts.GetCount()),
                                    productRows.size(), series.size()}),
               (std::vector<size_t>{1, 1, 1, 1, 1}));
-    QFile pictureFile(picturePath);
-    ASSERT_TRUE(pictureFile.open(QIODevice::ReadOnly));
     EXPECT_EQ(images[0]->GetName(), QStringLiteral("正视图"));
-    EXPECT_EQ(images[0]->GetImage().Bytes(), pictureFile.readAll());
+    EXPECT_EQ(images[0]->GetImage().Bytes(), ReadAll(picturePath));
     EXPECT_EQ(shapes[0]->GetName(), QStringLiteral("阀体"));
     EXPECT_EQ(shapes[0]->GetDPSId(), scripts.GetAt(0)->GetObjectId());
     EXPECT_EQ(productRows[0]->GetName(), QStringLiteral("闸阀"));

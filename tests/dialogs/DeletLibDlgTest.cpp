@@ -53,8 +53,7 @@ TEST_F(DialogTest, LibraryRemovalMovesTheChosenLibrariesToTheTrash) {
                 Click(&dialog, CVorDPMDeletLibDlg::IDC_REMOVE);
                 continue;
             }
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                              list->visualItemRect(list->item(row)).center());
+            ClickCell(list, row);
         }
         Click(&dialog, CVorDPMDeletLibDlg::IDC_REMOVE);
 
@@ -75,7 +74,6 @@ TEST_F(DialogTest, LibraryRemovalMovesTheChosenLibrariesToTheTrash) {
 
         Click(&dialog, VorDPMControlId::IDOK);
         EXPECT_TRUE(Accepted(dialog));
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("移除产品"));
     }
 }
 

@@ -18,11 +18,10 @@ protected:
     std::unique_ptr<CVorDPMNewContentDlg> Open(int row, const QString& name) {
         auto dialog = std::make_unique<CVorDPMNewContentDlg>();
         dialog->show();
-        auto* list =
-            Control<CVorDPMListCtrlEx>(dialog.get(), CVorDPMNewContentDlg::IDC_LIBRARY_LIST);
         if (row >= 0)
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                              list->visualRect(list->model()->index(row, 0)).center());
+            ClickCell(
+                Control<CVorDPMListCtrlEx>(dialog.get(), CVorDPMNewContentDlg::IDC_LIBRARY_LIST),
+                row);
         Type(dialog.get(), CVorDPMNewContentDlg::IDC_CATALOG_NAME, name);
         return dialog;
     }

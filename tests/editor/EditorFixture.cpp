@@ -4,14 +4,25 @@
 #include <QMenuBar>
 #include <QTest>
 
+#include "CVorDPMEditorSettings.h"
 #include "CVorDPMManager.h"
 #include "CVorDPMTreeCtrlEx.h"
 
 void EditorFixture::SetUp() {
+    ForgetSettings();
     CVorDPMLibraryManager* library = MakeLibrary(QStringLiteral("QXMaterial"));
     MakeCatalog(library, QStringLiteral("目录"));
     MakeCatalog(library, QStringLiteral("管道"));
     MakeCatalog(MakeLibrary(QStringLiteral("Other")), QStringLiteral("X"));
+}
+
+void EditorFixture::TearDown() {
+    dialog.reset();
+    ForgetSettings();
+}
+
+void EditorFixture::ForgetSettings() {
+    CVorDPMEditorSettings::Open().remove(QLatin1String(CVorDPMEditorSettings::kShowAllLibraries));
 }
 
 CVorDPMEditorDlg& EditorFixture::Dialog() {
@@ -35,10 +46,7 @@ QTreeWidgetItem* EditorFixture::Node(const QString& library, const QString& cata
 }
 
 void EditorFixture::Click(QTreeWidgetItem* node) {
-    CVorDPMTreeCtrlEx* tree = Dialog().GetTreeCtrl();
-    if (node->parent()) node->parent()->setExpanded(true);
-    tree->scrollToItem(node);
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(node).center());
+    ClickNode(Dialog().GetTreeCtrl(), node);
 }
 
 bool EditorFixture::TriggerNodeMenu(QTreeWidgetItem* node, const QString& entry) {

@@ -16,7 +16,9 @@ class EditorFixture : public GuiTestBase {
 protected:
     using GuiTestBase::Click;
 
+    // Settings outlive a test's library root: each test starts from the default library list.
     void SetUp() override;
+    void TearDown() override;
 
     // The dialog, shown (and so initialised) on first use.
     CVorDPMEditorDlg& Dialog();
@@ -34,4 +36,7 @@ protected:
     QString CatalogFile(const QString& library, const QString& catalog) const;
 
     std::unique_ptr<CVorDPMEditorDlg> dialog;
+
+private:
+    static void ForgetSettings();
 };

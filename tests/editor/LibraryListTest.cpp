@@ -28,17 +28,6 @@ const QStringList kAll{"Other", "QXMaterial"};
 
 class LibraryList : public EditorFixture {
 protected:
-    // Settings outlive a test's library root: each test starts from the default.
-    void SetUp() override {
-        EditorFixture::SetUp();
-        Forget();
-    }
-    void TearDown() override { Forget(); }
-    static void Forget() {
-        CVorDPMEditorSettings::Open().remove(
-            QLatin1String(CVorDPMEditorSettings::kShowAllLibraries));
-    }
-
     QCheckBox* ShowAll() {
         return Dialog().findChild<QCheckBox*>(CVorDPMEditorDlg::kShowAllLibrariesName);
     }

@@ -1,8 +1,6 @@
 // The library page and the version-history dialog inside the main dialog: what they show of the
 // store, and what the user's edits leave in the library's information file on disk.
 #include <QDoubleSpinBox>
-#include <QFile>
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -19,21 +17,10 @@
 #include "library/CVorDPMVersionDlg.h"
 #include "library/CVorDPMVersionEditDlg.h"
 #include "query/CVorDPMData.h"
+#include "support/Pictures.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
-
-QString Cell(CVorDPMReportCtrlBase* report, int row, int column) {
-    QString text;
-    report->GetRecordItemText(report->GetRecords()->GetRecord(row), column, text);
-    return text;
-}
-
-QStringList Column(CVorDPMReportCtrlBase* report, int column) {
-    QStringList texts;
-    for (int row = 0; row < report->GetRecords()->GetRecordCount(); ++row)
-        texts << Cell(report, row, column);
-    return texts;
-}
 
 // Reads the record again from the file on disk, after dropping what the store holds.
 CVorDPM_DPI_Info* InfoFromDisk(const QString& library) {
@@ -85,9 +72,9 @@ TEST_F(LibraryPage, ShowsTheSelectedLibrarysRecordForLibraryAndCatalogNodes) {
     CVorDPMManager::GetVorDPMManager()->SaveWork();
 
     Click(Node("QXMaterial", "管道"));
-    EXPECT_EQ(Column(Report(), 0), (QStringList{"公司名称", "描述", "关键字", "作者", "产品总数",
-                                                "本库产品数", "引用产品数"}));
-    EXPECT_EQ(Column(Report(), 1), (QStringList{"启星材料", "", "管材", "", "10", "7", "3"}));
+    EXPECT_EQ(ColumnTexts(Report(), 0), (QStringList{"公司名称", "描述", "关键字", "作者",
+                                                     "产品总数", "本库产品数", "引用产品数"}));
+    EXPECT_EQ(ColumnTexts(Report(), 1), (QStringList{"启星材料", "", "管材", "", "10", "7", "3"}));
     EXPECT_FALSE(Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS)->isVisible());
     for (int id : {CDPMlibraryPage::IDC_LOAD_PICTURE, CDPMlibraryPage::IDC_SAVE,
                    CDPMlibraryPage::IDC_VERSION})
@@ -148,15 +135,15 @@ TEST_F(LibraryPage, EditedTextsAndCountsAreSavedToTheInformationFile) {
     ui.ExpectInput(QStringLiteral("李四"));
     DoubleClickCell(Report(), 3, 1);
     EXPECT_EQ(ui.inputTitles, (QStringList{"公司名称", "描述", "作者", "作者"}));
-    EXPECT_EQ(Column(Report(), 1)[0], QStringLiteral("启星材料"));
-    EXPECT_EQ(Column(Report(), 1)[3], QStringLiteral("李四"));
+    EXPECT_EQ(ColumnTexts(Report(), 1)[0], QStringLiteral("启星材料"));
+    EXPECT_EQ(ColumnTexts(Report(), 1)[3], QStringLiteral("李四"));
 
     Click(Page(), CDPMlibraryPage::IDC_SAVE);
     EXPECT_FALSE(CVorDPMManager::GetVorDPMManager()->HasUnsavedChanges());
     auto* status = Control<QLabel>(Page(), CDPMlibraryPage::IDC_STATUS);
     EXPECT_TRUE(status->isVisible());
     EXPECT_EQ(status->text(), QStringLiteral("已保存。"));
-    EXPECT_EQ(Column(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
+    EXPECT_EQ(ColumnTexts(Report(), 1).mid(4), (QStringList{"1", "1", "0"}));
     CVorDPM_DPI_Info* info = InfoFromDisk("QXMaterial");
     ASSERT_TRUE(info);
     EXPECT_EQ(info->GetCompanyName(), QStringLiteral("启星材料"));
@@ -171,9 +158,7 @@ TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
     const QString text = root.Write(QStringLiteral("note.png"), "this is no picture");
     const QString missing = root.Home() + QStringLiteral("/missing.png");
     const QString picture = root.Home() + QStringLiteral("/logo.png");
-    QImage image(8, 4, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    ASSERT_TRUE(image.save(picture));
+    ASSERT_TRUE(Solid(8, 4, Qt::red).save(picture));
 
     Click(Node("QXMaterial"));
     ui.ExpectFile(QString());
@@ -190,11 +175,9 @@ TEST_F(LibraryPage, OnlyAReadablePictureReachesTheRecord) {
     ui.ExpectFile(picture);
     Click(Page(), CDPMlibraryPage::IDC_LOAD_PICTURE);
     Click(Page(), CDPMlibraryPage::IDC_SAVE);
-    QFile saved(picture);
-    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     info = InfoFromDisk("QXMaterial");
     ASSERT_TRUE(info);
-    EXPECT_EQ(info->GetImage().Bytes(), saved.readAll());
+    EXPECT_EQ(info->GetImage().Bytes(), ReadAll(picture));
 }
 
 TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
@@ -209,7 +192,7 @@ TEST_F(LibraryPage, VersionDialogListsAddsAndChangesTheLibrarysVersions) {
         Click(versions, CVorDPMVersionDlg::IDC_ADD_VERSION);
         ClickCell(list, 0);
         Click(versions, CVorDPMVersionDlg::IDC_EDIT_VERSION);
-        for (int column = 0; column < 4; ++column) shown << Column(list, column).join("|");
+        for (int column = 0; column < 4; ++column) shown << ColumnTexts(list, column).join("|");
         Click(versions, VorDPMControlId::IDOK);  // "关闭"
     }));
     ui.ExpectDialog(TypingVersion({1.5, "王五", "首版"}));
@@ -275,7 +258,7 @@ TEST_F(LibraryPage, RefusedVersionsKeepTheEditDialogOpenAndTheStoreUnchanged) {
     EXPECT_EQ(kept.GetAt(0)->GetAuthor(), QString());
     EXPECT_EQ(kept.GetAt(1)->GetTime(), QStringLiteral("2025-01-02 03:04:05"));
     CVorDPMReportCtrlBase* list = versions.GetReportCtrl();
-    EXPECT_EQ(Column(list, 0), (QStringList{"1.00", "2.00"}));
+    EXPECT_EQ(ColumnTexts(list, 0), (QStringList{"1.00", "2.00"}));
     EXPECT_GE(list->columnWidth(2),
               list->fontMetrics().horizontalAdvance(QStringLiteral("2025-01-02 03:04:05")));
 }

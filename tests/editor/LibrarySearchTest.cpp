@@ -9,7 +9,6 @@
 #include <QTreeView>
 
 #include "CDPMSheet.h"
-#include "CVorDPMEditorSettings.h"
 #include "CVorDPMLibrarySearch.h"
 #include "CVorDPMProductSearch.h"
 #include "CVorDPMTreeCtrlEx.h"
@@ -42,13 +41,6 @@ protected:
             MakeDefinition(library, QString::fromUtf8(name));
         SaveAndReopen();
     }
-    // Settings outlive a test's library root.
-    void TearDown() override {
-        CVorDPMEditorSettings::Open().remove(
-            QLatin1String(CVorDPMEditorSettings::kShowAllLibraries));
-        EditorFixture::TearDown();
-    }
-
     CVorDPMLibrarySearch& Search() { return *Dialog().GetSearch(); }
 
     void Find(const QString& text) {
@@ -96,13 +88,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([&] { return !Search().GetProductSearch()->IsRunning(); }));
     }
 
-    QStringList Hits(int column = 0) {
-        QStringList hits;
-        const QAbstractItemModel* model = Search().GetResults()->model();
-        for (int row = 0; row < model->rowCount(); ++row)
-            hits << model->index(row, column).data().toString();
-        return hits;
-    }
+    QStringList Hits(int column = 0) { return ColumnTexts(Search().GetResults(), column); }
 };
 
 TEST_F(LibrarySearchTest, NamesFilterTheTreeWithCountsPerLibrary) {

@@ -3,7 +3,6 @@
 // and column of the fault.
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QProcess>
 #include <QStringEncoder>
 #include <QTemporaryDir>
@@ -11,6 +10,7 @@
 #include "FamilyFileReader.h"
 #include "FamilyProgress.h"
 #include "FamilyTableLayout.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -21,19 +21,13 @@ QByteArray Gb18030(const QString& text) {
 
 class FamilyFileTest : public ::testing::Test {
 protected:
-    QString Write(const QByteArray& bytes, const QString& name = QStringLiteral("t.csv")) {
-        const QString path = m_dir.filePath(name);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(bytes);
-        return path;
-    }
-
     // The file's cells, rows joined by "|" and cells by "/"; the problem's message on refusal.
     QString Read(const QByteArray& bytes, FamilyFile& file,
                  const QString& name = QStringLiteral("t.csv")) {
         FamilyProblem problem;
-        if (!FamilyFileReader::Read(Write(bytes, name), file, problem, FamilyProgress::None()))
+        const QString path = m_dir.filePath(name);
+        Write(path, bytes);
+        if (!FamilyFileReader::Read(path, file, problem, FamilyProgress::None()))
             return QStringLiteral("! ") + problem.Message();
         QStringList rows;
         for (qsizetype row = 0; row < file.sheet.RowCount(); ++row) {
@@ -139,10 +133,8 @@ TEST_F(FamilyFileTest, ReadsWorkbooksOfAnotherWriter) {
                      {QStringLiteral("-c"), script, path, QLatin1String(c.kind)});
         ASSERT_TRUE(python.waitForFinished(60000));
         ASSERT_EQ(python.exitCode(), 0) << python.readAllStandardError().toStdString();
-        QFile book(path);
-        ASSERT_TRUE(book.open(QIODevice::ReadOnly));
         FamilyFile file;
-        const QString read = Read(book.readAll(), file, QStringLiteral("copy.xlsx"));
+        const QString read = Read(ReadAll(path), file, QStringLiteral("copy.xlsx"));
         EXPECT_TRUE(read.startsWith(QString::fromUtf8(c.read)))
             << c.kind << ": " << read.toStdString();
         if (!read.startsWith(u'!')) {

@@ -6,7 +6,6 @@
 
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 
 #include "CVorDPMDPD.h"
@@ -20,17 +19,13 @@
 #include "FamilyProgress.h"
 #include "sample/SampleLibrary.h"
 #include "sample/SampleStoreView.h"
+#include "support/StoreFileEdits.h"
 #include "support/TempRoot.h"
 
 namespace {
 
 using View = SampleStoreView;
 const QString kNut = QStringLiteral("六角螺母");
-
-QByteArray FileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 class FamilyTableTest : public ::testing::Test {
 protected:
@@ -157,7 +152,7 @@ TEST_F(FamilyTableTest, ShowsTheDiffThenAppliesItAsOneSavedChange) {
 }
 
 TEST_F(FamilyTableTest, RefusedOrStoppedImportsLeaveTheFileAsItWas) {
-    const QByteArray before = FileBytes(DefinitionFile(kNut));
+    const QByteArray before = ReadAll(DefinitionFile(kNut));
     ASSERT_FALSE(before.isEmpty());
     const QList<QStringList> original = NutRows();
     using Edit = void (*)(QList<QStringList>&);
@@ -200,7 +195,7 @@ TEST_F(FamilyTableTest, RefusedOrStoppedImportsLeaveTheFileAsItWas) {
             apply.Abort();
             EXPECT_EQ(NutRows(), original) << c.what << ": taken back in memory";
         }
-        EXPECT_EQ(FileBytes(DefinitionFile(kNut)), before) << c.what;
+        EXPECT_EQ(ReadAll(DefinitionFile(kNut)), before) << c.what;
         Reopen();
         EXPECT_EQ(NutRows(), original) << c.what;
     }

@@ -8,7 +8,8 @@
 #include "CVorDPMEditorSettings.h"
 
 // The host run as a user runs it, unattended: it opens the editor, reports when the window is
-// shown and closes it again.
+// shown and closes it again. How it refuses an editor library is the loader's test; its exit
+// code for a missing one is checked with the languages of its messages.
 namespace {
 
 QString BuildFile(const QString& relative) {
@@ -66,19 +67,6 @@ TEST_F(HostProcessTest, TakesAScreenshotOfTheEditorsWindow) {
     const QImage image(file);
     EXPECT_GT(image.width(), 300);
     EXPECT_GT(image.height(), 200);
-}
-
-TEST_F(HostProcessTest, AMissingOrForeignEditorLibraryEndsTheHostWithAMessage) {
-    const std::pair<QString, QString> cases[] = {
-        {scratch.filePath(QStringLiteral("libVorDPMEditor.so")), QStringLiteral("找不到编辑器库")},
-        {BuildFile(QStringLiteral("store/libVorDPM.so")), QStringLiteral("ExportVorDPMEditor")},
-    };
-    for (const auto& [library, message] : cases) {
-        const Outcome run = RunHost({QStringLiteral("--editor"), library, QStringLiteral("--root"),
-                                     Root(), QStringLiteral("--measure-startup")});
-        EXPECT_EQ(run.exitCode, 2);
-        EXPECT_TRUE(run.err.contains(message)) << run.err.toStdString();
-    }
 }
 
 }  // namespace

@@ -3,11 +3,7 @@
 // paste, in-place edit and delete alike; a save writes the state reached and starts anew.
 #include <QClipboard>
 
-#include "CVorDPMDPD.h"
-#include "controls/CVorDPMListCtrlEx.h"
-#include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMDefinitionList.h"
-#include "product/CVorDPMSeriesSheet.h"
 #include "product/ProductTestBase.h"
 
 namespace {
@@ -27,35 +23,13 @@ void PrintTo(const State& state, std::ostream* out) {
          << state.products.join(',').toStdString();
 }
 
-struct EditHistoryTest : ProductTestBase {
+struct EditHistoryTest : CreateProductDlgTestBase {
     void SetUp() override {
-        ProductTestBase::SetUp();
-        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        series = List(CVorDPMEditProductDlg::IDC_SERIES_LIST);
+        CreateProductDlgTestBase::SetUp();
+        series = SeriesList();
         undo = dialog->findChild<QToolButton*>(QStringLiteral("undoEdit"));
         redo = dialog->findChild<QToolButton*>(QStringLiteral("redoEdit"));
         ASSERT_TRUE(series && undo && redo);
-        length = m_length->GetObjectId();
-    }
-
-    void TearDown() override {
-        dialog.reset();
-        ProductTestBase::TearDown();
-    }
-
-    CVorDPMListCtrlEx* List(int id) const {
-        return dialog->findChild<CVorDPMListCtrlEx*>(QString::number(id));
-    }
-
-    void SelectRow(CVorDPMListCtrlEx* list, int row, int column) const {
-        const QModelIndex index = list->model()->index(row, column);
-        list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        list->selectionModel()->select(
-            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        list->setFocus();
     }
 
     void ClickButton(int table, int command) const {
@@ -64,12 +38,10 @@ struct EditHistoryTest : ProductTestBase {
                           Qt::LeftButton);
     }
 
-    // The store's state, checked against what the series list shows.
+    // The store's state, checked against what the series list shows while the dialog is open.
     State Now() const {
-        State state;
-        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-            state.lengths.append(row->GetValue(length));
-        state.products = ProductNames(m_dpd);
+        const State state{Lengths(), ProductNames(m_dpd)};
+        if (!dialog) return state;
         QStringList shown;
         for (int row = 0; row < series->model()->rowCount(); ++row)
             shown.append(series->model()->index(row, kLengthColumn).data().toString());
@@ -85,31 +57,25 @@ struct EditHistoryTest : ProductTestBase {
         return rows;
     }
 
-    QLineEdit* CellEditor() const {
-        return series->findChild<QLineEdit*>(CVorDPMSeriesSheet::kEditorName);
-    }
-
-    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
     CVorDPMListCtrlEx* series = nullptr;
     QToolButton* undo = nullptr;
     QToolButton* redo = nullptr;
-    int length = 0;
 };
 
 TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     std::vector<State> states{Now()};
     // Record editor: the first product renamed.
-    SelectRow(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST), 0, 0);
+    SelectRows(List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST), 0, 0, 0);
     ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M10")}}));
     ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
     states.push_back(Now());
     // Paste over the second row, adding a third.
     QApplication::clipboard()->setText("2\t1\t1\t40\n2\t1\t1\t50\n");
-    SelectRow(series, 1, kProductColumn);
+    SelectRows(series, 1, 1, kProductColumn);
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     states.push_back(Now());
     // In-place edit of the first row's length.
-    SelectRow(series, 0, kLengthColumn);
+    SelectRows(series, 0, 0, kLengthColumn);
     QTest::keyClicks(series, "7");
     auto* editor = CellEditor();
     ASSERT_TRUE(editor);
@@ -117,7 +83,7 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     QTest::keyClick(editor, Qt::Key_Return);
     states.push_back(Now());
     // The second row deleted with the list's button (it registers the row after deleting it).
-    SelectRow(series, 1, 0);
+    SelectRows(series, 1, 1, 0);
     ClickButton(CVorDPMEditProductDlg::Series, CVorDPMDefinitionList::Delete);
     states.push_back(Now());
 
@@ -158,18 +124,14 @@ TEST_F(EditHistoryTest, EachStepUndoesAndRedoesAndASaveWritesTheStateReached) {
     EXPECT_FALSE(redo->isEnabled());
     dialog.reset();
     Reload();
-    State saved;
-    for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-        saved.lengths.append(row->GetValue(length));
-    saved.products = ProductNames(m_dpd);
-    EXPECT_EQ(saved, expected[3]);
+    EXPECT_EQ(Now(), expected[3]);
 }
 
 // Undo and redo belong to the dialog's unsaved edits: leaving without a save drops a redone
 // product too. A refused paste changes nothing and so is no step.
 TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
     QApplication::clipboard()->setText("x\t1\t1\t41\n");
-    SelectRow(series, 0, kProductColumn);
+    SelectRows(series, 0, 0, kProductColumn);
     ui.ExpectMessage(QStringLiteral("第 1 行第 3 列: 不是整数: x"));
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     EXPECT_FALSE(undo->isEnabled());
@@ -189,7 +151,7 @@ TEST_F(EditHistoryTest, RefusedPasteIsNoStepAndCancelDropsRedoneRows) {
 // undo takes back. An edit accepted without a change is none (redo stays as it was).
 TEST_F(EditHistoryTest, CancelledRecordEditIsAStepAndAnUnchangedOneIsNone) {
     auto* products = List(CVorDPMEditProductDlg::IDC_PRODUCT_LIST);
-    SelectRow(products, 0, 0);
+    SelectRows(products, 0, 0, 0);
     ui.ExpectDialog(Filling([](QDialog* editor) {
         TypeInto(Grid(editor), QStringLiteral("产品名"), QStringLiteral("M99"));
     }));
@@ -199,7 +161,7 @@ TEST_F(EditHistoryTest, CancelledRecordEditIsAStepAndAnUnchangedOneIsNone) {
     undo->click();
     EXPECT_EQ(ProductNames(m_dpd), QStringList({"M6", "M8"}));
 
-    SelectRow(products, 1, 0);
+    SelectRows(products, 1, 1, 0);
     ui.ExpectDialog(GridEdits({{QStringLiteral("产品名"), QStringLiteral("M8")}}));
     ClickButton(CVorDPMEditProductDlg::Products, CVorDPMDefinitionList::Edit);
     EXPECT_TRUE(redo->isEnabled()) << "no step was pushed over the undone one";
@@ -221,10 +183,10 @@ struct OpenCellEditorTest : EditHistoryTest, testing::WithParamInterface<OpenCel
 TEST_P(OpenCellEditorTest, TypingNeverBecomesAStep) {
     const OpenCellCase& test = GetParam();
     QApplication::clipboard()->setText("2\t1\t1\t40\n");
-    SelectRow(series, 1, kProductColumn);
+    SelectRows(series, 1, 1, kProductColumn);
     QTest::keyClick(series, Qt::Key_V, Qt::ControlModifier);
     if (test.undoneFirst) undo->click();
-    SelectRow(series, 1, kLengthColumn);
+    SelectRows(series, 1, 1, kLengthColumn);
     QTest::keyClicks(series, "9");
     QLineEdit* editor = CellEditor();
     ASSERT_TRUE(editor && editor->hasFocus());

@@ -1,6 +1,7 @@
 // Fixture of the product editor tests: a definition on disk with two properties (one without a
 // property id), a picture, a shape, two products and two series rows, plus a common property
-// and a unit; helpers that drive the record editor's grid as a user does.
+// and a unit; helpers that drive the record editor's grid as a user does, and the fixture of the
+// tests of the create-product dialog.
 #pragma once
 
 #include <QAction>
@@ -10,10 +11,13 @@
 
 #include "CVorDPMCommandManager.h"
 #include "CVorDPMLibraryManager.h"
+#include "controls/CVorDPMListCtrlEx.h"
+#include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMEditProductDlg.h"
 #include "product/CVorDPMProductEdit.h"
 #include "product/CVorDPMPropertyGrid.h"
 #include "product/CVorDPMPropertyGridDelegate.h"
+#include "product/CVorDPMSeriesSheet.h"
 #include "product/VorDPMDefinitionTable.h"
 #include "support/GuiTestBase.h"
 #include "support/QtPrinters.h"
@@ -51,6 +55,7 @@ protected:
             row->SetValue(QString::fromUtf8(length), m_length->GetObjectId());
         }
         AddCommonTables();
+        m_lengthId = m_length->GetObjectId();
         ASSERT_EQ(Manager()->SaveWork(), 1);
     }
 
@@ -94,6 +99,14 @@ protected:
     template <class TRecord>
     int LiveCount() const {
         return static_cast<int>(VorDPMDefinitionTables::LiveRows<TRecord>(m_dpd).size());
+    }
+
+    // The lengths of the live series rows, in the store's order.
+    QStringList Lengths() const {
+        QStringList lengths;
+        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
+            lengths.append(row->GetValue(m_lengthId));
+        return lengths;
     }
 
     // Drops what was loaded and reads the definition from disk again.
@@ -167,16 +180,55 @@ public:
             Qt::LeftButton);
     }
 
-    // The names of the definition's live products; none for no definition.
-    static QStringList ProductNames(CVorDPMDPDBase* dpd) {
-        CKZList<CVorDPM_DPD_Product*> products;
-        if (dpd) dpd->GetAllProduct(products);
-        QStringList names;
-        for (const CVorDPM_DPD_Product* product : products) names.append(product->GetName());
-        return names;
-    }
+    using StoreTestBase::ProductNames;
 
 protected:
     CVorDPMDPD* m_dpd = nullptr;
-    CVorDPM_DPD_Property* m_length = nullptr;
+    CVorDPM_DPD_Property* m_length = nullptr;  // as loaded before the first Reload()
+    int m_lengthId = 0;
+};
+
+// Tests of the create-product dialog, open and active on the fixture's definition.
+class CreateProductDlgTestBase : public ProductTestBase {
+protected:
+    void SetUp() override {
+        ProductTestBase::SetUp();
+        if (!HasFatalFailure()) OpenDialog();
+    }
+
+    void TearDown() override {
+        dialog.reset();
+        ProductTestBase::TearDown();
+    }
+
+    void OpenDialog() {
+        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
+        dialog->show();
+        dialog->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    }
+
+    CVorDPMListCtrlEx* List(int id) const {
+        return dialog->findChild<CVorDPMListCtrlEx*>(QString::number(id));
+    }
+    CVorDPMListCtrlEx* SeriesList() const { return List(CVorDPMEditProductDlg::IDC_SERIES_LIST); }
+
+    // Selects the rows from top to bottom whole, the current cell in `column`, and focuses the
+    // list.
+    static void SelectRows(CVorDPMListCtrlEx* list, int top, int bottom, int column) {
+        QAbstractItemModel* model = list->model();
+        list->selectionModel()->setCurrentIndex(model->index(top, column),
+                                                QItemSelectionModel::NoUpdate);
+        list->selectionModel()->select(
+            QItemSelection(model->index(top, column), model->index(bottom, column)),
+            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        list->setFocus();
+    }
+
+    // The in-place editor of the series list's cell being typed into, or null.
+    QLineEdit* CellEditor() const {
+        return SeriesList()->findChild<QLineEdit*>(QLatin1String(CVorDPMSeriesSheet::kEditorName));
+    }
+
+    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
 };

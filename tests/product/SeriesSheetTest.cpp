@@ -1,13 +1,8 @@
 // The series table edited as a spreadsheet inside the create-product dialog: rows selected whole,
-// copy, paste at the current cell (adding
-// rows past the last), in-place edits and Delete, each one command that a save writes and a
-// refused cell rolls back whole.
+// copy, paste at the current cell (adding rows past the last), in-place edits and Delete, each one
+// command that a save writes and a refused cell rolls back whole.
 #include <QClipboard>
 
-#include "CVorDPMDPD.h"
-#include "controls/CVorDPMListCtrlEx.h"
-#include "product/CVorDPMCreateProductDlg.h"
-#include "product/CVorDPMSeriesSheet.h"
 #include "product/ProductTestBase.h"
 
 namespace {
@@ -15,35 +10,16 @@ namespace {
 constexpr int kProductColumn = 2;
 constexpr int kLengthColumn = 5;
 
-struct SeriesSheetTest : ProductTestBase {
+struct SeriesSheetTest : CreateProductDlgTestBase {
     void SetUp() override {
-        ProductTestBase::SetUp();
-        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
-        dialog->show();
-        list = dialog->findChild<CVorDPMListCtrlEx*>(
-            QString::number(CVorDPMEditProductDlg::IDC_SERIES_LIST));
+        CreateProductDlgTestBase::SetUp();
+        list = SeriesList();
         ASSERT_TRUE(list);
         list->setFocus();
-        length = m_length->GetObjectId();
     }
 
-    void TearDown() override {
-        dialog.reset();
-        ProductTestBase::TearDown();
-    }
-
-    // Selects the rows from top to bottom, the current cell in `column`.
     void SelectRows(int top, int bottom, int column) const {
-        QAbstractItemModel* model = list->model();
-        list->selectionModel()->setCurrentIndex(model->index(top, column),
-                                                QItemSelectionModel::NoUpdate);
-        list->selectionModel()->select(
-            QItemSelection(model->index(top, column), model->index(bottom, column)),
-            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    }
-
-    void Key(QWidget* target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-        QTest::keyClick(target, Qt::Key(key), modifiers);
+        CreateProductDlgTestBase::SelectRows(list, top, bottom, column);
     }
 
     QString Cell(int row, int column) const {
@@ -55,26 +31,21 @@ struct SeriesSheetTest : ProductTestBase {
         Click(dialog.get(), CVorDPMCreateProductDlg::IDC_SAVE_CONTINUE);
         dialog.reset();
         Reload();
-        QStringList lengths;
-        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-            lengths.append(row->GetValue(length));
-        return lengths;
+        return Lengths();
     }
 
-    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
     CVorDPMListCtrlEx* list = nullptr;
-    int length = 0;
 };
 
 TEST_F(SeriesSheetTest, CopiedBlockPastesBelowTheLastRowAsNewRowsThatASaveWrites) {
     SelectRows(0, 1, kLengthColumn);
-    Key(list, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "1\t1\t1\t20\n1\t1\t1\t30\n");
 
     // Pasted at the second row: it changes that row and adds one after it.
     QApplication::clipboard()->setText("2\t1\t1\t40\n2\t0\t0\t\"5\"\"0\"\n");
     SelectRows(1, 1, kProductColumn);
-    Key(list, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
     ASSERT_EQ(list->GetItemCount(), 3);
     EXPECT_EQ(Cell(1, kLengthColumn), "40");
     EXPECT_EQ(Cell(2, kProductColumn), "2");
@@ -85,7 +56,7 @@ TEST_F(SeriesSheetTest, CopiedBlockPastesBelowTheLastRowAsNewRowsThatASaveWrites
     list->clearSelection();
     list->setCurrentIndex(QModelIndex());
     QApplication::clipboard()->setText("60\n");
-    Key(list, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
     ASSERT_EQ(list->GetItemCount(), 4);
     EXPECT_EQ(Cell(3, kLengthColumn), "60");
     EXPECT_EQ(SavedLengths(), QStringList({"20", "40", "5\"0", "60"}));
@@ -97,7 +68,7 @@ TEST_F(SeriesSheetTest, ARefusedCellLeavesTheTableAsItWas) {
     QApplication::clipboard()->setText("2\t1\t1\t21\n2\t1\t1\t31\nx\t1\t1\t41\n");
     SelectRows(0, 0, kProductColumn);
     ui.ExpectMessage(QStringLiteral("第 3 行第 3 列: 不是整数: x"));
-    Key(list, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClick(list, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(list->GetItemCount(), 2);
     EXPECT_EQ(Cell(0, kLengthColumn), "20");
     EXPECT_EQ(LiveCount<CVorDPM_DPD_Serial>(), 2);
@@ -109,22 +80,22 @@ TEST_F(SeriesSheetTest, ARefusedCellLeavesTheTableAsItWas) {
 TEST_F(SeriesSheetTest, TypingF2AndDeleteEditCellsInPlace) {
     SelectRows(0, 0, kLengthColumn);
     QTest::keyClicks(list, "7");
-    auto* editor = list->findChild<QLineEdit*>(QLatin1String(CVorDPMSeriesSheet::kEditorName));
+    QLineEdit* editor = CellEditor();
     ASSERT_TRUE(editor);
     QTest::keyClicks(editor, "5");
-    Key(editor, Qt::Key_Return);
+    QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_EQ(Cell(0, kLengthColumn), "75");
 
     SelectRows(1, 1, kLengthColumn);
-    Key(list, Qt::Key_F2);
-    editor = list->findChild<QLineEdit*>(QLatin1String(CVorDPMSeriesSheet::kEditorName));
+    QTest::keyClick(list, Qt::Key_F2);
+    editor = CellEditor();
     ASSERT_TRUE(editor);
     EXPECT_EQ(editor->text(), "30");
-    Key(editor, Qt::Key_Escape);
+    QTest::keyClick(editor, Qt::Key_Escape);
     EXPECT_EQ(Cell(1, kLengthColumn), "30");
 
     SelectRows(1, 1, kLengthColumn);
-    Key(list, Qt::Key_Delete);
+    QTest::keyClick(list, Qt::Key_Delete);
     EXPECT_EQ(Cell(1, kProductColumn), "1");
     EXPECT_EQ(SavedLengths(), QStringList({"75", ""}));
 }

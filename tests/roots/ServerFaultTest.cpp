@@ -149,14 +149,6 @@ protected:
         if (dpd) dpd->GetAllSerial(serials);
         return serials.GetCount();
     }
-    static QStringList ProductNames(const QString& definition) {
-        CKZList<CVorDPM_DPD_Product*> products;
-        CVorDPMDPD* dpd = Definition(definition);
-        if (dpd) dpd->GetAllProduct(products);
-        QStringList names;
-        for (int i = 0; i < products.GetCount(); ++i) names << products.GetAt(i)->GetName();
-        return names;
-    }
     static QStringList DefinitionNames(const QString& library) {
         QStringList names;
         if (CVorDPMLibraryManager* owner = Library(library)) owner->GetAllDPDName(names);
@@ -194,7 +186,7 @@ TEST_P(ServerFaultTest, ASaveCutByTheServerGoingDownWritesNothingKeepsTheEditsAn
     EXPECT_EQ(DefinitionNames(QStringLiteral("Fittings")), QStringList());
     EXPECT_TRUE(Manager()->GetLastErrorText().startsWith(unreachable))
         << Manager()->GetLastErrorText().toStdString();
-    EXPECT_EQ(ProductNames(QStringLiteral("Nut")), QStringList());
+    EXPECT_EQ(ProductNames(Definition(QStringLiteral("Nut"))), QStringList());
     EXPECT_TRUE(Manager()->GetLastErrorText().startsWith(unreachable))
         << Manager()->GetLastErrorText().toStdString();
 
@@ -202,7 +194,7 @@ TEST_P(ServerFaultTest, ASaveCutByTheServerGoingDownWritesNothingKeepsTheEditsAn
     ASSERT_EQ(code, 0) << output.toStdString();
     EXPECT_EQ(Digest(m_cluster.Uri()), before);
     EXPECT_EQ(DefinitionNames(QStringLiteral("Fittings")), QStringList{QStringLiteral("Tee")});
-    EXPECT_EQ(ProductNames(QStringLiteral("Nut")), QStringList{QStringLiteral("M8")});
+    EXPECT_EQ(ProductNames(Definition(QStringLiteral("Nut"))), QStringList{QStringLiteral("M8")});
 
     EXPECT_EQ(Manager()->SaveWork(), 1) << Manager()->GetLastErrorText().toStdString();
     EXPECT_FALSE(Manager()->HasUnsavedChanges());

@@ -13,6 +13,7 @@
 #include "ServerDatabase.h"
 #include "support/StoreFileEdits.h"
 #include "support/StoreTestBase.h"
+#include "support/ToolRunner.h"
 
 namespace {
 
@@ -105,6 +106,9 @@ TEST_P(StorageRootTest, NamesFollowOneRuleAndAreUniqueWithoutRegardToCase) {
         {"library in other case",
          [&] { return Manager()->CreateLibrary(QStringLiteral("qxMATERIAL"), other); },
          VOR::eNameExists},
+        {"library named as the root's templates",
+         [&] { return Manager()->CreateLibrary(QStringLiteral("templates"), other); },
+         VOR::eNameExists},
         {"template", [&] { return templates->CreateDPT(QStringLiteral("T螺栓"), dpt); }, VOR::eOk},
         {"template in other case",
          [&] { return templates->CreateDPT(QStringLiteral("t螺栓"), dpt); }, VOR::eNameExists},
@@ -144,8 +148,24 @@ TEST_P(StorageRootTest, SavedRowsComeBackWithTheirIdsValuesAndBlobs) {
     CVorDPMDPD* dpd = MakeDefinition(MakeLibrary(kLibrary), QStringLiteral("Bolt"));
     ASSERT_NE(dpd, nullptr);
     // Ids, not rows: reopening the root drops the rows made before.
-    const int length = AddProperty(dpd, QStringLiteral("L"))->GetObjectId();
+    CVorDPM_DPD_Property* lengthRow = AddProperty(dpd, QStringLiteral("L"));
+    lengthRow->SetUnit(QStringLiteral("mm"));
+    lengthRow->SetSerialCheck(1);
+    const int length = lengthRow->GetObjectId();
     const int note = AddProperty(dpd, QStringLiteral("N"))->GetObjectId();
+    auto* script = new CVorDPM_DPD_Dps;
+    script->SetName(QStringLiteral("bolt"));
+    script->SetContent(CBinaryData(QByteArray("circle(0, 0, d / 2)")));
+    ASSERT_EQ(dpd->AddDps(script), VOR::eOk);
+    auto* shape = new CVorDPM_DPD_Shape;
+    shape->SetName(QStringLiteral("形体"));
+    shape->SetDPSId(script->GetObjectId());
+    shape->SetParam(QStringLiteral("d,l"));
+    shape->SetParamType(QStringLiteral("0,1"));
+    ASSERT_EQ(dpd->AddShape(shape), VOR::eOk);
+    EXPECT_EQ(shape->SetParamIndex(QStringLiteral("l"), 7), 1);
+    EXPECT_EQ(shape->SetParamIndex(QStringLiteral("x"), 7), 0);
+    const int shapeId = shape->GetObjectId();
     AddProduct(dpd, QStringLiteral("gone"))->SetDeleted(1);
     CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("M8"), QStringLiteral("M8x{L}"));
     const int productId = product->GetObjectId();
@@ -158,9 +178,19 @@ TEST_P(StorageRootTest, SavedRowsComeBackWithTheirIdsValuesAndBlobs) {
     const QString tricky = QStringLiteral("a\\b\nc=d");
     for (int i = 0; i < 3; ++i) {
         CVorDPM_DPD_Serial* serial = AddSerial(dpd, product);
-        serial->SetValue(QString::number(10 * i), length);
+        serial->SetValue(QStringLiteral("gone"), length);
+        serial->SetValue(QString::number(10 * i), length);  // replaces, does not add
         if (i == 1) serial->SetValue(tricky, note);
     }
+    // Values of any property id keep any text; an empty one removes the value.
+    const std::pair<int, QString> values[] = {{12, QStringLiteral("a=b\nc\\n")},
+                                              {123, QStringLiteral("\\")},
+                                              {3, QStringLiteral("尾\n")}};
+    CVorDPM_DPD_Serial* keyed = AddSerial(dpd, product);
+    for (const auto& [id, value] : values) keyed->SetValue(value, id);
+    keyed->SetValue(QStringLiteral("gone"), 4);
+    keyed->SetValue(QString(), 4);
+    const QString key = keyed->GetKey();
     auto* version = new CVorDPM_Version;
     version->SetVersion(1.5);
     version->SetAuthor(QStringLiteral("张三"));
@@ -184,10 +214,29 @@ TEST_P(StorageRootTest, SavedRowsComeBackWithTheirIdsValuesAndBlobs) {
     ASSERT_EQ(images.GetCount(), 1);
     EXPECT_EQ(images.GetAt(0)->GetImage().Bytes(), blob);
     EXPECT_EQ(images.GetAt(0)->GetIsUsingBlock(), 1);
-    ASSERT_EQ(serials.GetCount(), 3);
+    ASSERT_EQ(serials.GetCount(), 4);
     EXPECT_EQ(serials.GetAt(2)->GetValue(length), QStringLiteral("20"));
     EXPECT_EQ(serials.GetAt(1)->GetValue(note), tricky);
     EXPECT_EQ(serials.GetAt(1)->GetProductId(), productId);
+    CVorDPM_DPD_Serial* byKey = nullptr;
+    ASSERT_EQ(dpd->GetSerial(key, byKey), VOR::eOk);
+    for (const auto& [id, value] : values) EXPECT_EQ(byKey->GetValue(id), value) << id;
+    EXPECT_EQ(byKey->GetValue(4), QString());
+    EXPECT_EQ(byKey->GetValue(23), QString());  // a prefix of another id is not that id
+    CVorDPM_DPD_Serial* byId = nullptr;
+    ASSERT_EQ(dpd->GetSerial(byKey->GetObjectId(), byId), VOR::eOk);
+    EXPECT_EQ(byId, byKey);
+    CVorDPM_DPD_Property* property = nullptr;
+    ASSERT_EQ(dpd->GetProperty(length, property), VOR::eOk);
+    EXPECT_EQ(property->GetUnit(), QStringLiteral("mm"));
+    EXPECT_EQ(property->GetSerialCheck(), 1);
+    ASSERT_EQ(dpd->GetShape(shapeId, shape), VOR::eOk);
+    EXPECT_EQ(shape->GetParamType(QStringLiteral("l")), 1);
+    EXPECT_EQ(shape->GetParamIndex(QStringLiteral("l")), 7);
+    EXPECT_EQ(shape->GetParamIndex(QStringLiteral("d")), 0);
+    EXPECT_EQ(shape->GetParamType(QStringLiteral("nope")), -1);
+    ASSERT_EQ(dpd->GetDps(shape->GetDPSId(), script), VOR::eOk);
+    EXPECT_EQ(script->GetContent().Bytes(), QByteArray("circle(0, 0, d / 2)"));
     ASSERT_EQ(versions.GetCount(), 1);
     EXPECT_EQ(versions.GetAt(0)->GetVersion(), 1.5);
     EXPECT_EQ(versions.GetAt(0)->GetAuthor(), QStringLiteral("张三"));
@@ -199,7 +248,7 @@ TEST_P(StorageRootTest, SavedRowsComeBackWithTheirIdsValuesAndBlobs) {
     Reopen();
     serials.RemoveAll();
     Definition(QStringLiteral("Bolt"))->GetAllSerial(serials);
-    ASSERT_EQ(serials.GetCount(), 2);
+    ASSERT_EQ(serials.GetCount(), 3);
     EXPECT_EQ(serials.GetAt(0)->GetValue(note), tricky);
     EXPECT_EQ(serials.GetAt(1)->GetValue(length), QStringLiteral("99"));
 }
@@ -228,19 +277,19 @@ TEST_P(StorageRootTest, ARemovedDefinitionCanBeRestoredFromTheTrash) {
 }
 
 TEST_P(StorageRootTest, ASaveOverAnotherProcesssChangeWritesNothingAndKeepsTheEdits) {
+    const char* const changed = ": 自加载以来已被其他用户修改";
+    const char* const gone = ": 自加载以来已被其他用户删除或重命名";
     struct Case {
         QStringList child;
         const char* conflict;
-        QString productAfter;  // of Shared, as stored after both saves; empty: gone
+        QStringList productsAfter;  // of Shared, as stored after both saves
     };
     const Case cases[] = {
-        {{"product-name", "QXMaterial", "Shared", "child"},
-         ": 自加载以来已被其他用户修改",
-         QStringLiteral("child")},
-        {{"remove-dpd", "QXMaterial", "Shared"}, ": 自加载以来已被其他用户删除或重命名", {}},
-        {{"rename-dpd", "QXMaterial", "Shared", "Moved"},
-         ": 自加载以来已被其他用户删除或重命名",
-         {}},
+        {{"product-name", "QXMaterial", "Shared", "child"}, changed, {"child"}},
+        {{"delete-product", "QXMaterial", "Shared"}, changed, {}},
+        {{"add-product", "QXMaterial", "Shared", "c"}, changed, {"p1", "c"}},
+        {{"remove-dpd", "QXMaterial", "Shared"}, gone, {}},
+        {{"rename-dpd", "QXMaterial", "Shared", "Moved"}, gone, {}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.child.join(QLatin1Char(' ')).toStdString());
@@ -263,6 +312,7 @@ TEST_P(StorageRootTest, ASaveOverAnotherProcesssChangeWritesNothingAndKeepsTheEd
         ASSERT_EQ(RunWriter(RootPath(), c.child), QStringLiteral("ok"));
         products.GetAt(0)->SetName(QStringLiteral("parent"));
         products.GetAt(1)->SetName(QStringLiteral("parent too"));
+        AddProduct(shared, QStringLiteral("p"));
         EXPECT_EQ(Manager()->SaveWork(), 0);
         EXPECT_EQ(CVorDPMManager::GetLastErrorText(),
                   PathOf(QStringLiteral("Shared")) + QString::fromUtf8(c.conflict));
@@ -270,16 +320,12 @@ TEST_P(StorageRootTest, ASaveOverAnotherProcesssChangeWritesNothingAndKeepsTheEd
         EXPECT_EQ(products.GetAt(0)->GetName(), QStringLiteral("parent"));
         EXPECT_EQ(Manager()->SaveWork(), 0);
 
+        // Nothing of this process reached Shared. A folder root writes each file on its own; a
+        // server root writes all or nothing.
         Reopen();
-        CVorDPMDPD* stored = Definition(QStringLiteral("Shared"));
-        CKZList<CVorDPM_DPD_Product*> after;
-        if (stored) stored->GetAllProduct(after);
-        EXPECT_EQ(after.IsEmpty() ? QString() : after.GetAt(0)->GetName(), c.productAfter);
-        // A folder root writes each file on its own; a server root writes all or nothing.
-        after.RemoveAll();
-        Definition(QStringLiteral("Other"))->GetAllProduct(after);
-        EXPECT_EQ(after.GetAt(0)->GetName(),
-                  GetParam() == Root::Folder ? QStringLiteral("parent too") : QStringLiteral("p1"));
+        EXPECT_EQ(ProductNames(Definition(QStringLiteral("Shared"))), c.productsAfter);
+        EXPECT_EQ(ProductNames(Definition(QStringLiteral("Other"))),
+                  QStringList{GetParam() == Root::Folder ? "parent too" : "p1"});
     }
 }
 
@@ -310,4 +356,36 @@ TEST_P(StorageRootTest, TenWritersOfOneLibraryNeitherBlockNorLoseASave) {
         ASSERT_EQ(products.GetCount(), 1) << i;
         EXPECT_EQ(products.GetAt(0)->GetName(), QString::number(kSaves)) << i;
     }
+}
+
+TEST_P(StorageRootTest, CopiedAndRenamedLibrariesKeepTheirRows) {
+    AddProduct(MakeDefinition(MakeLibrary(kLibrary), QStringLiteral("Bolt")), QStringLiteral("M8"));
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    EXPECT_EQ(Manager()->CopyLibrary(kLibrary, QStringLiteral("Copy")), VOR::eOk)
+        << CVorDPMManager::GetLastErrorText().toStdString();
+    EXPECT_EQ(Manager()->CopyLibrary(kLibrary, QStringLiteral("copy")), VOR::eNameExists);
+    EXPECT_EQ(Manager()->RenameLibrary(kLibrary, QStringLiteral("Old")), VOR::eOk);
+    Reopen();
+    QStringList libraries;
+    Manager()->GetAllLibraryName(libraries);
+    EXPECT_EQ(libraries, (QStringList{QStringLiteral("Copy"), QStringLiteral("Old")}));
+    for (const QString& library : libraries)
+        EXPECT_EQ(ProductNames(Definition(QStringLiteral("Bolt"), library)), QStringList{"M8"});
+}
+
+// The tool reads either kind of root; a container on the server is no SQLite file, so the check
+// finds only the definition's own fault (a product without a naming rule).
+TEST_P(StorageRootTest, TheToolShowsAndChecksTheRoot) {
+    AddProduct(MakeDefinition(MakeLibrary(kLibrary), QStringLiteral("Bolt")), QStringLiteral("M8"));
+    ASSERT_EQ(Manager()->SaveWork(), 1);
+    const ToolRun shown = ToolRunner::Run({"show", "--root", RootPath(), kLibrary, "Bolt"});
+    EXPECT_EQ(shown.exitCode, 0) << shown.err.toStdString();
+    EXPECT_TRUE(shown.out.contains("[products]\nid\tName\tNameRule\tDescription\n1\tM8\t"))
+        << shown.out.toStdString();
+    const ToolRun checked = ToolRunner::Run({"check", "--root", RootPath()});
+    EXPECT_EQ(checked.exitCode, 1) << checked.err.toStdString();
+    EXPECT_TRUE(checked.out.startsWith("QXMaterial/Bolt.DPD:product#1: error: "))
+        << checked.out.toStdString();
+    EXPECT_TRUE(checked.out.endsWith(" 0 script runs: 1 errors, 0 warnings\n"))
+        << checked.out.toStdString();
 }

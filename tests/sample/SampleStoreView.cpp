@@ -9,6 +9,22 @@ QList<T*> ToList(const CKZList<T*>& list) {
     return QList<T*>(list.begin(), list.end());
 }
 
+// The files of a library, by the names that `names` lists and `get` opens.
+template <class T>
+QList<T*> Files(const QString& library, int (CVorDPMLibraryManager::*names)(QStringList&) const,
+                VOR::ErrorStatus (CVorDPMLibraryManager::*get)(const QString&, T*&)) {
+    QList<T*> files;
+    CVorDPMLibraryManager* owner = SampleStoreView::Library(library);
+    QStringList all;
+    if (owner) (owner->*names)(all);
+    for (const QString& name : all) {
+        T* file = nullptr;
+        (owner->*get)(name, file);
+        if (file) files.append(file);
+    }
+    return files;
+}
+
 }  // namespace
 
 CVorDPMLibraryManager* SampleStoreView::Library(const QString& name) {
@@ -18,17 +34,7 @@ CVorDPMLibraryManager* SampleStoreView::Library(const QString& name) {
 }
 
 QList<CVorDPMDPD*> SampleStoreView::Definitions(const QString& library) {
-    QList<CVorDPMDPD*> definitions;
-    CVorDPMLibraryManager* owner = Library(library);
-    if (!owner) return definitions;
-    QStringList names;
-    owner->GetAllDPDName(names);
-    for (const QString& name : names) {
-        CVorDPMDPD* definition = nullptr;
-        owner->GetDPD(name, definition);
-        if (definition) definitions.append(definition);
-    }
-    return definitions;
+    return Files(library, &CVorDPMLibraryManager::GetAllDPDName, &CVorDPMLibraryManager::GetDPD);
 }
 
 QList<CVorDPMDPD*> SampleStoreView::AllDefinitions() {
@@ -38,17 +44,7 @@ QList<CVorDPMDPD*> SampleStoreView::AllDefinitions() {
 }
 
 QList<CVorDPMDPC*> SampleStoreView::Catalogs(const QString& library) {
-    QList<CVorDPMDPC*> catalogs;
-    CVorDPMLibraryManager* owner = Library(library);
-    if (!owner) return catalogs;
-    QStringList names;
-    owner->GetAllDPCName(names);
-    for (const QString& name : names) {
-        CVorDPMDPC* catalog = nullptr;
-        owner->GetDPC(name, catalog);
-        if (catalog) catalogs.append(catalog);
-    }
-    return catalogs;
+    return Files(library, &CVorDPMLibraryManager::GetAllDPCName, &CVorDPMLibraryManager::GetDPC);
 }
 
 CVorDPMDPD* SampleStoreView::Definition(const QString& name) {

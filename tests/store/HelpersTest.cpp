@@ -24,11 +24,9 @@ TEST(VorFunctions, ParseStringSplitsAtTheWholeDelimiterAndSkipsEmptyParts) {
     }
 }
 
-TEST(VorFunctions, GuidsTypeNamesAndTextConversion) {
+TEST(VorFunctions, GuidsAndTextConversion) {
     EXPECT_NE(VOR::CreateGuid(), VOR::CreateGuid());
     EXPECT_EQ(VOR::CreateGuid().size(), 38);
-    EXPECT_EQ(VOR::TranslateType(emVorDPM_VALUETYPE_INT), QStringLiteral("整型"));
-    EXPECT_EQ(VOR::TranslateType(emVorDPM_VALUETYPE_STRING), QStringLiteral("字符串"));
     const QString script = QStringLiteral("text(0, 0, \"螺栓\")\n");
     char* bytes = nullptr;
     int length = 0;

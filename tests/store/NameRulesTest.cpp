@@ -136,18 +136,3 @@ TEST_F(BadNameTest, TheLongestNameCanBeSavedAndCopied) {
     EXPECT_EQ(library->CopyDPD(kLongest, other), VOR::eOk);
     EXPECT_EQ(Manager()->CopyLibrary(kLongest, other), VOR::eOk);
 }
-
-TEST_F(BadNameTest, ExistingNamesAreRefusedWithoutRegardToCase) {
-    CVorDPMLibraryManager* library = MakeLibrary();
-    CVorDPMDPC* catalog = nullptr;
-    ASSERT_EQ(library->CreateDPC(QStringLiteral("Pipes"), catalog), VOR::eOk);
-    EXPECT_EQ(library->CreateDPC(QStringLiteral("PIPES"), catalog), VOR::eNameExists);
-    CVorDPMLibraryManager* other = nullptr;
-    EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("qxmaterial"), other), VOR::eNameExists);
-    EXPECT_EQ(Manager()->CreateLibrary(QStringLiteral("templates"), other), VOR::eNameExists);
-    // A rename that only changes the letter case is allowed.
-    EXPECT_EQ(library->RenameDPC(QStringLiteral("Pipes"), QStringLiteral("PIPES")), VOR::eOk);
-    QStringList names;
-    library->GetAllDPCName(names);
-    EXPECT_EQ(names, QStringList{QStringLiteral("PIPES")});
-}

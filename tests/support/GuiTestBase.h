@@ -61,6 +61,24 @@ public:
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, center);
     }
 
+    // Clicks a tree's node as a user does, its branch opened and scrolled into view first.
+    static void ClickNode(QTreeWidget* tree, QTreeWidgetItem* node) {
+        for (QTreeWidgetItem* parent = node->parent(); parent; parent = parent->parent())
+            parent->setExpanded(true);
+        tree->scrollToItem(node);
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualItemRect(node).center());
+    }
+
+    // The shown texts of one column of a view, top to bottom.
+    static QStringList ColumnTexts(const QAbstractItemView* view, int column = 0) {
+        QStringList texts;
+        const QAbstractItemModel* model = view->model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            texts << model->index(row, column).data().toString();
+        return texts;
+    }
+
     // The texts of a tree's top-level nodes, and of a node's children (none for no node).
     static QStringList TopTexts(const QTreeWidget& tree) {
         QStringList texts;

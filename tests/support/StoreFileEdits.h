@@ -23,6 +23,12 @@ inline QByteArray ReadAll(const QString& path) {
     return file.readAll();
 }
 
+// The entries of `folder` itself, hidden ones included, in code-unit order of their names.
+inline QStringList Entries(const QString& folder) {
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                                  QDir::Name);
+}
+
 // Every entry under `folder` (links not followed): its path relative to the folder and, for a
 // file, a digest of its contents; sorted. Equal snapshots, equal trees.
 inline QStringList Snapshot(const QString& folder) {

@@ -101,6 +101,39 @@ protected:
         }
     }
 
+    // Something in every table of a definition or template: a property, a product with three
+    // series rows (the second deleted, so ids have a gap), a picture, a script and a version.
+    static void FillDefinition(CVorDPMDPDBase* dpd) {
+        const int d = AddProperty(dpd, QStringLiteral("d"))->GetObjectId();
+        const CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("螺栓"));
+        auto* picture = new CVorDPM_DPD_Image;
+        picture->SetName(QStringLiteral("front"));
+        picture->SetImage(CBinaryData(QByteArray("\x89PNG\0\1\2", 7)));
+        EXPECT_EQ(dpd->AddImage(picture), VOR::eOk);
+        auto* script = new CVorDPM_DPD_Dps;
+        script->SetName(QStringLiteral("shape"));
+        script->SetContent(CBinaryData(QByteArray("draw()")));
+        EXPECT_EQ(dpd->AddDps(script), VOR::eOk);
+        for (const char* size : {"M10", "M12", "M16"})
+            AddSerial(dpd, product)->SetValue(QString::fromLatin1(size), d);
+        CKZList<CVorDPM_DPD_Serial*> rows;
+        dpd->GetAllSerial(rows);
+        rows.GetAt(1)->SetDeleted(1);
+        auto* version = new CVorDPM_Version;
+        version->SetVersion(1.5);
+        version->SetAuthor(QStringLiteral("keeper"));
+        EXPECT_EQ(dpd->AddVersion(version), VOR::eOk);
+    }
+
+    // The names of the definition's live products; none for no definition.
+    static QStringList ProductNames(CVorDPMDPDBase* dpd) {
+        CKZList<CVorDPM_DPD_Product*> products;
+        if (dpd) dpd->GetAllProduct(products);
+        QStringList names;
+        for (const CVorDPM_DPD_Product* product : products) names.append(product->GetName());
+        return names;
+    }
+
     // Drops everything loaded, so that the next lookups read the files again.
     static void Reopen() { Manager()->DiscardChanges(); }
 

@@ -20,9 +20,7 @@ struct ChooserTest : GuiTestBase {
 
     void ClickInDropDown(QTreeWidgetItem* node) {
         chooser.ShowDropDown();
-        CVorDPMTreeCtrlEx* tree = chooser.GetTreeCtrl();
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
-                          tree->visualItemRect(node).center());
+        ClickNode(chooser.GetTreeCtrl(), node);
     }
 
     CVorDPMTreeComboBox chooser;

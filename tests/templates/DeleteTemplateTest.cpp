@@ -30,7 +30,6 @@ struct DeleteTemplateTest : TemplateTest {
 };
 
 TEST_F(DeleteTemplateTest, ListsThePlatformsTemplatesThenEachLibrarysWithCheckBoxes) {
-    EXPECT_EQ(dialog->windowTitle(), QStringLiteral("删除模板"));
     EXPECT_EQ(Outline(*tree), QStringList({"平台模板[P1,P2]", "QXMaterial[M1,M2]", "QXMEP[]"}));
     EXPECT_TRUE(tree->HasCheckBoxes());
 }

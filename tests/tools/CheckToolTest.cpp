@@ -4,8 +4,8 @@
 #include <QJsonObject>
 #include <QRegularExpression>
 
-#include "ToolRunner.h"
 #include "support/StoreFileEdits.h"
+#include "support/ToolRunner.h"
 
 namespace {
 

@@ -5,15 +5,13 @@
 #include "CVorDPMShelf.h"
 #include "CVorDPMStorage.h"
 #include "CVorDPMTemplateManager.h"
-#include "CVorDPM_DPD_Dps.h"
-#include "CVorDPM_DPD_Image.h"
 #include "CVorDPM_DPOUNIT_Unit.h"
-#include "ToolRunner.h"
 #include "VorDPMContainers.h"
 #include "VorDPMFileKinds.h"
 #include "support/RootComparison.h"
 #include "support/StoreFileEdits.h"
 #include "support/StoreTestBase.h"
+#include "support/ToolRunner.h"
 
 using namespace VorDPMFileKinds;
 
@@ -40,28 +38,6 @@ protected:
         unit->SetConversion(0.001);
         ASSERT_EQ(Manager()->GetCommonManager()->GetUnitDPO()->AddUnit(unit), VOR::eOk);
         SaveAndReopen();
-    }
-
-    static void FillDefinition(CVorDPMDPDBase* dpd) {
-        const int d = AddProperty(dpd, QStringLiteral("d"))->GetObjectId();
-        const CVorDPM_DPD_Product* product = AddProduct(dpd, QStringLiteral("螺栓"));
-        auto* picture = new CVorDPM_DPD_Image;
-        picture->SetName(QStringLiteral("front"));
-        picture->SetImage(CBinaryData(QByteArray("\x89PNG\0\1\2", 7)));
-        EXPECT_EQ(dpd->AddImage(picture), VOR::eOk);
-        auto* script = new CVorDPM_DPD_Dps;
-        script->SetName(QStringLiteral("shape"));
-        script->SetContent(CBinaryData(QByteArray("draw()")));
-        EXPECT_EQ(dpd->AddDps(script), VOR::eOk);
-        for (const char* size : {"M10", "M12", "M16"})
-            AddSerial(dpd, product)->SetValue(QString::fromLatin1(size), d);
-        CKZList<CVorDPM_DPD_Serial*> rows;
-        dpd->GetAllSerial(rows);
-        rows.GetAt(1)->SetDeleted(1);
-        auto* version = new CVorDPM_Version;
-        version->SetVersion(1.5);
-        version->SetAuthor(QStringLiteral("keeper"));
-        EXPECT_EQ(dpd->AddVersion(version), VOR::eOk);
     }
 
     // Writes a container into the root at `path` behind the store's managers; `fill` puts rows
@@ -104,14 +80,6 @@ TEST_F(CopyRootToolTest, CopiesEveryContainerWithIdsBlobsAndVersions) {
         EXPECT_EQ(RootComparison::Differences(source, target), QStringList())
             << source.toStdString();
     }
-    // The comparison itself sees a changed value, a renumbered row and a missing template.
-    const QString copy = root.Path() + QStringLiteral("-copy");
-    Exec(copy + QStringLiteral("/QXMaterial/HexBolt.DPD"),
-         "UPDATE serial SET vals = replace(vals, 'M16', 'M20')");
-    Exec(copy + QStringLiteral("/QXMEP/Pipe.DPD"), "UPDATE property SET id = 7");
-    QFile::remove(copy + QStringLiteral("/templates/Flange.DPT"));
-    EXPECT_EQ(RootComparison::Differences(root.Path(), copy).size(), 3)
-        << RootComparison::Differences(root.Path(), copy).join('\n').toStdString();
 }
 
 TEST_F(CopyRootToolTest, RefusesATargetHoldingDataUnlessMerging) {
@@ -163,13 +131,6 @@ TEST_F(CopyRootToolTest, MergeAddsWhatTheTargetLacksAndKeepsWhatItHas) {
     EXPECT_TRUE(run.out.contains(QStringLiteral("2 left as the target has them")))
         << run.out.toStdString();
     EXPECT_EQ(ReadAll(kept), theirs);
-    // Only what the target had differs; everything it lacked is there.
-    const QStringList differences = RootComparison::Differences(root.Path(), m_target);
-    EXPECT_FALSE(differences.isEmpty());
-    for (const QString& difference : differences)
-        EXPECT_TRUE(difference.contains(QStringLiteral("QXMaterial/HexBolt.DPD")) ||
-                    difference.contains(QStringLiteral("QXMaterial/library.DPI")))
-            << difference.toStdString();
 
     // A second merge finds nothing left to add.
     const ToolRun again = Copy(root.Path(), m_target, true);
@@ -190,8 +151,6 @@ TEST_F(CopyRootToolTest, ReportsAnUnreadableContainerAndCopiesTheRest) {
     EXPECT_TRUE(lines[1].startsWith(QStringLiteral("vordpm: 1 not copied from ")))
         << lines[1].toStdString();
     EXPECT_TRUE(run.out.contains(QStringLiteral("1 not copied"))) << run.out.toStdString();
-    EXPECT_EQ(RootComparison::ContainerCount(m_target),
-              RootComparison::ContainerCount(root.Path()) - 1);
     EXPECT_EQ(RootComparison::Differences(root.Path(), m_target),
               QStringList{root.Path() + "/QXMEP/*.DPD: Pipe against "});
 }

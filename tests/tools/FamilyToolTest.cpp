@@ -4,8 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "ToolRunner.h"
 #include "support/StoreFileEdits.h"
+#include "support/ToolRunner.h"
 
 // "vordpm export" and "vordpm import" end to end on a sample root the tool creates.
 class FamilyToolTest : public SampleRootToolTest {

@@ -1,7 +1,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "ToolRunner.h"
+#include "support/ToolRunner.h"
 
 // The tool end to end on the sample root it creates itself.
 TEST_F(SampleRootToolTest, CreatesASampleThatEveryCommandReads) {

@@ -1,8 +1,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "ToolRunner.h"
 #include "support/StoreTestBase.h"
+#include "support/ToolRunner.h"
 
 // `show --json` is written piece by piece; its text must be what QJsonDocument writes for the
 // same object, byte for byte, whatever the keys and values hold.

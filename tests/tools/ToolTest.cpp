@@ -3,9 +3,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "ToolRunner.h"
 #include "query/QueryFixture.h"
 #include "support/StoreFileEdits.h"
+#include "support/ToolRunner.h"
 
 // A small root made through the store: one library with a catalog of three levels, an empty
 // catalog, a bolt definition with two series rows and an unreadable definition file.
