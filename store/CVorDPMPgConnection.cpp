@@ -28,8 +28,7 @@ bool CVorDPMPgConnection::Ensure() {
     return false;
 }
 
-PgResult CVorDPMPgConnection::Exec(const char* sql, const std::vector<PgParam>& params,
-                                   bool binaryResult) {
+PgResult CVorDPMPgConnection::Exec(const char* sql, const std::vector<PgParam>& params) {
     if (!Ensure()) return nullptr;
     std::vector<const char*> values;
     std::vector<int> lengths;
@@ -40,8 +39,7 @@ PgResult CVorDPMPgConnection::Exec(const char* sql, const std::vector<PgParam>& 
         formats.push_back(param.binary ? 1 : 0);
     }
     PgResult result(PQexecParams(m_conn, sql, static_cast<int>(params.size()), nullptr,
-                                 values.data(), lengths.data(), formats.data(),
-                                 binaryResult ? 1 : 0));
+                                 values.data(), lengths.data(), formats.data(), 0));
     const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
     if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK) return result;
     Fail(result.get());
@@ -119,10 +117,6 @@ namespace PgBinary {
 
 qint32 ReadInt4(const char* bytes) {
     return qFromBigEndian<qint32>(bytes);
-}
-
-qint64 ReadInt8(const char* bytes) {
-    return qFromBigEndian<qint64>(bytes);
 }
 
 namespace {

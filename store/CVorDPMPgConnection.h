@@ -44,10 +44,8 @@ public:
 
     // Connects when there is no live connection; false with Error() set.
     bool Ensure();
-    // Runs one statement; null with Error() and SqlState() set when it failed. `binaryResult`
-    // asks for the columns in binary form.
-    PgResult Exec(const char* sql, const std::vector<PgParam>& params = {},
-                  bool binaryResult = false);
+    // Runs one statement; null with Error() and SqlState() set when it failed.
+    PgResult Exec(const char* sql, const std::vector<PgParam>& params = {});
     // Runs a statement that returns no rows; false on failure.
     bool Run(const char* sql, const std::vector<PgParam>& params = {});
     // Runs `sql`, a COPY ... TO STDOUT, and hands each message of its data to `message` as it
@@ -86,7 +84,6 @@ private:
 // Binary forms of values for parameters and results (network byte order).
 namespace PgBinary {
 qint32 ReadInt4(const char* bytes);
-qint64 ReadInt8(const char* bytes);
 // A one-dimensional array of int4 (`oid` 23) or bytea (17) elements.
 QByteArray Int4Array(const std::vector<qint32>& values);
 QByteArray ByteaArray(const std::vector<QByteArray>& values);
